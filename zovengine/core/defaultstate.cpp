@@ -1,0 +1,20 @@
+#include "core/defaultstate.h"
+
+#include "core/stateforward.h"
+#include "game/gamecontroller.h"
+#include "jsonunserializer.h"
+#include "ui/button.h"
+
+void DefaultState::Enter() {
+  ZOVEngine::JsonDocument document;
+  document.Open(ZOVEngine::g_current_level_path);
+  document.Parse();
+  ZOVEngine::ReadValue(document.Root(), "TileMap", &m_tileMapPath);
+  ZOVEngine::ReadValue(document.Root(), "Objects", &m_objectsPath);
+  ZOVEngine::g_game_obj_factory->LoadObjects(m_objectsPath);
+}
+
+void DefaultState::SendMessage(ZOVEngine::Message* message) {
+  ZOVEngine::ForwardTo<ZOVEngine::GameController>(message);
+  ZOVEngine::ForwardTo<ZOVEngine::Button>(message);
+}

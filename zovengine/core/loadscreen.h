@@ -1,0 +1,11 @@
+#pragma once
+
+#include <string>
+
+namespace ZOVEngine {
+
+/// Reads a menu-like level file: loads the object file under "Objects" and makes "Background" the
+/// background texture. A missing key prints its line and counts as empty.
+void LoadScreen(const std::string& path);
+
+}  // namespace ZOVEngine

@@ -1,0 +1,5 @@
+#include "core/winmain.h"
+
+int main() {
+  return ZOVEngine::WinMain();
+}

@@ -1,0 +1,7 @@
+#include "core/system.h"
+
+namespace ZOVEngine {
+
+void System::PausedUpdate(float) {}
+
+}  // namespace ZOVEngine

@@ -1,0 +1,62 @@
+#include "core/winmain.h"
+
+#include <iostream>
+#include <memory>
+
+#include "audio/audiosystem.h"
+#include "core/logicsystem.h"
+#include "objects/gameobjfactory.h"
+#include "physics/collidersystem.h"
+#include "physicssystem.h"
+#include "platform/inputsystem.h"
+#include "platform/native.h"
+#include "platform/windowsystem.h"
+#include "render/gldevice.h"
+#include "render/rendersystem.h"
+
+namespace ZOVEngine {
+
+void CreateEngine() {
+  g_engine = new Engine;
+  // One by one: a constructor may rely on the systems before it.
+  g_engine->systems.push_back(new GameObjFactory);
+  g_engine->systems.push_back(new WindowSystem);
+  g_engine->systems.push_back(new InputSystem);
+  g_engine->systems.push_back(new LogicSystem);
+  g_engine->systems.push_back(new PhysicsSystem);
+  g_engine->systems.push_back(new ColliderSystem);
+  g_engine->systems.push_back(new RenderSystem);
+  g_engine->systems.push_back(new AudioSystem);
+}
+
+void InitSystems() {
+  for (System* system : g_engine->systems) system->Init();
+}
+
+void DestroyEngine() {
+  for (System* system : g_engine->systems) delete system;
+  delete g_engine;
+  g_engine = nullptr;
+}
+
+void BeginStep() {
+  g_physics_system->UpdateWorldTransforms();
+}
+
+int WinMain() {
+  const std::unique_ptr<Native> native = MakeSdlNative();
+  const std::unique_ptr<GLDevice> device = MakeGLDevice(
+      [] { g_native->SwapBuffers(); }, [](int interval) { g_native->SetSwapInterval(interval); });
+  g_native = native.get();
+  g_gl_device = device.get();
+  CreateEngine();
+  InitSystems();
+  MainLoop(*g_engine, NowNanoseconds, BeginStep);
+  DestroyEngine();
+  g_gl_device = nullptr;
+  g_native = nullptr;
+  std::cout << "Program Ending" << std::endl;
+  return 0;
+}
+
+}  // namespace ZOVEngine

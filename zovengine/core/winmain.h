@@ -1,0 +1,24 @@
+#pragma once
+
+#include "core/engine.h"
+
+namespace ZOVEngine {
+
+/// Builds g_engine and its eight systems, in their order, each with its constructor's side effects.
+/// The seams g_native and g_gl_device must be set and must outlive the systems.
+void CreateEngine();
+
+/// Calls Init of every system in order; the first state is entered on the way.
+void InitSystems();
+
+/// Deletes the systems in order, the factory and with it all objects first, then the engine.
+void DestroyEngine();
+
+/// The head of every fixed step: derives the world transforms.
+void BeginStep();
+
+/// The whole run of the program on the real window, GL context and clock. Returns the exit code
+/// when the teardown is done.
+int WinMain();
+
+}  // namespace ZOVEngine

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "objects/logiccomponent.h"
+
+namespace ZOVEngine {
+
+/// A field that kills what touches it.
+///
+/// Known to the files, the tables and the passes by its name; it has no fields and no behaviour
+/// yet.
+class DeathField final : public EmptyLogicComponent {
+  RTTR_ENABLE(EmptyLogicComponent)
+
+ public:
+  using EmptyLogicComponent::EmptyLogicComponent;
+};
+
+}  // namespace ZOVEngine

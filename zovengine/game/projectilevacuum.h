@@ -1,0 +1,18 @@
+#pragma once
+
+#include "objects/logiccomponent.h"
+
+namespace ZOVEngine {
+
+/// A shot that sucks bodies in.
+///
+/// Known to the files, the tables and the passes by its name; it has no fields and no behaviour
+/// yet.
+class ProjectileVacuum final : public EmptyLogicComponent {
+  RTTR_ENABLE(EmptyLogicComponent)
+
+ public:
+  using EmptyLogicComponent::EmptyLogicComponent;
+};
+
+}  // namespace ZOVEngine

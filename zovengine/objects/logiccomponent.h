@@ -1,0 +1,50 @@
+#pragma once
+
+#include "objects/gamecomponentbase.h"
+
+namespace ZOVEngine {
+
+struct Message;
+struct ContactInfo;
+
+/// A component with behaviour of its own, stepped by the logic system.
+///
+/// Nobody calls Init from outside: the first lines of every Update do it when `m_init` is false,
+/// and Init begins by setting `m_init`. The logic system does not look at `m_active`; each Update
+/// decides for itself what an inactive component does.
+class LogicComponent : public GameComponentBase {
+  RTTR_ENABLE(GameComponentBase)
+
+ public:
+  using GameComponentBase::GameComponentBase;
+
+  virtual void Init() = 0;
+  /// One step (unit: seconds).
+  virtual void Update(float dt) = 0;
+  /// Kept as part of the contract; destroying an object runs the destructors only.
+  virtual void Destroy() = 0;
+  virtual void OnMessage(Message* message) = 0;
+  /// A contact began, lasts, or ended. The contact is valid during the call.
+  virtual void OnCollisionEnter(ContactInfo*) {}
+  virtual void OnCollisionStay(ContactInfo*) {}
+  virtual void OnCollisionExit(ContactInfo*) {}
+
+  bool m_init = false;
+};
+
+/// A logic component with every slot empty: it takes its place in the order of tables and in files.
+class EmptyLogicComponent : public LogicComponent {
+  RTTR_ENABLE(LogicComponent)
+
+ public:
+  using LogicComponent::LogicComponent;
+
+  void Unserialize(const Value&) override {}
+  void Serialize(Writer&) override {}
+  void Init() override { m_init = true; }
+  void Update(float) override {}
+  void Destroy() override {}
+  void OnMessage(Message*) override {}
+};
+
+}  // namespace ZOVEngine

@@ -1,0 +1,20 @@
+#include "objects/playercreator.h"
+
+#include "physics/collider.h"
+#include "physics/rigidbody.h"
+#include "physics/transform.h"
+#include "render/render.h"
+
+namespace ZOVEngine {
+
+GameObj* PlayerCreator::Create(std::uint32_t id) {
+  auto object = std::make_unique<GameObj>();
+  object->id = id;
+  object->AddComponent<Transform>();
+  g_game_obj_factory->Table(&typeid(BoxCollider)).Add(object.get());
+  object->AddComponent<RigidBody>();
+  object->AddComponent<Render>();
+  return object.release();
+}
+
+}  // namespace ZOVEngine
