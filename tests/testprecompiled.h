@@ -1,0 +1,6 @@
+#pragma once
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "../cmake/precompiled.h"
