@@ -1,9 +1,7 @@
 #include "core/defaultstate.h"
 
-#include "core/stateforward.h"
-#include "game/gamecontroller.h"
 #include "jsonunserializer.h"
-#include "ui/button.h"
+#include "objects/gameobjfactory.h"
 
 void DefaultState::Enter() {
   ZOVEngine::JsonDocument document;
@@ -12,9 +10,4 @@ void DefaultState::Enter() {
   ZOVEngine::ReadValue(document.Root(), "TileMap", &m_tileMapPath);
   ZOVEngine::ReadValue(document.Root(), "Objects", &m_objectsPath);
   ZOVEngine::g_game_obj_factory->LoadObjects(m_objectsPath);
-}
-
-void DefaultState::SendMessage(ZOVEngine::Message* message) {
-  ZOVEngine::ForwardTo<ZOVEngine::GameController>(message);
-  ZOVEngine::ForwardTo<ZOVEngine::Button>(message);
 }

@@ -4,7 +4,10 @@
 #include <unordered_map>
 #include <vector>
 
+#include "core/stateforward.h"
 #include "core/statemachine.h"
+#include "game/gamecontroller.h"
+#include "ui/button.h"
 
 /// A level: loads the object file of the level at the global current-level path.
 ///
@@ -15,7 +18,7 @@ class DefaultState final : public ZOVEngine::State {
   void Enter() override;
   void Update(float) override {}
   void Exit() override {}
-  void SendMessage(ZOVEngine::Message* message) override;
+  void SendMessage(ZOVEngine::Message* message) override { m_receivers.Send(message); }
 
   std::string m_tileMapPath;
   std::string m_objectsPath;
@@ -26,4 +29,7 @@ class DefaultState final : public ZOVEngine::State {
     std::vector<std::vector<int>> m_grid;
     std::unordered_map<int, std::string> m_names;
   } m_tiles;
+
+ private:
+  ZOVEngine::Forwarder<ZOVEngine::GameController, ZOVEngine::Button> m_receivers;
 };

@@ -2,7 +2,10 @@
 
 #include <string>
 
+#include "core/stateforward.h"
 #include "core/statemachine.h"
+#include "ui/button.h"
+#include "ui/mainmenucontroller.h"
 
 /// The main menu. Broadcasts go to every MainMenuController, then to every Button.
 class MainMenuState final : public ZOVEngine::State {
@@ -10,7 +13,10 @@ class MainMenuState final : public ZOVEngine::State {
   void Enter() override;
   void Update(float) override {}
   void Exit() override {}
-  void SendMessage(ZOVEngine::Message* message) override;
+  void SendMessage(ZOVEngine::Message* message) override { m_receivers.Send(message); }
 
   std::string m_path;
+
+ private:
+  ZOVEngine::Forwarder<ZOVEngine::MainMenuController, ZOVEngine::Button> m_receivers;
 };

@@ -2,7 +2,9 @@
 
 #include <string>
 
+#include "core/stateforward.h"
 #include "core/statemachine.h"
+#include "ui/splashcontroller.h"
 
 /// The logo sequence at the start of the program. Broadcasts go to every SplashController.
 class SplashState final : public ZOVEngine::State {
@@ -10,7 +12,10 @@ class SplashState final : public ZOVEngine::State {
   void Enter() override;
   void Update(float) override {}
   void Exit() override {}
-  void SendMessage(ZOVEngine::Message* message) override;
+  void SendMessage(ZOVEngine::Message* message) override { m_receivers.Send(message); }
 
   std::string m_path;
+
+ private:
+  ZOVEngine::Forwarder<ZOVEngine::SplashController> m_receivers;
 };
