@@ -8,8 +8,8 @@
 #include "objects/reflection.h"
 
 RTTR_REGISTRATION {
-  rttr::registration::class_<ZOVEngine::PhysicsSystem>("ZOVEngine::PhysicsSystem")(
-      rttr::metadata("systemname", "PhysicsSystem"));
+  using ZOVEngine::PhysicsSystem;
+  ZOVEngine::SystemRegistration<PhysicsSystem>("PhysicsSystem");
 }
 
 namespace ZOVEngine {

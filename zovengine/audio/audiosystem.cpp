@@ -5,8 +5,8 @@
 #include "objects/reflection.h"
 
 RTTR_REGISTRATION {
-  rttr::registration::class_<ZOVEngine::AudioSystem>("ZOVEngine::AudioSystem")(
-      rttr::metadata("systemname", "AudioSystem"));
+  using ZOVEngine::AudioSystem;
+  ZOVEngine::SystemRegistration<AudioSystem>("AudioSystem");
 }
 
 namespace ZOVEngine {

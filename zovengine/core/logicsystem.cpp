@@ -10,8 +10,8 @@
 #include "objects/reflection.h"
 
 RTTR_REGISTRATION {
-  rttr::registration::class_<ZOVEngine::LogicSystem>("ZOVEngine::LogicSystem")(
-      rttr::metadata("systemname", "LogicSystem"));
+  using ZOVEngine::LogicSystem;
+  ZOVEngine::SystemRegistration<LogicSystem>("LogicSystem");
 }
 
 namespace ZOVEngine {

@@ -4,8 +4,6 @@
 
 RTTR_REGISTRATION {
   using ZOVEngine::GameComponentBase;
-  rttr::registration::class_<GameComponentBase>("ZOVEngine::GameComponentBase")(
-      rttr::metadata("isInspect", true), rttr::metadata("componentname", "GameComponentBase"))
-      .property("m_active",
-                &GameComponentBase::m_active)(ZOVEngine::FieldMetadata("bool", "Active"));
+  ZOVEngine::ComponentRegistration<GameComponentBase>("GameComponentBase")
+      .Field("m_active", &GameComponentBase::m_active, "bool", "Active");
 }

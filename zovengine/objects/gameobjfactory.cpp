@@ -10,8 +10,8 @@
 #include "objects/reflection.h"
 
 RTTR_REGISTRATION {
-  rttr::registration::class_<ZOVEngine::GameObjFactory>("ZOVEngine::GameObjFactory")(
-      rttr::metadata("systemname", "GameObjFactory"));
+  using ZOVEngine::GameObjFactory;
+  ZOVEngine::SystemRegistration<GameObjFactory>("GameObjFactory");
 }
 
 namespace ZOVEngine {

@@ -8,9 +8,8 @@
 
 RTTR_REGISTRATION {
   using ZOVEngine::ColliderHolder;
-  rttr::registration::class_<ColliderHolder>("ZOVEngine::ColliderHolder")(
-      rttr::metadata("isInspect", true), rttr::metadata("componentname", "ColliderHolder"))
-      .method("SetDebug", &ColliderHolder::SetDebug);
+  ZOVEngine::ComponentRegistration<ColliderHolder>("ColliderHolder")
+      .Method("SetDebug", &ColliderHolder::SetDebug);
 }
 
 namespace ZOVEngine {

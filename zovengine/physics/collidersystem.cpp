@@ -7,9 +7,8 @@
 
 RTTR_REGISTRATION {
   using ZOVEngine::ColliderSystem;
-  rttr::registration::class_<ColliderSystem>("ZOVEngine::ColliderSystem")(
-      rttr::metadata("systemname", "ColliderSystem"))
-      .method("SetDebug", &ColliderSystem::SetDebug);
+  ZOVEngine::SystemRegistration<ColliderSystem>("ColliderSystem")
+      .Method("SetDebug", &ColliderSystem::SetDebug);
 }
 
 namespace ZOVEngine {

@@ -3,16 +3,13 @@
 #include "objects/reflection.h"
 
 RTTR_REGISTRATION {
-  using ZOVEngine::FieldMetadata;
   using ZOVEngine::RigidBody;
-  rttr::registration::class_<RigidBody>("ZOVEngine::RigidBody")(
-      rttr::metadata("isInspect", true), rttr::metadata("componentname", "RigidBody"))
-      .property("m_mass", &RigidBody::m_mass)(FieldMetadata("float", "Mass", "float"))
-      .property("m_inertia", &RigidBody::m_inertia)(FieldMetadata("float", "Inertia", "float"))
-      .property("m_drag", &RigidBody::m_drag)(FieldMetadata("float", "Drag", "float"))
-      .property("m_angular_drag",
-                &RigidBody::m_angular_drag)(FieldMetadata("float", "Ang Drag", "float"))
-      .property("m_rest", &RigidBody::m_rest)(FieldMetadata("float", "Rest", "float"));
+  ZOVEngine::ComponentRegistration<RigidBody>("RigidBody")
+      .Field("m_mass", &RigidBody::m_mass, "float", "Mass", "float")
+      .Field("m_inertia", &RigidBody::m_inertia, "float", "Inertia", "float")
+      .Field("m_drag", &RigidBody::m_drag, "float", "Drag", "float")
+      .Field("m_angular_drag", &RigidBody::m_angular_drag, "float", "Ang Drag", "float")
+      .Field("m_rest", &RigidBody::m_rest, "float", "Rest", "float");
 }
 
 namespace ZOVEngine {

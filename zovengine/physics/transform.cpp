@@ -4,28 +4,22 @@
 #include "objects/reflection.h"
 
 RTTR_REGISTRATION {
-  using ZOVEngine::FieldMetadata;
   using ZOVEngine::Transform;
-  rttr::registration::class_<Transform>("ZOVEngine::Transform")(
-      rttr::metadata("isInspect", true), rttr::metadata("componentname", "Transform"))
-      .property("m_local_pos", &Transform::m_local_pos)(FieldMetadata("Vector3", "Local Position"))
-      .property("m_local_scale", &Transform::m_local_scale)(FieldMetadata("Vector3", "Local Scale"))
-      .property("m_local_rotate",
-                &Transform::m_local_rotate)(FieldMetadata("float", "Local Rotate"))
-      .property("m_prev_pos", &Transform::m_prev_pos)(FieldMetadata("Vector3", "Previous Positon"))
-      .property("m_prev_rotate",
-                &Transform::m_prev_rotate)(FieldMetadata("float", "Previous Rotate"))
-      .property("m_world_pos", &Transform::m_world_pos)(FieldMetadata("Vector3", "World Position"))
-      .property("m_world_scale", &Transform::m_world_scale)(FieldMetadata("Vector3", "World Scale"))
-      .property("m_world_rotate",
-                &Transform::m_world_rotate)(FieldMetadata("float", "World Rotate"))
-      .property("CanBeDragged", &Transform::CanBeDragged)(FieldMetadata("bool", "Can Be Dragged"))
-      .property("m_rotate_with_parent",
-                &Transform::m_rotate_with_parent)(FieldMetadata("bool", "Rotate with parent"))
-      .method("SetLocalPosition", &Transform::SetLocalPosition)
-      .method("GetRotate", &Transform::GetRotate)
-      .method("SetWorldPosition", &Transform::SetWorldPosition)
-      .method("RotateAround", &Transform::RotateAround);
+  ZOVEngine::ComponentRegistration<Transform>("Transform")
+      .Field("m_local_pos", &Transform::m_local_pos, "Vector3", "Local Position")
+      .Field("m_local_scale", &Transform::m_local_scale, "Vector3", "Local Scale")
+      .Field("m_local_rotate", &Transform::m_local_rotate, "float", "Local Rotate")
+      .Field("m_prev_pos", &Transform::m_prev_pos, "Vector3", "Previous Positon")
+      .Field("m_prev_rotate", &Transform::m_prev_rotate, "float", "Previous Rotate")
+      .Field("m_world_pos", &Transform::m_world_pos, "Vector3", "World Position")
+      .Field("m_world_scale", &Transform::m_world_scale, "Vector3", "World Scale")
+      .Field("m_world_rotate", &Transform::m_world_rotate, "float", "World Rotate")
+      .Field("CanBeDragged", &Transform::CanBeDragged, "bool", "Can Be Dragged")
+      .Field("m_rotate_with_parent", &Transform::m_rotate_with_parent, "bool", "Rotate with parent")
+      .Method("SetLocalPosition", &Transform::SetLocalPosition)
+      .Method("GetRotate", &Transform::GetRotate)
+      .Method("SetWorldPosition", &Transform::SetWorldPosition)
+      .Method("RotateAround", &Transform::RotateAround);
 }
 
 namespace ZOVEngine {

@@ -4,23 +4,16 @@
 
 RTTR_REGISTRATION {
   using ZOVEngine::Animation;
-  using ZOVEngine::FieldMetadata;
-  rttr::registration::class_<Animation>("ZOVEngine::Animation")(
-      rttr::metadata("isInspect", true), rttr::metadata("componentname", "Animation"))
-      .property("m_spawn_frames",
-                &Animation::m_spawn_frames)(FieldMetadata("unsigned", "Number of Frames (spawn)"))
-      .property("m_death_frames",
-                &Animation::m_death_frames)(FieldMetadata("unsigned", "Number of Frames (death)"))
-      .property("m_once_frames",
-                &Animation::m_once_frames)(FieldMetadata("unsigned", "Number of Frames(once)"))
-      .property("m_loop_frames",
-                &Animation::m_loop_frames)(FieldMetadata("unsigned", "Number of Frames(loop)"))
-      .property("m_spawn", &Animation::m_spawn)(FieldMetadata("std::string", "Spawn Texture"))
-      .property("m_death", &Animation::m_death)(FieldMetadata("std::string", "Death Texture"))
-      .property("m_once", &Animation::m_once)(FieldMetadata("std::string", "Once Texture"))
-      .property("m_loop", &Animation::m_loop)(FieldMetadata("std::string", "Loop Texture"))
-      .property("m_time_per_frame",
-                &Animation::m_time_per_frame)(FieldMetadata("float", "Time Per Frame"));
+  ZOVEngine::ComponentRegistration<Animation>("Animation")
+      .Field("m_spawn_frames", &Animation::m_spawn_frames, "unsigned", "Number of Frames (spawn)")
+      .Field("m_death_frames", &Animation::m_death_frames, "unsigned", "Number of Frames (death)")
+      .Field("m_once_frames", &Animation::m_once_frames, "unsigned", "Number of Frames(once)")
+      .Field("m_loop_frames", &Animation::m_loop_frames, "unsigned", "Number of Frames(loop)")
+      .Field("m_spawn", &Animation::m_spawn, "std::string", "Spawn Texture")
+      .Field("m_death", &Animation::m_death, "std::string", "Death Texture")
+      .Field("m_once", &Animation::m_once, "std::string", "Once Texture")
+      .Field("m_loop", &Animation::m_loop, "std::string", "Loop Texture")
+      .Field("m_time_per_frame", &Animation::m_time_per_frame, "float", "Time Per Frame");
 }
 
 namespace ZOVEngine {

@@ -4,7 +4,6 @@
 
 RTTR_REGISTRATION {
   using ZOVEngine::Font;
-  rttr::registration::class_<Font>("ZOVEngine::Font")(rttr::metadata("isInspect", true),
-                                                      rttr::metadata("componentname", "Font"))
-      .property("m_text", &Font::m_text)(ZOVEngine::FieldMetadata("std::string", "Text"));
+  ZOVEngine::ComponentRegistration<Font>("Font").Field("m_text", &Font::m_text, "std::string",
+                                                       "Text");
 }
