@@ -1,0 +1,236 @@
+#include "render/rendersystem.h"
+
+#include <cmath>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <iterator>
+#include <limits>
+
+#include <glm/ext/matrix_clip_space.hpp>
+#include <glm/mat4x4.hpp>
+
+#include "core/profile.h"
+#include "objects/gameobjfactory.h"
+#include "objects/reflection.h"
+#include "platform/virtualkeys.h"
+#include "platform/windowsystem.h"
+#include "render/animation.h"
+#include "render/gldevice.h"
+#include "render/graphicsconfig.h"
+#include "render/imodel.h"
+
+RTTR_REGISTRATION {
+  using ZOVEngine::RenderSystem;
+  ZOVEngine::SystemRegistration<RenderSystem>("RenderSystem");
+}
+
+namespace ZOVEngine {
+
+RenderSystem* g_render_system = nullptr;
+
+namespace {
+
+constexpr float kFieldOfView = 2.0f * 0.39269909f;  // (unit: radians)
+constexpr float kNear = 0.1f;
+constexpr float kFar = 3000.0f;
+
+// What a path of the texture list has round its key: "Resources/Textures/" and ".png".
+constexpr std::size_t kKeyStart = 19;
+constexpr std::size_t kKeyTail = 4;
+
+constexpr float kContactLineLength = 100.0f;  // (unit: world units)
+constexpr float kContactLineWidth = 2.0f;     // (unit: world units)
+constexpr float kContactLineLifeTime = 0.5f;  // (unit: seconds)
+
+float WindowAspect() {
+  ZOV_ASSERT(g_window_system != nullptr, "The picture needs a window system");
+  const Vector3D& size = g_window_system->m_size;
+  return size.x / size.y;
+}
+
+/// Right-handed perspective with depth from -1 to 1.
+Matrix4x4 Perspective(float aspect) {
+  ZOV_ASSERT(std::isfinite(aspect) && std::abs(aspect) > std::numeric_limits<float>::epsilon(),
+             "The aspect of the window, " + std::to_string(aspect) + ", gives no picture");
+  const glm::mat4 columns = glm::perspectiveRH_NO(kFieldOfView, aspect, kNear, kFar);
+  Matrix4x4 out;
+  for (int r = 0; r < 4; ++r) {
+    for (int c = 0; c < 4; ++c) out.at[r][c] = columns[c][r];
+  }
+  return out;
+}
+
+/// Reads a text file whole into `*out`, as far as it can be read. False when it cannot.
+bool ReadText(const std::string& path, std::string* out) {
+  std::error_code ignored;
+  if (std::filesystem::is_directory(path, ignored)) return false;
+  std::ifstream file(path, std::ios::binary);
+  if (!file) return false;
+  out->assign(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
+  return !file.bad();
+}
+
+}  // namespace
+
+RenderSystem::RenderSystem() {
+  g_render_system = this;
+  g_game_obj_factory->RegisterComponent<Render>("Render");
+  g_game_obj_factory->RegisterComponent<Animation>("Animation");
+  g_game_obj_factory->RegisterComponent<Font>("Font");
+}
+
+RenderSystem::~RenderSystem() {
+  std::cout << "Destructor of RenderSystem" << '\n';
+  if (g_gl_device != nullptr) g_gl_device->Release();
+  if (g_render_system == this) g_render_system = nullptr;
+}
+
+void RenderSystem::Init() {
+  std::cout << "Init RenderSystem" << '\n';
+  ZOV_ASSERT(g_gl_device != nullptr, "The picture needs a GL device");
+  {
+    JsonDocument document;
+    document.Open(kGraphicsConfigPath);
+    document.Parse();
+    ReadGraphicsConfig(document.Root(), this);
+  }
+  FetchTables();
+  StartDevice();
+  GlyphLoader loader;
+  loader.Open(m_font_path);
+  LoadTextures();
+  loader.Load(g_gl_device, &m_glyphs);
+}
+
+void RenderSystem::FetchTables() {
+  m_render_table = FetchTable<Render>();
+  m_model_table = FetchTable<iModel>();
+  m_transform_table = FetchTable<Transform>();
+  m_light_table = FetchTable<Light>();
+  m_font_table = FetchTable<Font>();
+  m_camera_table = FetchTable<Camera>();
+}
+
+void RenderSystem::StartDevice() {
+  g_gl_device->SetSwapInterval(m_vsync);
+  m_view_translate = Vector3D();
+  const auto compile = [this](Program program, ShaderRecord* shader) {
+    shader->program = CompileShader(program, shader->vertex_path, shader->fragment_path);
+  };
+  compile(Program::kDefault, &m_default_shader);
+  compile(Program::kInstance, &m_instance_shader);
+  compile(Program::kLight, &m_light_shader);
+  m_view = Matrix4x4::Identity();
+  m_view.m[11] = -kViewDistance;
+  m_projection = Perspective(WindowAspect());
+  compile(Program::kFont, &m_font_shader);
+  g_gl_device->CreateResources(m_projection);
+}
+
+std::uint32_t RenderSystem::CompileShader(Program program, const std::string& vertexPath,
+                                          const std::string& fragmentPath) {
+  std::string vertex;
+  std::string fragment;
+  if (!ReadText(vertexPath, &vertex) || !ReadText(fragmentPath, &fragment)) {
+    std::cout << "Error: Shader file not successfully read." << '\n';
+  }
+  return g_gl_device->CompileProgram(program, vertex, fragment);
+}
+
+void RenderSystem::LoadTextures() {
+  ZOV_ASSERT(m_texture_paths.size() <= kMaxTextures,
+             std::string(kGraphicsConfigPath) + ": key \"texPath\": more than 1024 textures");
+  m_textures.clear();
+  for (std::size_t i = 0; i < m_texture_paths.size(); ++i) {
+    const std::string& path = m_texture_paths[i];
+    const bool has_key = path.size() >= kKeyStart + kKeyTail;
+    const std::optional<Image> image = has_key ? LoadImage(path) : std::nullopt;
+    if (!image) {
+      std::cout << "ERROR: Failed to load texture." << '\n';
+      continue;
+    }
+    const auto position = static_cast<std::uint32_t>(i);
+    g_gl_device->UploadTexture(position, *image);
+    m_textures[path.substr(kKeyStart, path.size() - kKeyStart - kKeyTail)] = position;
+  }
+}
+
+bool RenderSystem::SaveGraphicsConfig() const {
+  JsonWriter writer;
+  writer.Open(kGraphicsConfigPath);
+  WriteGraphicsConfig(writer.Out(), *this);
+  return writer.Close();
+}
+
+void RenderSystem::SendMessage(Message* message) {
+  switch (message->id) {
+    case kKeyDown:
+      if (static_cast<KeyDown*>(message)->key == kVkF5) m_debug_toggle = !m_debug_toggle;
+      break;
+    case kCollidedObjects:
+      if (m_debug_draw) TakeContacts(*static_cast<CollidedObjects*>(message));
+      break;
+    case kSelectedUnit:
+      m_selected_id = static_cast<std::int32_t>(static_cast<SelectedUnit*>(message)->objectId);
+      break;
+    case kLevelBG:
+      m_background_tex = static_cast<LevelBG*>(message)->textureName;
+      break;
+    case kDrawLine: {
+      const auto& line = *static_cast<DrawLine*>(message);
+      const float* c = line.color;
+      m_lines.push_back({line.start, line.end, line.width, {c[0], c[1], c[2], c[3]}});
+      break;
+    }
+    case kSetCamera:
+      m_camera_mode = static_cast<std::int32_t>(static_cast<SetCamera*>(message)->mode);
+      break;
+    default:
+      break;
+  }
+}
+
+void RenderSystem::TakeContacts(const CollidedObjects& message) {
+  for (const ContactInfo& contact : message.contacts) {
+    for (const Vector3D& point : contact.contactPoints) {
+      m_timed_lines.push_back({point, point + contact.normal * kContactLineLength,
+                               kContactLineWidth, kContactLineLifeTime, Vector3D(1.0f, 1.0f, 1.0f),
+                               0.0f});
+    }
+    m_collided_ids.push_back(static_cast<std::int32_t>(contact.objectA));
+    m_collided_ids.push_back(static_cast<std::int32_t>(contact.objectB));
+  }
+}
+
+void RenderSystem::Update(float dt) {
+  m_dt = dt;
+  const std::int64_t start = NowNanoseconds();
+  m_painter.Begin(&m_textures);
+  m_sprites.Fill(m_render_table->Components());
+  DrawPasses();
+  g_gl_device->Execute(m_painter.GetFrame());
+  // A tools layer that takes the window's events presents the picture itself, after its panels.
+  if (!g_window_state.imguiLive) g_gl_device->Present();
+  RecordElapsed("Render", start);
+  m_lines.clear();
+  m_collided_ids.clear();
+}
+
+void RenderSystem::DrawPasses() {
+  CameraPass(*this);
+  LightPass(*this);
+  BackgroundPass(*this);
+  TilePass(*this);
+  InstancedPass(*this);
+  HazardPass(*this);
+  WorldPass(*this);
+  TreePass(*this);
+  LinePass(*this);
+  InterfacePass(*this);
+  TimedLinePass(*this);
+  TextPass(*this);
+  CrosshairPass(*this);
+}
+
+}  // namespace ZOVEngine

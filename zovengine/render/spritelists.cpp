@@ -1,0 +1,69 @@
+#include "render/spritelists.h"
+
+#include "game/camera.h"
+#include "game/environmentdamage.h"
+#include "game/environmentrough.h"
+#include "objects/statec.h"
+#include "physics/colliderholder.h"
+#include "physics/transform.h"
+#include "render/animation.h"
+#include "render/imodel.h"
+#include "render/particle.h"
+#include "render/render.h"
+
+namespace ZOVEngine {
+namespace {
+
+std::uint32_t TraitOf(ComponentType type) {
+  if (type == &typeid(Transform)) return kHasTransform;
+  if (type == &typeid(iModel)) return kHasModel;
+  if (type == &typeid(Animation)) return kHasAnimation;
+  if (type == &typeid(StateC)) return kHasState;
+  if (type == &typeid(ColliderHolder)) return kHasCollider;
+  if (type == &typeid(Particle)) return kHasParticle;
+  if (type == &typeid(EnvironmentDamage) || type == &typeid(EnvironmentRough)) return kIsHazard;
+  return 0;
+}
+
+std::uint32_t TraitsOf(const GameObj& object) {
+  std::uint32_t traits = 0;
+  for (const ComponentType type : object.components) traits |= TraitOf(type);
+  return traits;
+}
+
+void RequireTrait(const Sprite& sprite, SpriteTrait trait, const char* component) {
+  ZOV_ASSERT((sprite.traits & trait) != 0,
+             "Object \"" + sprite.render->m_owner->name + "\" has a Render and no " + component);
+}
+
+}  // namespace
+
+Transform& Sprite::GetTransform() const {
+  RequireTrait(*this, kHasTransform, "Transform");
+  return *render->OwnTransform();
+}
+
+iModel& Sprite::GetModel() const {
+  RequireTrait(*this, kHasModel, "iModel");
+  return *render->m_owner->GetComponent<iModel>();
+}
+
+void SpriteLists::Fill(const std::vector<Render*>& components) {
+  for (auto* list : {&tiles, &instances, &hazards, &world, &interface}) list->clear();
+  for (Render* render : components) {
+    const GameObj& object = *render->m_owner;
+    const Sprite sprite{render, TraitsOf(object)};
+    if ((sprite.traits & kHasParticle) != 0 && render->m_shader == "instanced") {
+      instances.push_back(sprite);
+    }
+    if (render->m_tile) {
+      tiles.push_back(sprite);
+    } else if (object.parent != nullptr && object.parent->HasComponent<Camera>()) {
+      interface.push_back(sprite);
+    } else {
+      ((sprite.traits & kIsHazard) != 0 ? hazards : world).push_back(sprite);
+    }
+  }
+}
+
+}  // namespace ZOVEngine

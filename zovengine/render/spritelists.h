@@ -1,0 +1,51 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "objects/componentmanager.h"
+
+namespace ZOVEngine {
+
+class Render;
+class Transform;
+class iModel;
+
+/// What a sprite's object has that its passes ask for; bits of Sprite::traits.
+enum SpriteTrait : std::uint32_t {
+  kHasTransform = 1u << 0,
+  kHasModel = 1u << 1,
+  kHasAnimation = 1u << 2,
+  kHasState = 1u << 3,
+  kIsHazard = 1u << 4,
+  kHasParticle = 1u << 5,
+  kHasCollider = 1u << 6,
+};
+
+/// A Render component together with what its object has.
+struct Sprite {
+  Render* render = nullptr;
+  std::uint32_t traits = 0;
+
+  /// The object's components; an object that lacks one ends the program with a report that names
+  /// it.
+  Transform& GetTransform() const;
+  iModel& GetModel() const;
+};
+
+/// The sprites of a frame, one list for each pass, in the order of the Render table.
+///
+/// Filled once a frame, before the first pass, so that code called by a pass cannot disturb its
+/// walk. Visibility is not looked at: an animation may hide objects of a later pass. A particle
+/// that is no tile is in the instanced list and in the list of its own pass too.
+struct SpriteLists {
+  void Fill(const std::vector<Render*>& components);
+
+  std::vector<Sprite> tiles;
+  std::vector<Sprite> instances;
+  std::vector<Sprite> hazards;
+  std::vector<Sprite> world;
+  std::vector<Sprite> interface;
+};
+
+}  // namespace ZOVEngine
