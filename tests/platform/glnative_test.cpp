@@ -1,0 +1,301 @@
+#include <SDL.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <cstdlib>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/native.h"
+#include "platform/virtualkeys.h"
+
+namespace ZOVEngine {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using Kind = NativeEventKind;
+
+/// The real desktop on SDL's driver without a screen, fed with SDL events by hand.
+class SdlNativeTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    SDL_SetHint(SDL_HINT_VIDEODRIVER, "offscreen");
+    native = MakeSdlNative();
+    ASSERT_EQ(native->OpenWindow({"Beetle", "Test", {320, 200}}), "");
+    ASSERT_EQ(native->CreateContext(), "");
+    native->ShowWindow();
+    while (native->PumpEvent(&event)) {
+    }
+  }
+
+  void TearDown() override { SDL_ResetHint(SDL_HINT_VIDEODRIVER); }
+
+  SDL_Window* Window() const { return static_cast<SDL_Window*>(native->WindowHandle()); }
+
+  static void PushMotion(int x, int y) {
+    SDL_Event raw{};
+    raw.type = SDL_MOUSEMOTION;
+    raw.motion.x = x;
+    raw.motion.y = y;
+    SDL_PushEvent(&raw);
+  }
+
+  static void PushKey(std::uint32_t type, SDL_Scancode place, std::uint16_t modifiers = 0) {
+    SDL_Event raw{};
+    raw.type = type;
+    raw.key.keysym.scancode = place;
+    raw.key.keysym.sym = SDL_GetKeyFromScancode(place);
+    raw.key.keysym.mod = modifiers;
+    SDL_PushEvent(&raw);
+  }
+
+  static void PushButton(std::uint32_t type, std::uint8_t button) {
+    SDL_Event raw{};
+    raw.type = type;
+    raw.button.button = button;
+    SDL_PushEvent(&raw);
+  }
+
+  static void PushWheel(int x, int y, std::uint32_t direction = SDL_MOUSEWHEEL_NORMAL) {
+    SDL_Event raw{};
+    raw.type = SDL_MOUSEWHEEL;
+    raw.wheel.x = x;
+    raw.wheel.y = y;
+    raw.wheel.direction = direction;
+    SDL_PushEvent(&raw);
+  }
+
+  static void PushWindow(std::uint8_t what) {
+    SDL_Event raw{};
+    raw.type = SDL_WINDOWEVENT;
+    raw.window.event = what;
+    SDL_PushEvent(&raw);
+  }
+
+  static void PushDrop(std::uint32_t type, const char* file = nullptr) {
+    SDL_Event raw{};
+    raw.type = type;
+    raw.drop.file = file != nullptr ? SDL_strdup(file) : nullptr;
+    SDL_PushEvent(&raw);
+  }
+
+  static void PushText() {
+    SDL_Event raw{};
+    raw.type = SDL_TEXTINPUT;
+    SDL_PushEvent(&raw);
+  }
+
+  std::vector<Kind> PumpAll() {
+    std::vector<Kind> kinds;
+    while (native->PumpEvent(&event)) kinds.push_back(event.kind);
+    return kinds;
+  }
+
+  std::unique_ptr<Native> native;
+  NativeEvent event;
+};
+
+TEST_F(SdlNativeTest, MouseMovesInARowComeAsTheNewest) {
+  PushMotion(1, 1);
+  PushMotion(2, 2);
+  PushMotion(3, 4);
+  ASSERT_TRUE(native->PumpEvent(&event));
+  EXPECT_EQ(event.kind, Kind::kMouseMove);
+  EXPECT_EQ(event.x, 3);
+  EXPECT_EQ(event.y, 4);
+  EXPECT_FALSE(native->PumpEvent(&event));
+}
+
+TEST_F(SdlNativeTest, MouseMovesWithAnEventBetweenThemKeepTheirPlaces) {
+  PushMotion(1, 1);
+  PushMotion(2, 2);
+  PushButton(SDL_MOUSEBUTTONDOWN, SDL_BUTTON_LEFT);
+  PushMotion(3, 3);
+  PushMotion(4, 4);
+  EXPECT_THAT(PumpAll(), ElementsAre(Kind::kMouseMove, Kind::kLeftButtonDown, Kind::kMouseMove));
+}
+
+TEST_F(SdlNativeTest, OtherEventsAreNeverFolded) {
+  for (int i = 0; i < 3; ++i) PushKey(SDL_KEYDOWN, SDL_SCANCODE_W);
+  EXPECT_THAT(PumpAll(), ElementsAre(Kind::kKeyDown, Kind::kKeyDown, Kind::kKeyDown));
+}
+
+TEST_F(SdlNativeTest, EventsOfNoRowAreSkippedWithinThePumpAndHeardByTheListener) {
+  std::vector<std::uint32_t> skipped;
+  native->SetSkippedEventListener(
+      [&skipped](const void* raw) { skipped.push_back(static_cast<const SDL_Event*>(raw)->type); });
+  PushText();
+  PushButton(SDL_MOUSEBUTTONDOWN, SDL_BUTTON_MIDDLE);
+  PushKey(SDL_KEYUP, SDL_SCANCODE_ESCAPE);
+  ASSERT_TRUE(native->PumpEvent(&event));
+  EXPECT_EQ(event.kind, Kind::kKeyUp);
+  EXPECT_EQ(event.wparam, kVkEscape);
+  EXPECT_EQ(static_cast<const SDL_Event*>(event.platform_event)->type, SDL_KEYUP);
+  EXPECT_THAT(skipped, ElementsAre(SDL_TEXTINPUT, SDL_MOUSEBUTTONDOWN));
+}
+
+TEST_F(SdlNativeTest, KeysCarryTheirVirtualKeyCode) {
+  PushKey(SDL_KEYDOWN, SDL_SCANCODE_F6);
+  ASSERT_TRUE(native->PumpEvent(&event));
+  EXPECT_EQ(event.kind, Kind::kKeyDown);
+  EXPECT_EQ(event.wparam, kVkF6);
+  PushKey(SDL_KEYUP, SDL_SCANCODE_AUDIOMUTE);
+  EXPECT_FALSE(native->PumpEvent(&event));
+}
+
+TEST_F(SdlNativeTest, ButtonsCarryTheStateAfterTheChange) {
+  PushButton(SDL_MOUSEBUTTONDOWN, SDL_BUTTON_LEFT);
+  PushButton(SDL_MOUSEBUTTONDOWN, SDL_BUTTON_RIGHT);
+  PushButton(SDL_MOUSEBUTTONUP, SDL_BUTTON_LEFT);
+  PushButton(SDL_MOUSEBUTTONUP, SDL_BUTTON_RIGHT);
+  std::vector<std::uint64_t> states;
+  while (native->PumpEvent(&event)) states.push_back(event.wparam);
+  EXPECT_THAT(states, ElementsAre(1u, 3u, 2u, 0u));
+}
+
+TEST_F(SdlNativeTest, TheButtonStateKnowsShiftAndControl) {
+  PushKey(SDL_KEYDOWN, SDL_SCANCODE_LSHIFT, KMOD_LSHIFT);
+  PushKey(SDL_KEYDOWN, SDL_SCANCODE_RCTRL, KMOD_LSHIFT | KMOD_RCTRL);
+  PushButton(SDL_MOUSEBUTTONDOWN, SDL_BUTTON_RIGHT);
+  PushMotion(9, 9);
+  PumpAll();
+  EXPECT_EQ(event.kind, Kind::kMouseMove);
+  PushButton(SDL_MOUSEBUTTONUP, SDL_BUTTON_RIGHT);
+  ASSERT_TRUE(native->PumpEvent(&event));
+  EXPECT_EQ(event.wparam, kShiftMask | kControlMask);
+}
+
+TEST_F(SdlNativeTest, TheWheelTurnsBy120ANotch) {
+  PushWheel(0, 2);
+  ASSERT_TRUE(native->PumpEvent(&event));
+  EXPECT_EQ(event.kind, Kind::kMouseWheel);
+  EXPECT_EQ(event.wheel, 240);
+  PushWheel(0, -1);
+  ASSERT_TRUE(native->PumpEvent(&event));
+  EXPECT_EQ(event.wheel, -120);
+  EXPECT_EQ(event.wparam >> 16, 0xFF88u);
+  PushWheel(0, 1, SDL_MOUSEWHEEL_FLIPPED);
+  ASSERT_TRUE(native->PumpEvent(&event));
+  EXPECT_EQ(event.wheel, -120);
+  PushWheel(1, 0);
+  EXPECT_FALSE(native->PumpEvent(&event));
+}
+
+TEST_F(SdlNativeTest, AllFilesOfADropComeAtOnce) {
+  PushDrop(SDL_DROPBEGIN);
+  PushDrop(SDL_DROPFILE, "/a.png");
+  PushDrop(SDL_DROPFILE, "/b.png");
+  EXPECT_FALSE(native->PumpEvent(&event));
+  PushDrop(SDL_DROPCOMPLETE);
+  ASSERT_TRUE(native->PumpEvent(&event));
+  EXPECT_EQ(event.kind, Kind::kDropFiles);
+  EXPECT_THAT(event.files, ElementsAre("/a.png", "/b.png"));
+}
+
+TEST_F(SdlNativeTest, AFileDroppedWithoutABeginComesAlone) {
+  PushDrop(SDL_DROPFILE, "/a.png");
+  ASSERT_TRUE(native->PumpEvent(&event));
+  EXPECT_THAT(event.files, ElementsAre("/a.png"));
+  PushDrop(SDL_DROPBEGIN);
+  PushDrop(SDL_DROPCOMPLETE);
+  EXPECT_FALSE(native->PumpEvent(&event));
+}
+
+TEST_F(SdlNativeTest, ClosingTheWindowAndATerminateSignalAreDestroyEvents) {
+  PushWindow(SDL_WINDOWEVENT_CLOSE);
+  EXPECT_FALSE(native->PumpEvent(&event));
+  SDL_Event quit{};
+  quit.type = SDL_QUIT;
+  SDL_PushEvent(&quit);
+  EXPECT_THAT(PumpAll(), ElementsAre(Kind::kDestroy));
+  std::raise(SIGTERM);
+  EXPECT_THAT(PumpAll(), ElementsAre(Kind::kDestroy));
+}
+
+TEST_F(SdlNativeTest, WindowEventsFindTheirRows) {
+  PushWindow(SDL_WINDOWEVENT_FOCUS_GAINED);
+  PushWindow(SDL_WINDOWEVENT_FOCUS_LOST);
+  PushWindow(SDL_WINDOWEVENT_MINIMIZED);
+  PushWindow(SDL_WINDOWEVENT_EXPOSED);
+  PushWindow(SDL_WINDOWEVENT_MOVED);
+  EXPECT_THAT(PumpAll(), ElementsAre(Kind::kSetFocus, Kind::kKillFocus, Kind::kSizeOther));
+}
+
+TEST_F(SdlNativeTest, ASizeEventCarriesTheClientSize) {
+  PushWindow(SDL_WINDOWEVENT_SIZE_CHANGED);
+  ASSERT_TRUE(native->PumpEvent(&event));
+  EXPECT_EQ(event.kind, Kind::kSizeRestored);
+  EXPECT_EQ(event.x, 320);
+  EXPECT_EQ(event.y, 200);
+}
+
+TEST_F(SdlNativeTest, ASizeEventInFullScreenIsAMaximisedOne) {
+  native->SetFullScreen();
+  ASSERT_NE(SDL_GetWindowFlags(Window()) & SDL_WINDOW_FULLSCREEN, 0u);
+  PumpAll();
+  PushWindow(SDL_WINDOWEVENT_SIZE_CHANGED);
+  EXPECT_THAT(PumpAll(), ElementsAre(Kind::kSizeMaximised));
+  native->SetWindowed(300, 100);
+  PumpAll();
+  PushWindow(SDL_WINDOWEVENT_SIZE_CHANGED);
+  ASSERT_TRUE(native->PumpEvent(&event));
+  EXPECT_EQ(event.kind, Kind::kSizeRestored);
+  EXPECT_EQ(event.x, 300);
+  EXPECT_EQ(event.y, 100);
+}
+
+TEST_F(SdlNativeTest, ApplyingTheSameModeAgainQueuesNoEvent) {
+  native->SetWindowed(300, 100);
+  PumpAll();
+  native->SetWindowed(300, 100);
+  EXPECT_THAT(PumpAll(), ElementsAre());
+}
+
+TEST_F(SdlNativeTest, SizesAreHeldBetweenAPixelAndTheDesktop) {
+  int width = 0;
+  int height = 0;
+  native->SetWindowed(0, -7);
+  SDL_GetWindowSize(Window(), &width, &height);
+  EXPECT_EQ(width, 1);
+  EXPECT_EQ(height, 1);
+  native->SetWindowed(16384, 99999);
+  SDL_GetWindowSize(Window(), &width, &height);
+  EXPECT_EQ(width, native->MonitorSize().width);
+  EXPECT_EQ(height, native->MonitorSize().height);
+}
+
+TEST_F(SdlNativeTest, NoKeyIsDownAndNoFocusIsThereWithoutAScreen) {
+  EXPECT_FALSE(native->IsKeyDown('W'));
+  EXPECT_FALSE(native->IsKeyDown(kVkLeftButton));
+  EXPECT_FALSE(native->HasFocus());
+}
+
+TEST_F(SdlNativeTest, ADestroyedContextMayBeDestroyedAgain) {
+  EXPECT_NE(native->ContextHandle(), nullptr);
+  native->DestroyContext();
+  EXPECT_EQ(native->ContextHandle(), nullptr);
+  native->DestroyContext();
+}
+
+TEST(SdlNativeWithoutDisplay, TheMessageBoxPrintsAndReturns) {
+  unsetenv("DISPLAY");
+  unsetenv("WAYLAND_DISPLAY");
+  const std::unique_ptr<Native> native = MakeSdlNative();
+  ::testing::internal::CaptureStderr();
+  native->MessageBox("Title", "what went wrong");
+  EXPECT_THAT(::testing::internal::GetCapturedStderr(), HasSubstr("Title: what went wrong\n"));
+}
+
+TEST(SdlNativeWithoutDisplay, TheWindowIsRefusedWithASentence) {
+  unsetenv("DISPLAY");
+  unsetenv("WAYLAND_DISPLAY");
+  unsetenv("SDL_VIDEODRIVER");
+  const std::unique_ptr<Native> native = MakeSdlNative();
+  EXPECT_THAT(native->OpenWindow({"Beetle", "Test", {320, 200}}), HasSubstr("display"));
+}
+
+}  // namespace
+}  // namespace ZOVEngine

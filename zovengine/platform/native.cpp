@@ -1,0 +1,7 @@
+#include "platform/native.h"
+
+namespace ZOVEngine {
+
+Native* g_native = nullptr;
+
+}  // namespace ZOVEngine
