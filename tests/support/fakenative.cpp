@@ -79,10 +79,6 @@ void FakeNative::SetWindowed(int width, int height) {
   Log("SetWindowed " + SizeText(width, height));
 }
 
-void FakeNative::SetCursorVisible(bool visible) {
-  Log(visible ? "SetCursorVisible true" : "SetCursorVisible false");
-}
-
 bool FakeNative::PumpEvent(ZOVEngine::NativeEvent* event) {
   if (events.empty()) return false;
   *event = events.front();

@@ -41,8 +41,8 @@ class FakeNative final : public ZOVEngine::Native {
   void SetFullScreen() override { Log("SetFullScreen"); }
   void SetWindowed(int width, int height) override;
   void Minimise() override { Log("Minimise"); }
-  void AcceptFileDrops() override { Log("AcceptFileDrops"); }
-  void SetCursorVisible(bool visible) override;
+  void AcceptFileDrops() override { ++file_drops_accepted; }
+  void SetCursorVisible(bool visible) override { cursor_visible = visible; }
   bool PumpEvent(ZOVEngine::NativeEvent* event) override;
   void SetSkippedEventListener(ZOVEngine::PlatformEventListener listener) override;
   void SwapBuffers() override { Log("SwapBuffers"); }
@@ -65,7 +65,9 @@ class FakeNative final : public ZOVEngine::Native {
   bool focus = true;
   std::string window_error;        ///< what OpenWindow returns
   std::string context_error;       ///< what CreateContext returns
-  std::vector<std::string> calls;  ///< "Verb", or "Verb arguments", in order
+  std::vector<std::string> calls;  ///< "Verb", or "Verb arguments", in order, without the next two
+  int file_drops_accepted = 0;     ///< calls of AcceptFileDrops, of which every step makes one
+  bool cursor_visible = true;      ///< as last set
 
  private:
   void Log(const std::string& call) { calls.push_back(call); }
