@@ -1,5 +1,7 @@
 #include "zovassert.h"
 
+// The runtime's assertion failure is declared only where assertions are on.
+#undef NDEBUG
 #include <cassert>
 #include <chrono>
 #include <cstdlib>

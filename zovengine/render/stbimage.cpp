@@ -37,6 +37,9 @@ void* LimitedReallocate(void* block, std::size_t size) {
 
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wunused-function"
+#ifndef __clang__  // g++ at -O3 overlooks that a decoder in memory sets these before it reads them
+#pragma GCC diagnostic ignored "-Wmaybe-uninitialized"
+#endif
 #include <stb/stb_image.h>
 #pragma GCC diagnostic pop
 
