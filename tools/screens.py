@@ -212,20 +212,26 @@ def splash():
 
 
 def menu():
-    hole = record("menu_hole", {
-        "Transform": transform(0.0, 200.0, 600.0, 600.0),
-        "Render": render("Menu_HoleGlow"),
-        "iModel": model(),
-        "Animation": loop("Sheet_Menu_Blackhole", 10, 0.066),
-        "StateC": {"m_state": "loop"},
-    })
+    # In the frame in which a loop starts over, the renderer draws the quad that the sprite before left
+    # behind. An invisible twin goes first, in step with the hole, so that this is the last frame of the
+    # sheet and not the whole sheet at once.
+    def turning(name, alpha):
+        return record(name, {
+            "Transform": transform(0.0, 200.0, 600.0, 600.0),
+            "Render": render("Menu_HoleGlow", [1.0, 1.0, 1.0, alpha]),
+            "iModel": model(),
+            "Animation": loop("Sheet_Menu_Blackhole", 10, 0.066),
+            "StateC": {"m_state": "loop"},
+        })
+
     footer = record("menu_footer", {
         "Transform": transform(-932.0, -520.0, 0.45, 0.45),
         "Font": {"m_text": "Carapace 1.0   -   Hollow Shell Works", "m_colour": [0.56, 0.63, 0.8, 1.0]},
     })
     screen("MainMenu", [
         picture("menu_hole_glow", "Menu_HoleGlow", 0.0, 200.0, 1300.0, 1300.0, [1.0, 1.0, 1.0, 0.8]),
-        hole,
+        turning("menu_hole_twin", 0.0),
+        turning("menu_hole", 1.0),
         record("menu_light_hole", {
             "Transform": transform(0.0, 200.0),
             "Light": light([0.5, 0.62, 1.0], 1.0, 110.0),
