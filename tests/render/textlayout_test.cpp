@@ -1,0 +1,204 @@
+#include "render/textlayout.h"
+
+#include <gtest/gtest.h>
+
+#include "support/scene.h"
+
+namespace carapace_test {
+namespace {
+
+using namespace ZOVEngine;
+
+/// Two letters and a space.
+GlyphMap Letters() {
+  GlyphMap glyphs;
+  glyphs['a'] = {71, 10, 20, 2, 15, 12 * 64};
+  glyphs['b'] = {72, 8, 8, 0, 8, 9 * 64 + 63};
+  glyphs[' '] = {73, 0, 0, 0, 0, 5 * 64};
+  return glyphs;
+}
+
+std::vector<GlyphQuad> LayOut(const std::string& text, GlyphMap* glyphs, float scale = 1.0f) {
+  std::vector<GlyphQuad> out;
+  LayOutText(text, Vector3D(100.0f, 50.0f, 3.0f), scale, glyphs, &out);
+  return out;
+}
+
+TEST(TextLayout, PutsAGlyphByItsBearingsUnderAndOverTheBaseLine) {
+  GlyphMap glyphs = Letters();
+  const std::vector<GlyphQuad> quads = LayOut("a", &glyphs);
+  ASSERT_EQ(quads.size(), 1u);
+  EXPECT_EQ(quads[0].texture, 71u);
+  EXPECT_EQ(quads[0].x, 102.0f);
+  EXPECT_EQ(quads[0].y, 45.0f);
+  EXPECT_EQ(quads[0].z, 3.0f);
+  EXPECT_EQ(quads[0].width, 10.0f);
+  EXPECT_EQ(quads[0].height, 20.0f);
+}
+
+TEST(TextLayout, TheScaleAppliesToBearingsSizesAndAdvance) {
+  GlyphMap glyphs = Letters();
+  const std::vector<GlyphQuad> quads = LayOut("aa", &glyphs, 0.5f);
+  EXPECT_EQ(quads[0].x, 101.0f);
+  EXPECT_EQ(quads[0].y, 47.5f);
+  EXPECT_EQ(quads[0].width, 5.0f);
+  EXPECT_EQ(quads[0].height, 10.0f);
+  EXPECT_EQ(quads[1].x, 107.0f);
+}
+
+TEST(TextLayout, ThePenMovesByTheWholePixelsOfTheAdvance) {
+  GlyphMap glyphs = Letters();
+  const std::vector<GlyphQuad> quads = LayOut("bb", &glyphs);
+  EXPECT_EQ(quads[1].x - quads[0].x, 9.0f);
+}
+
+TEST(TextLayout, AGlyphWithoutExtentMovesThePenAndShowsNothing) {
+  GlyphMap glyphs = Letters();
+  const std::vector<GlyphQuad> quads = LayOut(" b", &glyphs);
+  ASSERT_EQ(quads.size(), 1u);
+  EXPECT_EQ(quads[0].x, 105.0f);
+}
+
+TEST(TextLayout, ALineBreakIsAGlyphLikeAnyOther) {
+  GlyphMap glyphs = Letters();
+  glyphs['\n'] = {74, 0, 0, 0, 0, 7 * 64};
+  const std::vector<GlyphQuad> quads = LayOut("b\nb", &glyphs);
+  ASSERT_EQ(quads.size(), 2u);
+  EXPECT_EQ(quads[1].x - quads[0].x, 16.0f);
+  EXPECT_EQ(quads[1].y, quads[0].y);
+}
+
+TEST(TextLayout, AnEmptyTextShowsNothing) {
+  GlyphMap glyphs = Letters();
+  EXPECT_TRUE(LayOut("", &glyphs).empty());
+}
+
+TEST(TextLayout, AByteAbove127MovesNothingAndEntersTheMapUnderANegativeKey) {
+  GlyphMap glyphs = Letters();
+  const std::vector<GlyphQuad> quads = LayOut(
+      "b\xc3\xa9"
+      "b",
+      &glyphs);
+  ASSERT_EQ(quads.size(), 2u);
+  EXPECT_EQ(quads[1].x - quads[0].x, 9.0f);
+  EXPECT_EQ(glyphs.size(), 5u);
+  EXPECT_LT(glyphs.begin()->first, 0);
+  EXPECT_EQ(glyphs.begin()->second.Advance, 0u);
+}
+
+TEST(TextLayout, AnAdvanceWithTheHighestBitIsUnsigned) {
+  GlyphMap glyphs;
+  glyphs['a'] = {71, 1, 1, 0, 1, 0x80000000u};
+  const std::vector<GlyphQuad> quads = LayOut("aa", &glyphs);
+  EXPECT_EQ(quads[1].x, 100.0f + 33554432.0f);
+}
+
+// --- The pass ---
+
+class TextPassTest : public testing::Test {
+ protected:
+  TextPassTest() { scene.System().m_glyphs = Letters(); }
+
+  GameObj* AddText(const std::string& text, GameObj* parent = nullptr) {
+    GameObj* object = scene.AddObject("text", parent);
+    object->AddComponent<Font>();
+    Of<Font>(object).m_text = text;
+    return object;
+  }
+  const GlyphQuad& First() { return scene.Frame().glyphs.at(0); }
+
+  Scene scene;
+};
+
+TEST_F(TextPassTest, OneTextIsOneDrawInItsColour) {
+  GameObj* text = AddText("ab");
+  Of<Font>(text).m_colour = {0.1f, 0.2f, 0.3f, 0.4f};
+  const DrawCommand draw = scene.DrawOne();
+  EXPECT_EQ(draw.kind, DrawCommand::Kind::kText);
+  EXPECT_EQ(draw.program, Program::kFont);
+  EXPECT_EQ(draw.first, 0u);
+  EXPECT_EQ(draw.count, 2u);
+  EXPECT_EQ(draw.colour[3], 0.4f);
+}
+
+TEST_F(TextPassTest, TextsFollowEachOtherInTheOrderOfTheTable) {
+  AddText("ab");
+  AddText("b");
+  const std::vector<DrawCommand> draws = scene.Draw();
+  ASSERT_EQ(draws.size(), 2u);
+  EXPECT_EQ(draws[1].first, 2u);
+  EXPECT_EQ(draws[1].count, 1u);
+}
+
+TEST_F(TextPassTest, AnEmptyTextMakesNoDraw) {
+  AddText("");
+  EXPECT_TRUE(scene.Draw().empty());
+}
+
+TEST_F(TextPassTest, AnInactiveFontIsSkipped) {
+  Of<Font>(AddText("a")).m_active = false;
+  EXPECT_TRUE(scene.Draw().empty());
+}
+
+TEST_F(TextPassTest, AHiddenSpriteKeepsItsText) {
+  GameObj* text = AddText("a");
+  text->AddComponent<Render>();
+  Of<Render>(text).m_visible = false;
+  EXPECT_EQ(scene.Draw().size(), 1u);
+}
+
+TEST_F(TextPassTest, ARootTextStandsAtTwiceItsPosition) {
+  GameObj* text = AddText("b");
+  Of<Transform>(text).m_local_pos = Vector3D(30.0f, 40.0f, 1.0f);
+  scene.Draw();
+  EXPECT_EQ(First().x, 60.0f);
+  EXPECT_EQ(First().y, 80.0f);
+  EXPECT_EQ(First().z, 2.0f);
+}
+
+TEST_F(TextPassTest, AChildsTextStandsAtItsParentPlusItsOwnLocalPosition) {
+  GameObj* parent = scene.AddObject("parent");
+  Of<Transform>(parent).m_local_pos = Vector3D(100.0f, 200.0f, 1.0f);
+  Of<Transform>(parent).m_local_rotate = 90.0f;
+  Of<Transform>(parent).m_local_scale = Vector3D(3.0f, 3.0f, 1.0f);
+  GameObj* text = AddText("b", parent);
+  Of<Transform>(text).m_local_pos = Vector3D(10.0f, 20.0f, 1.0f);
+  scene.Draw();
+  EXPECT_FLOAT_EQ(First().x, 110.0f);
+  EXPECT_FLOAT_EQ(First().y, 220.0f);
+}
+
+TEST_F(TextPassTest, TheSizeIsTheWorldScaleInX) {
+  GameObj* parent = scene.AddObject("parent");
+  Of<Transform>(parent).m_local_scale = Vector3D(3.0f, 1.0f, 1.0f);
+  GameObj* text = AddText("b", parent);
+  Of<Transform>(text).m_local_scale = Vector3D(0.5f, 9.0f, 1.0f);
+  scene.Draw();
+  EXPECT_FLOAT_EQ(First().width, 8.0f * Of<Transform>(text).m_world_scale.x);
+  EXPECT_FLOAT_EQ(First().height, 8.0f * Of<Transform>(text).m_world_scale.x);
+}
+
+TEST_F(TextPassTest, AtScaleOneALineHasItsBitmapsSize) {
+  AddText("a");
+  scene.Draw();
+  EXPECT_EQ(First().width, 10.0f);
+  EXPECT_EQ(First().height, 20.0f);
+}
+
+TEST_F(TextPassTest, TheCamerasDepthDoesNotMoveItsText) {
+  GameObj* camera = scene.AddCamera();
+  Of<Transform>(camera).m_local_pos = Vector3D(0.0f, 0.0f, 200.0f);
+  AddText("b", camera);
+  scene.Draw();
+  // The anchor's depth, the text's own, and the camera's taken off.
+  EXPECT_EQ(First().z, 200.0f + 1.0f - 200.0f);
+}
+
+TEST_F(TextPassTest, AnUnknownCharacterEntersTheGlyphsOfTheSystem) {
+  AddText("\xff");
+  EXPECT_TRUE(scene.Draw().empty());
+  EXPECT_EQ(scene.System().m_glyphs.count(-1), 1u);
+}
+
+}  // namespace
+}  // namespace carapace_test
