@@ -68,12 +68,14 @@ class LimitedParse {
   const std::string& m_text;
 };
 
-/// A double as a float; what is beyond a float's range becomes an infinity.
+/// A double as the nearest float; what is beyond a float's range becomes an infinity.
 float Narrow(double value) {
-  constexpr double kLargest = static_cast<double>(std::numeric_limits<float>::max());
-  if (value > kLargest) return std::numeric_limits<float>::infinity();
-  if (value < -kLargest) return -std::numeric_limits<float>::infinity();
-  return static_cast<float>(value);
+  constexpr float kLargest = std::numeric_limits<float>::max();
+  constexpr double kHalfStepAbove = static_cast<double>(kLargest) + 0x1p103;
+  if (std::abs(value) <= static_cast<double>(kLargest)) return static_cast<float>(value);
+  const float size =
+      std::abs(value) < kHalfStepAbove ? kLargest : std::numeric_limits<float>::infinity();
+  return value > 0.0 ? size : -size;
 }
 
 /// The low 32 bits of a number as it is stored, a double's bit pattern included.
@@ -268,7 +270,9 @@ void JsonWriter::Open(const std::string& path) {
 
 bool JsonWriter::Close() {
   if (m_path.empty()) return true;
-  const bool good = ReplaceFile(m_path, m_buffer.GetString());
+  // A writer that was left in the middle, by an exception for instance, must not replace a whole
+  // file.
+  const bool good = m_json.IsComplete() && ReplaceFile(m_path, m_buffer.GetString());
   m_path.clear();
   m_buffer.Clear();
   m_json.Reset(m_buffer);

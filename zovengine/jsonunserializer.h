@@ -103,8 +103,8 @@ class JsonWriter {
 
   /// Names the target. Closes a target that was open.
   void Open(const std::string& path);
-  /// Writes what was collected to the target. Returns false when that failed; the old file then
-  /// stands.
+  /// Writes what was collected to the target. Returns false when that failed or when the document
+  /// is not complete; the old file then stands.
   bool Close();
 
   Writer& Out() { return m_writer; }

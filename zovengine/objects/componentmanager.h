@@ -122,12 +122,12 @@ class ComponentManager final : public ComponentManagerBase {
 
   static void RemoveFrom(std::uint32_t id, Map* map, Array* array) {
     T* component = map->At(id);
-    const std::uint32_t hole = component->m_index;
-    delete component;
-    array->at(hole) = array->back();
-    (*array)[hole]->m_index = hole;
+    T* last = array->back();
+    last->m_index = component->m_index;
+    array->at(last->m_index) = last;
     array->pop_back();
     map->Erase(id);
+    delete component;
   }
 
   static void DeleteAll(Map* map, Array* array) {

@@ -94,7 +94,8 @@ GameObj* GameObjFactory::ReadRecord(const Value& record, bool archetype) {
   const JsonTrail::ObjectScope scope(name);
   std::vector<GameObj*>& home = archetype ? m_archetypeObjects : m_objects;
 
-  auto* object = new GameObj;
+  auto owned = std::make_unique<GameObj>();
+  GameObj* object = owned.get();
   object->id = static_cast<std::uint32_t>(home.size());
   object->name = name;
   object->isArchetype = archetype;
@@ -107,7 +108,7 @@ GameObj* GameObjFactory::ReadRecord(const Value& record, bool archetype) {
   }
   std::vector<std::string> names;
   ReadStringArray(record, "components", &names);
-  home.push_back(object);
+  home.push_back(owned.release());
   ReadComponents(record, names, object);
   ReadChildren(record, object);
   return object;
@@ -131,6 +132,8 @@ void GameObjFactory::ReadComponents(const Value& record, const std::vector<std::
     if (add == nullptr) continue;
     const Value* fields = FindValue(record, name.c_str());
     if (fields == nullptr) FailReading("the component is listed but its key is missing");
+    if (std::count(names.begin(), names.end(), name) > 1)
+      FailReading("the component is listed twice");
     add(object);
     ComponentManagerBase& table = Table(object->components.back());
     GameComponentBase* component =
