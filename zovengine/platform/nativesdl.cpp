@@ -74,7 +74,7 @@ NativeSize FitToDesktop(NativeSize wish) {
 ///
 /// Owns the window, the context and SDL's video subsystem. Key state, button state and cursor are
 /// those of the last pump, so that all of a step sees the same.
-class SdlNative : public Native {
+class SdlNative final : public Native {
  public:
   SdlNative() = default;
   SdlNative(const SdlNative&) = delete;

@@ -218,7 +218,7 @@ void SetDisplayMode(bool full, std::int32_t width, std::int32_t height) {
 void ResizeViewport(std::int32_t width, std::int32_t height) {
   if (height == 0) height = 1;
   // The integer quotient is deliberate; the render path brings a projection of its own.
-  const double aspect = width / height;
+  const std::int32_t aspect = width / height;
   if (g_gl_device != nullptr) g_gl_device->ResetViewport(width, height, aspect);
 }
 
