@@ -17,6 +17,17 @@ target_link_libraries(carapace_dependencies INTERFACE
   SDL2::SDL2 X11::X11 GLEW::GLEW OpenGL::GLU OpenGL::GL Freetype::Freetype glm::glm RTTR::Core
   PkgConfig::STB)
 
+# clang wants the element type of a default argument in rttr/type.h complete, which it is not there. It
+# reads the header without that default, on which nothing here relies.
+if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
+  find_path(RTTR_INCLUDE_DIR rttr/type.h REQUIRED)
+  file(READ ${RTTR_INCLUDE_DIR}/rttr/type.h rttr_type_header)
+  string(REPLACE " = std::vector<argument>()" "" rttr_type_header "${rttr_type_header}")
+  file(WRITE ${CMAKE_BINARY_DIR}/clang/rttr/type.h "${rttr_type_header}")
+  target_compile_options(carapace_dependencies INTERFACE
+    "SHELL:-isystem ${CMAKE_BINARY_DIR}/clang -include ${CMAKE_BINARY_DIR}/clang/rttr/type.h")
+endif()
+
 # The game's font is Debian's package of an OFL font. It is copied beside the other run-time data, so
 # that graphics.json can name it.
 find_file(CARAPACE_FONT Play-Bold.ttf
