@@ -212,6 +212,32 @@ TEST_F(ImageTest, AHeaderWithoutPixelsIsRefused) {
   EXPECT_FALSE(Load(directory, file));
 }
 
+TEST_F(ImageTest, AJpegWithATableOfMoreCodesThanThereAreIsRefused) {
+  std::string file = JpegFile();
+  const std::size_t table = file.find("\xff\xc4");
+  ASSERT_NE(table, std::string::npos);
+  file[table + 5 + 14] = '\xff';
+  file[table + 5 + 15] = '\xff';
+  EXPECT_FALSE(Load(directory, file));
+}
+
+TEST_F(ImageTest, AJpegWithFillBytesBeforeItsStartIsRefused) {
+  EXPECT_FALSE(Load(directory, "\xff" + JpegFile()));
+}
+
+TEST_F(ImageTest, AJpegWithoutItsEndIsRefused) {
+  const std::string file = JpegFile();
+  EXPECT_FALSE(Load(directory, file.substr(0, file.size() - 2) + std::string(64, '\0')));
+}
+
+TEST_F(ImageTest, AJpegTooSmallForItsBlocksIsRefused) {
+  std::string file = JpegFile();
+  const std::size_t frame = file.find("\xff\xc0");
+  ASSERT_NE(frame, std::string::npos);
+  file.replace(frame + 5, 4, std::string("\x10\0\x10\0", 4));
+  EXPECT_FALSE(Load(directory, file));
+}
+
 TEST_F(ImageTest, TheLargestSideIsAccepted) {
   const auto image =
       Load(directory, TgaFile(kMaxImageSide, 1, std::vector<std::uint8_t>(4u * 4096)));

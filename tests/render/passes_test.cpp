@@ -1,10 +1,12 @@
 #include "render/passes.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "game/camera.h"
 #include "platform/windowsystem.h"
 #include "render/particle.h"
+#include "support/reports.h"
 #include "support/scene.h"
 
 namespace carapace_test {
@@ -317,6 +319,20 @@ TEST(InstancedPass, NoParticleMakesNoDraw) {
   scene.Draw();
   EXPECT_EQ(scene.Frame().commands.size(), 2u);
   EXPECT_TRUE(scene.Frame().instances.empty());
+}
+
+TEST(InstancedPass, MoreParticlesThanTheDeviceHoldsAreReported) {
+  Scene scene;
+  AddParticle(scene, "four");
+  scene.Draw();
+  RenderSystem& system = scene.System();
+  system.m_sprites.instances.resize(kMaxInstances, system.m_sprites.instances.front());
+  system.m_painter.Begin(&system.m_textures);
+  InstancedPass(system);
+  EXPECT_EQ(scene.System().m_painter.GetFrame().instances.size(), 150000u);
+  system.m_sprites.instances.push_back(system.m_sprites.instances.front());
+  system.m_painter.Begin(&system.m_textures);
+  EXPECT_THAT(ReportOf([&] { InstancedPass(system); }), testing::HasSubstr("150000"));
 }
 
 // --- Order ---

@@ -68,10 +68,8 @@ std::size_t PngBitsPerPixel(const FileView& file) {
   return type < std::size(kChannels) ? kChannels[type] * file.Byte(24) : 0;
 }
 
-/// Every chunk lies within the file, there is an end chunk, and the compressed bytes can hold
-/// `size`.
-bool IsSoundPng(const FileView& file, const PictureSize& size) {
-  std::size_t compressed = 0;
+/// Every chunk lies within the file and there is an end chunk. Counts the compressed bytes.
+bool WalkPngChunks(const FileView& file, std::size_t* compressed) {
   std::size_t at = kPngSignatureSize;
   std::uint32_t tag = 0;
   while (tag != Tag('I', 'E', 'N', 'D')) {
@@ -79,22 +77,73 @@ bool IsSoundPng(const FileView& file, const PictureSize& size) {
     const std::size_t length = file.Big32(at);
     tag = file.Big32(at + 4);
     if (length > file.Size() - at - 12) return false;
-    if (tag == Tag('I', 'D', 'A', 'T')) compressed += length;
+    if (tag == Tag('I', 'D', 'A', 'T')) *compressed += length;
     at += length + 12;
   }
+  return true;
+}
+
+bool HoldsPngPixels(const FileView& file, const PictureSize& size) {
+  std::size_t compressed = 0;
+  if (!WalkPngChunks(file, &compressed)) return false;
   const std::size_t row = (static_cast<std::size_t>(size.width) * PngBitsPerPixel(file) + 7) / 8;
   return row * static_cast<std::size_t>(size.height) / kLargestDeflateRatio <= compressed;
 }
 
+constexpr std::uint32_t kJpegTables = 0xc4;
+constexpr std::uint32_t kJpegScan = 0xda;
+constexpr std::uint32_t kJpegEnd = 0xd9;
+
+bool IsRestart(std::uint32_t marker) {
+  return marker >= 0xd0 && marker <= 0xd7;
+}
+
+/// The Huffman tables of a segment have at most 256 codes each; the decoder relies on it.
+bool AreSoundTables(const FileView& file, std::size_t at, std::size_t end) {
+  while (at < end) {
+    std::size_t codes = 0;
+    for (std::size_t i = 1; i <= 16; ++i) codes += file.Byte(at + i);
+    if (codes > 256) return false;
+    at += 17 + codes;
+  }
+  return true;
+}
+
+/// Where the data of a scan ends: at the next marker that is neither a stuffed byte nor a restart.
+std::size_t ScanEnd(const FileView& file, std::size_t at) {
+  for (; at + 1 < file.Size(); ++at) {
+    const std::uint32_t next = file.Byte(at + 1);
+    if (file.Byte(at) == 0xff && next != 0 && next != 0xff && !IsRestart(next)) break;
+  }
+  return at;
+}
+
+/// Segment follows segment up to the end marker, and all Huffman tables are sound.
+bool WalkJpegSegments(const FileView& file) {
+  std::size_t at = 2;
+  while (at + 4 <= file.Size() && file.Byte(at) == 0xff) {
+    const std::uint32_t marker = file.Byte(at + 1);
+    if (marker == 0xff) {
+      ++at;
+      continue;
+    }
+    const std::size_t end = at + 2 + (file.Byte(at + 2) << 8 | file.Byte(at + 3));
+    if (marker == kJpegEnd) return true;
+    if (marker == kJpegTables && !AreSoundTables(file, at + 4, end)) return false;
+    at = marker == kJpegScan ? ScanEnd(file, end) : end;
+  }
+  return at + 1 < file.Size() && file.Byte(at) == 0xff && file.Byte(at + 1) == kJpegEnd;
+}
+
 /// Each block of 8 by 8 pixels takes a bit at least.
-bool IsSoundJpeg(const FileView& file, const PictureSize& size) {
+bool HoldsJpegPixels(const FileView& file, const PictureSize& size) {
   const auto columns = static_cast<std::size_t>((size.width + 7) / 8);
   const auto rows = static_cast<std::size_t>((size.height + 7) / 8);
   return columns * rows <= file.Size() * 8;
 }
 
 /// The uncompressed rows lie within the file.
-bool IsSoundBmp(const FileView& file, const PictureSize& size) {
+bool HoldsBmpPixels(const FileView& file, const PictureSize& size) {
   const std::size_t offset = file.Little32(10);
   const std::uint32_t header = file.Little32(14);
   const std::size_t bits = header == 12 ? file.Little16(24) : file.Little16(28);
@@ -111,7 +160,7 @@ std::size_t TgaPixelStart(const FileView& file) {
 }
 
 /// The pixels lie within the file; run-length packets are counted.
-bool IsSoundTga(const FileView& file, const PictureSize& size) {
+bool HoldsTgaPixels(const FileView& file, const PictureSize& size) {
   const std::size_t pixel = (file.Byte(16) + 7) / 8;
   const std::size_t count =
       static_cast<std::size_t>(size.width) * static_cast<std::size_t>(size.height);
@@ -127,22 +176,41 @@ bool IsSoundTga(const FileView& file, const PictureSize& size) {
   return at <= file.Size();
 }
 
-/// True when the file is long enough for the lengths and sizes that it states.
-bool IsSound(const FileView& file, const PictureSize& size) {
-  if (file.StartsWith(kPngSignature, kPngSignatureSize)) return IsSoundPng(file, size);
-  if (file.StartsWith("\xff\xd8", 2)) return IsSoundJpeg(file, size);
-  if (file.StartsWith("BM", 2)) return IsSoundBmp(file, size);
-  return IsSoundTga(file, size);
+bool IsPng(const FileView& file) {
+  return file.StartsWith(kPngSignature, kPngSignatureSize);
+}
+/// The decoder takes fill bytes before the start marker too; the walk then refuses them.
+bool IsJpeg(const FileView& file) {
+  return file.StartsWith("\xff\xd8", 2) || file.StartsWith("\xff\xff", 2);
+}
+bool IsBmp(const FileView& file) {
+  return file.StartsWith("BM", 2);
+}
+
+/// True when the parts of the file lie within it, so that its header may be read.
+bool IsWellBuilt(const FileView& file) {
+  std::size_t ignored = 0;
+  if (IsPng(file)) return WalkPngChunks(file, &ignored);
+  return !IsJpeg(file) || WalkJpegSegments(file);
+}
+
+/// True when the file is long enough for the size that it states.
+bool HoldsPixels(const FileView& file, const PictureSize& size) {
+  if (IsPng(file)) return HoldsPngPixels(file, size);
+  if (IsJpeg(file)) return HoldsJpegPixels(file, size);
+  return IsBmp(file) ? HoldsBmpPixels(file, size) : HoldsTgaPixels(file, size);
 }
 
 }  // namespace
 
 std::optional<Image> LoadImage(const std::string& path) {
-  const Bytes file = ReadBytes(path);
+  const Bytes bytes = ReadBytes(path);
+  const FileView file(bytes);
   PictureSize size;
-  if (file.empty() || !ProbePicture(file, &size) || !IsSound(FileView(file), size)) return {};
+  if (bytes.empty() || !IsWellBuilt(file) || !ProbePicture(bytes, &size)) return {};
+  if (!HoldsPixels(file, size)) return {};
   Image image;
-  if (!DecodePicture(file, &size, &image.pixels)) return {};
+  if (!DecodePicture(bytes, &size, &image.pixels)) return {};
   image.width = size.width;
   image.height = size.height;
   return image;
