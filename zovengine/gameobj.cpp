@@ -6,13 +6,26 @@
 namespace ZOVEngine {
 namespace {
 
+/// Tells whether all objects were destroyed since it was made: then nothing may be touched any
+/// more.
+class ClearWatch {
+ public:
+  bool Cleared() const { return g_game_obj_factory->ClearCount() != m_before; }
+
+ private:
+  std::uint64_t m_before = g_game_obj_factory->ClearCount();
+};
+
 /// Calls `visit` with each logic component of a level object, in the order of its component list.
+/// Ends when a visit changes the state and so destroys the object.
 template <class Visitor>
 void ForEachLogicComponent(GameObj* object, Visitor visit) {
+  const ClearWatch watch;
   const std::vector<ComponentType> types = object->components;
   for (const ComponentType type : types) {
     GameComponentBase* component = g_game_obj_factory->Table(type).Get(object);
     if (auto* logic = dynamic_cast<LogicComponent*>(component)) visit(logic);
+    if (watch.Cleared()) return;
   }
 }
 
@@ -34,8 +47,11 @@ void GameObj::SendToComponents(Message* message) {
 }
 
 void GameObj::SendToComponentsRecursive(Message* message) {
+  const ClearWatch watch;
   SendToComponents(message);
-  for (GameObj* child : children) child->SendToComponentsRecursive(message);
+  for (std::size_t i = 0; !watch.Cleared() && i < children.size(); ++i) {
+    children[i]->SendToComponentsRecursive(message);
+  }
 }
 
 void GameObj::DispatchCollisionEnter(ContactInfo* contact) {

@@ -149,6 +149,7 @@ void ReadArray(const Value& object, const char* key, std::vector<T>* out) {
 void JsonDocument::Open(const std::string& path) {
   m_path = path;
   m_scope.emplace(path);
+  m_file = std::ifstream();
   std::error_code ignored;
   if (!std::filesystem::is_directory(path, ignored)) m_file.open(path, std::ios::binary);
   ZOV_ASSERT(m_file.is_open(), path + "file not found");
@@ -180,11 +181,8 @@ const Value* FindValue(const Value& object, const char* key) {
 
 const Value* FindOrComplain(const Value& object, const char* key) {
   const Value* value = FindValue(object, key);
-  if (value == nullptr) {
-    std::cout << "Cant find Key: " << key << '\n';
-  } else {
-    JsonTrail::EnterKey(key);
-  }
+  JsonTrail::EnterKey(key);
+  if (value == nullptr) std::cout << "Cant find Key: " << key << '\n';
   return value;
 }
 
@@ -226,11 +224,11 @@ void ReadVector3DPair(const Value& object, const char* key, std::array<Vector3D,
 
 void ReadVector3D(const Value& object, const char* key, Vector3D* out) {
   const Value* value = FindValue(object, key);
+  JsonTrail::EnterKey(key);
   if (value == nullptr) {
     std::cout << key << " not found" << '\n';
     return;
   }
-  JsonTrail::EnterKey(key);
   *out = ToVector3D(*value);
 }
 

@@ -44,6 +44,8 @@ void BeginStep() {
 }
 
 int WinMain() {
+  // Every line as it is written: what led to an end by an exception or a signal must not be lost.
+  std::cout << std::unitbuf;
   const std::unique_ptr<Native> native = MakeSdlNative();
   const std::unique_ptr<GLDevice> device = MakeGLDevice(
       [] { g_native->SwapBuffers(); }, [](int interval) { g_native->SetSwapInterval(interval); });

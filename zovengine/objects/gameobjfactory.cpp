@@ -189,7 +189,12 @@ void GameObjFactory::Destroy(std::uint32_t id) {
   }
   // A destroy moves ids, its own object's included, so the object is found by its own id each
   // round.
-  while (!object->children.empty()) Destroy(object->children.front()->id);
+  while (!object->children.empty()) {
+    GameObj* child = object->children.front();
+    object->children.erase(object->children.begin());
+    child->parent = nullptr;
+    Destroy(child->id);
+  }
   const std::uint32_t own_id = object->id;
   RemoveComponents(object);
   delete object;

@@ -125,7 +125,11 @@ void GameObjFactory::RegisterComponent(const std::string& name) {
 /// The registered table of T with shared ownership, as systems hold it.
 template <class T>
 std::shared_ptr<ComponentManager<T>> FetchTable() {
-  return std::static_pointer_cast<ComponentManager<T>>(g_component_tables->at(&typeid(T)));
+  const auto table = g_component_tables->find(&typeid(T));
+  if (table == g_component_tables->end()) {
+    throw std::out_of_range("invalid unordered_map<K, T> key");
+  }
+  return std::static_pointer_cast<ComponentManager<T>>(table->second);
 }
 
 /// Writes an object record: name, active, components, one key a component, and the children.

@@ -11,7 +11,7 @@ struct Place {
   std::string file;
   std::string object;
   std::string component;
-  const char* key = nullptr;
+  std::string key;
 };
 
 Place& Current() {
@@ -21,7 +21,7 @@ Place& Current() {
 
 void ClearComponent() {
   Current().component.clear();
-  Current().key = nullptr;
+  Current().key.clear();
 }
 
 void Append(std::string* text, const char* kind, const std::string& name) {
@@ -56,7 +56,7 @@ JsonTrail::ObjectScope::~ObjectScope() {
 
 void JsonTrail::EnterComponent(const char* name) {
   Current().component = name;
-  Current().key = nullptr;
+  Current().key.clear();
 }
 
 void JsonTrail::EnterKey(const char* key) {
@@ -68,7 +68,7 @@ std::string JsonTrail::Describe() {
   std::string text = place.file;
   Append(&text, "object", place.object);
   Append(&text, "component", place.component);
-  Append(&text, "key", place.key == nullptr ? std::string() : std::string(place.key));
+  Append(&text, "key", place.key);
   return text;
 }
 

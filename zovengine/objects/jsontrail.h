@@ -38,7 +38,7 @@ class JsonTrail {
 
   /// Sets the component of the current object, and clears the key.
   static void EnterComponent(const char* name);
-  /// Sets the key that is being read; the text must outlive the reading.
+  /// Sets the key that is being read.
   static void EnterKey(const char* key);
   /// The place in words, for instance `Units.json: object "start": component "Render": key
   /// "m_tex"`. Empty when nothing is being read.

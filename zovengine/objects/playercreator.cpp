@@ -8,10 +8,12 @@
 namespace ZOVEngine {
 
 GameObj* PlayerCreator::Create(std::uint32_t id) {
+  // Looked up first, so that the failure leaves nothing behind.
+  ComponentManagerBase& boxes = g_game_obj_factory->Table(&typeid(BoxCollider));
   auto object = std::make_unique<GameObj>();
   object->id = id;
   object->AddComponent<Transform>();
-  g_game_obj_factory->Table(&typeid(BoxCollider)).Add(object.get());
+  boxes.Add(object.get());
   object->AddComponent<RigidBody>();
   object->AddComponent<Render>();
   return object.release();

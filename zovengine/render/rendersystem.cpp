@@ -166,25 +166,25 @@ bool RenderSystem::SaveGraphicsConfig() const {
 void RenderSystem::SendMessage(Message* message) {
   switch (message->id) {
     case kKeyDown:
-      if (static_cast<KeyDown*>(message)->key == kVkF5) m_debug_toggle = !m_debug_toggle;
+      if (dynamic_cast<KeyDown*>(message)->key == kVkF5) m_debug_toggle = !m_debug_toggle;
       break;
     case kCollidedObjects:
-      if (m_debug_draw) TakeContacts(*static_cast<CollidedObjects*>(message));
+      if (m_debug_draw) TakeContacts(*dynamic_cast<CollidedObjects*>(message));
       break;
     case kSelectedUnit:
-      m_selected_id = static_cast<std::int32_t>(static_cast<SelectedUnit*>(message)->objectId);
+      m_selected_id = static_cast<std::int32_t>(dynamic_cast<SelectedUnit*>(message)->objectId);
       break;
     case kLevelBG:
-      m_background_tex = static_cast<LevelBG*>(message)->textureName;
+      m_background_tex = dynamic_cast<LevelBG*>(message)->textureName;
       break;
     case kDrawLine: {
-      const auto& line = *static_cast<DrawLine*>(message);
+      const auto& line = *dynamic_cast<DrawLine*>(message);
       const float* c = line.color;
       m_lines.push_back({line.start, line.end, line.width, {c[0], c[1], c[2], c[3]}});
       break;
     }
     case kSetCamera:
-      m_camera_mode = static_cast<std::int32_t>(static_cast<SetCamera*>(message)->mode);
+      m_camera_mode = static_cast<std::int32_t>(dynamic_cast<SetCamera*>(message)->mode);
       break;
     default:
       break;
