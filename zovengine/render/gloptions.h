@@ -1,0 +1,27 @@
+#pragma once
+
+#include <memory>
+
+#include "render/gldevice.h"
+
+namespace ZOVEngine {
+
+/// How a device does its work, for tests and benchmarks that compare one way with another. The
+/// picture is the same whatever is chosen; the game takes the defaults.
+struct GLOptions {
+  /// How a fragment picks its texture among those of the units.
+  enum class TextureChoice {
+    kByDriver,  ///< by number on a software rasteriser, else by comparisons
+    kByNumber,
+    kByComparison,
+  };
+
+  TextureChoice texture_choice = TextureChoice::kByDriver;
+  bool stream = true;  ///< false: a draw call for every command, its values set as uniforms
+};
+
+/// MakeGLDevice with other ways than the usual ones.
+std::unique_ptr<GLDevice> MakeGLDeviceWith(const GLOptions& options, void (*swap_buffers)(),
+                                           void (*set_swap_interval)(int));
+
+}  // namespace ZOVEngine
