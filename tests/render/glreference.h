@@ -15,9 +15,9 @@ namespace carapace_test {
 
 /// The plain way to draw a frame, which the device is compared with.
 ///
-/// One draw call for every command and every glyph, a buffer upload before each, every uniform looked
-/// up by name at each use, a texture object for every glyph. Uses the shipped shaders as they are, and
-/// nothing of the device's own code. It needs a context of its own.
+/// One draw call for every command and every glyph, a buffer upload before each, every uniform
+/// looked up by name at each use, a texture object for every glyph. Uses the shipped shaders as
+/// they are, and nothing of the device's own code. It needs a context of its own.
 class PlainRenderer {
  public:
   void Start(const ZOVEngine::Matrix4x4& projection) {

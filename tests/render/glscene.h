@@ -34,8 +34,8 @@ inline ZOVEngine::Matrix4x4 SceneProjection() {
   return out;
 }
 
-/// An image of coloured stripes and soft alpha that differs from number to number, in sizes that are
-/// and that are not powers of two.
+/// An image of coloured stripes and soft alpha that differs from number to number, in sizes that
+/// are and that are not powers of two.
 inline ZOVEngine::Image SceneImage(std::uint32_t number) {
   constexpr int kSizes[][2] = {{64, 64}, {100, 60}, {33, 17}, {1, 1}, {128, 32}, {90, 90}};
   ZOVEngine::Image image;
@@ -79,9 +79,9 @@ inline ZOVEngine::Frame EmptyFrame() {
   return frame;
 }
 
-inline ZOVEngine::DrawCommand QuadCommand(float x, float y, float width, float height,
-                                          std::uint32_t texture,
-                                          ZOVEngine::Program program = ZOVEngine::Program::kDefault) {
+inline ZOVEngine::DrawCommand QuadCommand(
+    float x, float y, float width, float height, std::uint32_t texture,
+    ZOVEngine::Program program = ZOVEngine::Program::kDefault) {
   ZOVEngine::DrawCommand command;
   command.program = program;
   command.texture = texture;
@@ -99,11 +99,12 @@ inline void SetColour(ZOVEngine::DrawCommand* command, float r, float g, float b
 inline void AddRandomQuads(ZOVEngine::Frame* frame, int count,
                            ZOVEngine::Program program = ZOVEngine::Program::kDefault) {
   for (int i = 0; i < count; ++i) {
-    auto& command = frame->commands.emplace_back(
-        QuadCommand(RandomFloat(-900, 900), RandomFloat(-500, 500), RandomFloat(20, 260),
-                    RandomFloat(20, 260), static_cast<std::uint32_t>(i * 7) % kSceneTextures, program));
+    auto& command = frame->commands.emplace_back(QuadCommand(
+        RandomFloat(-900, 900), RandomFloat(-500, 500), RandomFloat(20, 260), RandomFloat(20, 260),
+        static_cast<std::uint32_t>(i * 7) % kSceneTextures, program));
     if (i % 3) command.placement.rotate_radians = RandomFloat(-3.0f, 3.0f);
-    SetColour(&command, RandomFloat(0, 1), RandomFloat(0, 1), RandomFloat(0, 1), RandomFloat(0.3f, 1));
+    SetColour(&command, RandomFloat(0, 1), RandomFloat(0, 1), RandomFloat(0, 1),
+              RandomFloat(0.3f, 1));
   }
 }
 
@@ -121,7 +122,8 @@ inline ZOVEngine::LightRecord LightAt(float x, float y) {
 
 inline void AddRandomLights(ZOVEngine::Frame* frame, int count) {
   for (int i = 0; i < count; ++i) {
-    auto& light = frame->lights.emplace_back(LightAt(RandomFloat(-900, 900), RandomFloat(-500, 500)));
+    auto& light =
+        frame->lights.emplace_back(LightAt(RandomFloat(-900, 900), RandomFloat(-500, 500)));
     light.diffuse = ZOVEngine::Vector3D(RandomFloat(0, 1), RandomFloat(0, 1), RandomFloat(0, 1));
     light.position.z = RandomFloat(-20, 60);
   }

@@ -22,7 +22,8 @@ namespace {
 
 GLContext::GLContext(int width, int height) : m_width(width), m_height(height) {
   if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0) Die("no video");
-  m_window = SDL_CreateWindow("gl test", 0, 0, width, height, SDL_WINDOW_OPENGL | SDL_WINDOW_HIDDEN);
+  m_window =
+      SDL_CreateWindow("gl test", 0, 0, width, height, SDL_WINDOW_OPENGL | SDL_WINDOW_HIDDEN);
   if (!m_window) Die("no window");
   m_context = SDL_GL_CreateContext(m_window);
   if (!m_context) Die("no context");
@@ -34,7 +35,9 @@ GLContext::~GLContext() {
   SDL_QuitSubSystem(SDL_INIT_VIDEO);
 }
 
-void GLContext::MakeCurrent() const { SDL_GL_MakeCurrent(m_window, m_context); }
+void GLContext::MakeCurrent() const {
+  SDL_GL_MakeCurrent(m_window, m_context);
+}
 
 Picture GLContext::ReadBack() const {
   Picture picture(m_width, m_height);

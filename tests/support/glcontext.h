@@ -11,8 +11,9 @@ namespace carapace_test {
 
 /// A hidden window with an OpenGL context of its own, which is current from the start.
 ///
-/// Two of them share nothing, so one can hold the device and another a reference to compare it with.
-/// Ends the test program with a message when no context can be made: a GL test without GL proves nothing.
+/// Two of them share nothing, so one can hold the device and another a reference to compare it
+/// with. Ends the test program with a message when no context can be made: a GL test without GL
+/// proves nothing.
 class GLContext {
  public:
   /// Sizes in pixels.

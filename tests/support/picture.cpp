@@ -31,13 +31,15 @@ std::string OutputPath(const std::string& name) {
 Picture DifferenceOf(const Picture& a, const Picture& b) {
   Picture out(a.width, a.height);
   for (std::size_t i = 0; i < out.bytes.size(); ++i) {
-    out.bytes[i] = static_cast<std::uint8_t>(std::min(255, kBrighter * std::abs(a.bytes[i] - b.bytes[i])));
+    out.bytes[i] =
+        static_cast<std::uint8_t>(std::min(255, kBrighter * std::abs(a.bytes[i] - b.bytes[i])));
   }
   return out;
 }
 
 Picture CommittedPicture(const std::string& name) {
-  const std::string path = std::string(CARAPACE_SOURCE_DIR) + "/tests/render/pictures/" + name + ".png";
+  const std::string path =
+      std::string(CARAPACE_SOURCE_DIR) + "/tests/render/pictures/" + name + ".png";
   const auto image = ZOVEngine::LoadImage(path);
   if (!image) return Picture();
   Picture picture(image->width, image->height);
@@ -52,7 +54,9 @@ Picture CommittedPicture(const std::string& name) {
 Picture::Picture(int width_, int height_)
     : width(width_), height(height_), bytes(3u * static_cast<std::size_t>(width_ * height_)) {}
 
-const std::uint8_t* Picture::At(int x, int y) const { return bytes.data() + 3 * (y * width + x); }
+const std::uint8_t* Picture::At(int x, int y) const {
+  return bytes.data() + 3 * (y * width + x);
+}
 
 PictureDifference Compare(const Picture& a, const Picture& b) {
   if (a.width != b.width || a.height != b.height || a.bytes.empty()) return {255, 255.0};

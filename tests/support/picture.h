@@ -35,8 +35,8 @@ struct Tolerance {
 /// The difference; 255 throughout when the sizes differ.
 PictureDifference Compare(const Picture& a, const Picture& b);
 
-/// Empty when the pictures are within the tolerance. Else says how far they are apart, after writing
-/// both and their difference, made brighter, into the build tree under `name`.
+/// Empty when the pictures are within the tolerance. Else says how far they are apart, after
+/// writing both and their difference, made brighter, into the build tree under `name`.
 std::string Mismatch(const std::string& name, const Picture& picture, const Picture& expected,
                      const Tolerance& tolerance);
 

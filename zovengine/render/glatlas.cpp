@@ -26,8 +26,7 @@ std::vector<std::uint8_t> WithBorder(int width, int height, const std::uint8_t* 
 
 }  // namespace
 
-std::uint32_t GlyphAtlas::Add(GLState& state, int width, int height,
-                              const std::uint8_t* coverage) {
+std::uint32_t GlyphAtlas::Add(GLState& state, int width, int height, const std::uint8_t* coverage) {
   Spot& spot = m_spots.emplace_back();
   const auto number = static_cast<std::uint32_t>(m_spots.size());
   if (width <= 0 || height <= 0 || !coverage) return number;

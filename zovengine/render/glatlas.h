@@ -11,9 +11,9 @@ namespace ZOVEngine {
 
 /// Keeps the coverage bitmaps of all glyphs on few textures, so that a text is one draw.
 ///
-/// Each glyph is surrounded by a copy of its edge texels: sampled between its texels' edges it gives
-/// what a texture of its own would give with linear filtering and clamping to the edge. Pages have
-/// texture names far above the positions of the list of textures, and are never freed.
+/// Each glyph is surrounded by a copy of its edge texels: sampled between its texels' edges it
+/// gives what a texture of its own would give with linear filtering and clamping to the edge. Pages
+/// have texture names far above the positions of the list of textures, and are never freed.
 class GlyphAtlas {
  public:
   /// Where a glyph lies. A glyph without texels has page 0 and draws nothing.

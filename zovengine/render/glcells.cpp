@@ -43,7 +43,8 @@ void SetLines(Span lit, float length, std::vector<float>* lines) {
   lines->clear();
   if (lit.lo > 0.0f) lines->push_back(0.0f);
   for (int i = 0; i < cells; ++i) {
-    lines->push_back(lit.lo + (lit.hi - lit.lo) * static_cast<float>(i) / static_cast<float>(cells));
+    lines->push_back(lit.lo +
+                     (lit.hi - lit.lo) * static_cast<float>(i) / static_cast<float>(cells));
   }
   lines->push_back(lit.hi);
   if (lit.hi < 1.0f) lines->push_back(1.0f);

@@ -20,12 +20,12 @@ WorldBox BoundsOf(const StreamVertex* vertices, std::size_t count);
 /// Cuts large lit quads along a grid, so that each fragment evaluates only the lamps near it.
 ///
 /// The grid is fine where light falls and coarse elsewhere, and neighbours in a row with the same
-/// lamps are joined. Only quads along the axes are cut: there, all corners on a grid line have exactly
-/// the same coordinate, so that neither gaps nor other edges than the quad's own can show.
+/// lamps are joined. Only quads along the axes are cut: there, all corners on a grid line have
+/// exactly the same coordinate, so that neither gaps nor other edges than the quad's own can show.
 class CellCutter {
  public:
-  /// True when the four corners in order make a rectangle along the axes with an even texture on it,
-  /// and it is large enough to be worth cutting.
+  /// True when the four corners in order make a rectangle along the axes with an even texture on
+  /// it, and it is large enough to be worth cutting.
   static bool CanCut(const StreamVertex corners[4]);
 
   /// Cuts the quad. The cells stay valid until the next call.

@@ -31,18 +31,22 @@ constexpr GLenum kNoGlxDisplay = 4;
 
 enum Attribute : GLuint { kPosition = 0, kUv = 1, kModel = 2, kTint = 6, kUnit = 7, kNear = 8 };
 
-const void* Offset(std::size_t bytes) { return reinterpret_cast<const void*>(bytes); }
+const void* Offset(std::size_t bytes) {
+  return reinterpret_cast<const void*>(bytes);
+}
 
 std::string TextOf(GLenum what) {
   const GLubyte* text = glGetString(what);
   return text ? reinterpret_cast<const char*>(text) : "";
 }
 
-bool IsAtLeast33(GLint major, GLint minor) { return major > 3 || (major == 3 && minor >= 3); }
+bool IsAtLeast33(GLint major, GLint minor) {
+  return major > 3 || (major == 3 && minor >= 3);
+}
 
-/// Lets the process keep what it frees. A software rasteriser allocates its scene anew each frame, and
-/// memory that went back to the system costs a page fault for every 4 KiB when it is wanted again: with
-/// 10,000 sprites that is half of the time of a frame's submission.
+/// Lets the process keep what it frees. A software rasteriser allocates its scene anew each frame,
+/// and memory that went back to the system costs a page fault for every 4 KiB when it is wanted
+/// again: with 10,000 sprites that is half of the time of a frame's submission.
 void KeepFreedMemory() {
 #if defined(__GLIBC__)
   constexpr int kKeptBytes = 256 << 20;

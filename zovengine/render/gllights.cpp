@@ -36,8 +36,7 @@ void LightField::Gather(const std::vector<LightRecord>& lights, float reach) {
   m_reach = reach;
   m_places.clear();
   for (std::size_t i = 0; i < SeenLights(lights); ++i) {
-    m_places.push_back(
-        {lights[i].position.x, lights[i].position.y, static_cast<std::uint32_t>(i)});
+    m_places.push_back({lights[i].position.x, lights[i].position.y, static_cast<std::uint32_t>(i)});
   }
 }
 

@@ -16,8 +16,8 @@ struct WorldBox {
   float top = 0.0f;
 };
 
-/// The lamps that can reach a place, as a vertex carries them: numbers of eight bits each, filled up
-/// with the dark lamp.
+/// The lamps that can reach a place, as a vertex carries them: numbers of eight bits each, filled
+/// up with the dark lamp.
 struct NearLights {
   static constexpr std::uint32_t kAllDark = 0x01010101u * static_cast<std::uint32_t>(kMaxLights);
 
@@ -33,9 +33,10 @@ struct NearLights {
 
 /// The lights of a frame, and which of them can be seen where.
 ///
-/// A light has no effect at all beyond its reach, measured in the plane, so a sprite leaves out those
-/// whose circle its box does not meet. Holds what the shaders can: the first kMaxLights of the frame.
-/// A reach of 0 stands for a program whose reach is unknown: then every light is near everything.
+/// A light has no effect at all beyond its reach, measured in the plane, so a sprite leaves out
+/// those whose circle its box does not meet. Holds what the shaders can: the first kMaxLights of
+/// the frame. A reach of 0 stands for a program whose reach is unknown: then every light is near
+/// everything.
 class LightField {
  public:
   /// Takes over the frame's lights for programs that see `reach` far (unit: world units).

@@ -11,7 +11,8 @@
 
 namespace ZOVEngine {
 
-/// A vertex as the streamed programs take it. Plain programs use place and texture coordinates only.
+/// A vertex as the streamed programs take it. Plain programs use place and texture coordinates
+/// only.
 struct StreamVertex {
   float place[3];
   float uv[2];

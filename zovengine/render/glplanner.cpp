@@ -69,7 +69,9 @@ void PlaceQuad(const DrawCommand& command, StreamVertex out[4]) {
   }
 }
 
-float AreaOf(const WorldBox& box) { return (box.right - box.left) * (box.top - box.bottom); }
+float AreaOf(const WorldBox& box) {
+  return (box.right - box.left) * (box.top - box.bottom);
+}
 
 WorldBox BoundsOf(const Matrix4x4& model) {
   const float wide = 0.5f * (std::abs(model.m[0]) + std::abs(model.m[1]));
@@ -138,7 +140,8 @@ void FramePlanner::AddMesh(const DrawCommand& command, GLenum mode) {
     SetTint(vertices + i, command.colour);
   }
   const std::uint32_t* indices = m_frame->indices.data() + command.first;
-  if (mode == GL_TRIANGLES && command.count == 6 && std::equal(kQuadPattern, kQuadPattern + 6, indices)) {
+  if (mode == GL_TRIANGLES && command.count == 6 &&
+      std::equal(kQuadPattern, kQuadPattern + 6, indices)) {
     FinishQuad(command, vertices);
   } else {
     FinishMesh(command, mode, vertices, count);
@@ -374,8 +377,8 @@ LightClass FramePlanner::LightSprite(StreamVertex* vertices, std::size_t count, 
   const NearLights near = m_lights[static_cast<std::size_t>(Program::kLight)].Near(box);
   SetNear(vertices, count, near);
   const LightClass needed = DrawableClass(Program::kLight, near.Class());
-  const bool joins = m_streamed_run_open && m_key.program == Program::kLight && m_key.mode == mode &&
-                     m_key.lights > needed && AreaOf(box) <= kSmallArea;
+  const bool joins = m_streamed_run_open && m_key.program == Program::kLight &&
+                     m_key.mode == mode && m_key.lights > needed && AreaOf(box) <= kSmallArea;
   return joins ? m_key.lights : needed;
 }
 

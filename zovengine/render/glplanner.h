@@ -14,11 +14,11 @@ namespace ZOVEngine {
 /// Turns a frame into few draw calls that give the same picture.
 ///
 /// Commands that follow each other and suit the same program become one run: their vertices are
-/// placed here and carry colour, texture unit and lamps with them. The order of commands is kept, with
-/// one exception that cannot be seen: the cells of one lit quad, which do not overlap, are sorted by
-/// their number of lamps. A command whose program has no streamed form becomes a run of its own, with
-/// its values left to be set as uniforms. No GL call is made except to compile a form of a program
-/// that is used for the first time.
+/// placed here and carry colour, texture unit and lamps with them. The order of commands is kept,
+/// with one exception that cannot be seen: the cells of one lit quad, which do not overlap, are
+/// sorted by their number of lamps. A command whose program has no streamed form becomes a run of
+/// its own, with its values left to be set as uniforms. No GL call is made except to compile a form
+/// of a program that is used for the first time.
 class FramePlanner {
  public:
   using Programs = std::array<ProgramSet, kProgramCount>;
@@ -83,9 +83,7 @@ class FramePlanner {
   LightClass LightSprite(StreamVertex* vertices, std::size_t count, GLenum mode);
   std::uint32_t VertexCountOf(const DrawCommand& command) const;
   std::uint32_t NumberOf(const StreamVertex* vertex) const;
-  ProgramSet& SetOf(Program program) {
-    return (*m_programs)[static_cast<std::size_t>(program)];
-  }
+  ProgramSet& SetOf(Program program) { return (*m_programs)[static_cast<std::size_t>(program)]; }
 
   Programs* m_programs;
   const GlyphAtlas* m_atlas;

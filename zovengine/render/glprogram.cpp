@@ -80,11 +80,10 @@ Matrix4x4 ScaleMatrix(const Vector3D& by) {
 
 }  // namespace
 
-GLuint LinkProgram(const std::string& vertex_source, const std::string& fragment_source, bool report,
-                   bool* linked) {
-  const GLuint vertex =
-      CompileStage(GL_VERTEX_SHADER, vertex_source,
-                   report ? "Error: Vertex shader compilation failed." : nullptr);
+GLuint LinkProgram(const std::string& vertex_source, const std::string& fragment_source,
+                   bool report, bool* linked) {
+  const GLuint vertex = CompileStage(GL_VERTEX_SHADER, vertex_source,
+                                     report ? "Error: Vertex shader compilation failed." : nullptr);
   const GLuint fragment =
       CompileStage(GL_FRAGMENT_SHADER, fragment_source,
                    report ? "Error: Fragment shader compilation failed." : nullptr);
@@ -174,7 +173,8 @@ void GLProgram::SetColour(const float colour[4]) {
 }
 
 void GLProgram::SetUnit(int unit) {
-  if (m_picture >= 0 && SetIfChanged(&m_last_unit, &unit, sizeof unit)) glUniform1i(m_picture, unit);
+  if (m_picture >= 0 && SetIfChanged(&m_last_unit, &unit, sizeof unit))
+    glUniform1i(m_picture, unit);
 }
 
 float GLProgram::LightReach() const {
@@ -206,7 +206,7 @@ ProgramSet::ProgramSet(const std::string& vertex_source, const std::string& frag
   if (!linked) return;
   m_plain = std::make_unique<GLProgram>(m_name);
   m_streams = stream && vertex_source.find("STREAMED") != std::string::npos &&
-             fragment_source.find("STREAMED") != std::string::npos;
+              fragment_source.find("STREAMED") != std::string::npos;
 }
 
 GLProgram* ProgramSet::Streamed(LightClass lights, bool one_texture) {
@@ -232,7 +232,8 @@ std::unique_ptr<GLProgram> ProgramSet::Make(LightClass lights, bool one_texture)
 std::string ProgramSet::Prologue(LightClass lights, bool one_texture) const {
   std::string text;
   if (m_by_number) text += "#extension GL_ARB_gpu_shader5 : require\n#define INDEXED\n";
-  text += "#define STREAMED\n#define SLOTS " + std::to_string(one_texture ? 1 : kSpriteUnits) + "\n";
+  text +=
+      "#define STREAMED\n#define SLOTS " + std::to_string(one_texture ? 1 : kSpriteUnits) + "\n";
   text += "#define NEAR " + std::to_string(kLampsInClass[static_cast<int>(lights)]) + "\n";
   if (lights == LightClass::kEvery) text += "#define EVERY_LAMP\n";
   return text + "#line 2\n";

@@ -26,15 +26,15 @@ inline constexpr int kMaxLights = 64;
 inline constexpr float kMaterialSpecular = 0.5f;
 
 /// Compiles and links a program. A step that fails prints its line with up to 512 characters of the
-/// driver's log on standard output when `report` is set; the later steps are still tried. Returns the
-/// program's name; `*linked` tells whether it can draw.
-GLuint LinkProgram(const std::string& vertex_source, const std::string& fragment_source, bool report,
-                   bool* linked);
+/// driver's log on standard output when `report` is set; the later steps are still tried. Returns
+/// the program's name; `*linked` tells whether it can draw.
+GLuint LinkProgram(const std::string& vertex_source, const std::string& fragment_source,
+                   bool report, bool* linked);
 
 /// A linked program, where its uniforms are and what they were last set to.
 ///
-/// Locations are looked up once. The verbs set a uniform only when its value is another than the last
-/// one; a uniform that the program lacks is left alone. They need the program to be in use.
+/// Locations are looked up once. The verbs set a uniform only when its value is another than the
+/// last one; a uniform that the program lacks is left alone. They need the program to be in use.
 class GLProgram {
  public:
   /// Takes over `name`, a linked program.
@@ -89,8 +89,8 @@ class GLProgram {
 class ProgramSet {
  public:
   ProgramSet() = default;
-  /// Compiles the plain form and reports failures. `by_number`: streamed forms index their textures;
-  /// `stream`: there are streamed forms, if the sources offer them.
+  /// Compiles the plain form and reports failures. `by_number`: streamed forms index their
+  /// textures; `stream`: there are streamed forms, if the sources offer them.
   ProgramSet(const std::string& vertex_source, const std::string& fragment_source, bool by_number,
              bool stream);
 

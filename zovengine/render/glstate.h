@@ -9,17 +9,17 @@
 namespace ZOVEngine {
 
 /// Texture units as the device shares them out.
-inline constexpr int kSpriteUnits = 8;       ///< units 0 to 7: textures of sprites
-inline constexpr int kGlyphUnit = 8;         ///< the page of glyphs
-inline constexpr int kUploadUnit = 9;        ///< whatever is being uploaded
+inline constexpr int kSpriteUnits = 8;  ///< units 0 to 7: textures of sprites
+inline constexpr int kGlyphUnit = 8;    ///< the page of glyphs
+inline constexpr int kUploadUnit = 9;   ///< whatever is being uploaded
 inline constexpr int kTextureUnits = 10;
 
 /// The bindings of the GL context, as this device made them.
 ///
-/// All binds of the device go through here, so that what is bound is known without asking the driver.
-/// The `Use` verbs bind only what is not bound yet. The `Bind` verbs always call the driver and count;
-/// one that changes nothing counts as redundant. Other code that draws in the same context (panels of
-/// the editor) puts back what it changed.
+/// All binds of the device go through here, so that what is bound is known without asking the
+/// driver. The `Use` verbs bind only what is not bound yet. The `Bind` verbs always call the driver
+/// and count; one that changes nothing counts as redundant. Other code that draws in the same
+/// context (panels of the editor) puts back what it changed.
 class GLState {
  public:
   void UseProgram(GLuint name) {

@@ -8,9 +8,13 @@ namespace {
 
 constexpr GLuint kMostShapesNoted = 1u << 16;
 
-bool IsPowerOfTwo(int side) { return std::has_single_bit(static_cast<unsigned>(side)); }
+bool IsPowerOfTwo(int side) {
+  return std::has_single_bit(static_cast<unsigned>(side));
+}
 
-std::size_t At(int unit) { return static_cast<std::size_t>(unit); }
+std::size_t At(int unit) {
+  return static_cast<std::size_t>(unit);
+}
 
 }  // namespace
 
@@ -40,7 +44,9 @@ void TextureUnits::NoteSize(GLuint texture, int width, int height) {
   m_shapes[texture] = static_cast<std::uint8_t>(shape);
 }
 
-int TextureUnits::UsedCount() const { return std::popcount(m_used); }
+int TextureUnits::UsedCount() const {
+  return std::popcount(m_used);
+}
 
 int TextureUnits::FindUnit(GLuint texture) const {
   for (int unit = 0; unit < kSpriteUnits; ++unit) {

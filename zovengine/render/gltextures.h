@@ -18,11 +18,11 @@ struct TextureBind {
 
 /// Plans which sprite texture sits on which of the units 0 to 7.
 ///
-/// A draw can choose among the textures on all eight units, so a run of sprites goes on until a ninth
-/// texture turns up. What a run leaves on the units stays there for the next one. When a unit must be
-/// freed, one whose texture has the same shape class is preferred: some drivers build a shader anew
-/// for every combination of classes on the units. The plan knows what is bound from earlier frames,
-/// so nobody else may bind to these units.
+/// A draw can choose among the textures on all eight units, so a run of sprites goes on until a
+/// ninth texture turns up. What a run leaves on the units stays there for the next one. When a unit
+/// must be freed, one whose texture has the same shape class is preferred: some drivers build a
+/// shader anew for every combination of classes on the units. The plan knows what is bound from
+/// earlier frames, so nobody else may bind to these units.
 class TextureUnits {
  public:
   /// Starts a new frame: the list of binds is empty, the units keep their textures.
