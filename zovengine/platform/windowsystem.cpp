@@ -57,26 +57,14 @@ void EndIfNotEmpty(const std::string& title, const std::string& text) {
 
 void StoreMonitorSize() {
   const NativeSize monitor = g_native->MonitorSize();
+  // A desktop that cannot tell leaves what was known.
+  if (monitor.width <= 0 || monitor.height <= 0) return;
   g_window_state.monitorWidth = monitor.width;
   g_window_state.monitorHeight = monitor.height;
 }
 
 void SetDrawableSize(std::int32_t width, std::int32_t height) {
   g_window_system->m_size = Vector3D(static_cast<float>(width), static_cast<float>(height), 1.0f);
-}
-
-void EnterFullScreen() {
-  g_native->SetFullScreen();
-  StoreMonitorSize();
-  SetDrawableSize(g_window_state.monitorWidth, g_window_state.monitorHeight);
-}
-
-void EnterWindow(std::int32_t width, std::int32_t height) {
-  g_window_state.windowedWidth = width;
-  g_window_state.windowedHeight = height;
-  g_native->SetWindowed(width, height);
-  ResizeViewport(width, height);
-  SetDrawableSize(width, height);
 }
 
 /// The size that an event carries is deliberately not used: the mode's own size is.
@@ -91,6 +79,20 @@ void HandleRestored() {
 
 void HandleMaximised() {
   HandleSize(g_window_state.monitorWidth, g_window_state.monitorHeight);
+}
+
+void EnterFullScreen() {
+  g_native->SetFullScreen();
+  StoreMonitorSize();
+  HandleMaximised();
+}
+
+void EnterWindow(std::int32_t width, std::int32_t height) {
+  g_window_state.windowedWidth = width;
+  g_window_state.windowedHeight = height;
+  g_native->SetWindowed(width, height);
+  ResizeViewport(width, height);
+  SetDrawableSize(width, height);
 }
 
 void HandleDestroy() {
@@ -145,6 +147,8 @@ WindowSystem::WindowSystem() {
 
 WindowSystem::~WindowSystem() {
   std::cout << "Destructor of WindowSystem" << std::endl;
+  // The render system is destroyed later; what it has in the context goes while there is one.
+  if (g_gl_device != nullptr) g_gl_device->Release();
   if (g_native != nullptr) g_native->DestroyContext();
   if (g_window_system == this) g_window_system = nullptr;
 }

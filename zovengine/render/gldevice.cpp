@@ -5,6 +5,7 @@
 #include <GL/glu.h>
 
 #include <algorithm>
+#include <array>
 #include <cstdlib>
 #if defined(__GLIBC__)
 #include <malloc.h>
@@ -38,6 +39,12 @@ const void* Offset(std::size_t bytes) {
 std::string TextOf(GLenum what) {
   const GLubyte* text = glGetString(what);
   return text ? reinterpret_cast<const char*>(text) : "";
+}
+
+/// Textures are bound by their number in the game's list. Taken here, these names are nobody else's.
+void ReserveTextureNames() {
+  std::array<GLuint, kMaxTextures> names;
+  glGenTextures(static_cast<GLsizei>(names.size()), names.data());
 }
 
 bool IsAtLeast33(GLint major, GLint minor) {
@@ -121,7 +128,10 @@ std::string RealGLDevice::Start() {
   GLint minor = 0;
   glGetIntegerv(GL_MAJOR_VERSION, &major);
   glGetIntegerv(GL_MINOR_VERSION, &minor);
-  if (IsAtLeast33(major, minor)) return "";
+  if (IsAtLeast33(major, minor)) {
+    ReserveTextureNames();
+    return "";
+  }
   return "The game needs OpenGL 3.3, but the graphics driver offers only version " +
          TextOf(GL_VERSION) + ".";
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -8,6 +9,9 @@
 #include "render/image.h"
 
 namespace ZOVEngine {
+
+/// The number of textures that the game's list may name.
+inline constexpr std::size_t kMaxTextures = 1024;
 
 /// Counts of one executed frame, for tests and benchmarks.
 struct DeviceCounters {

@@ -13,6 +13,7 @@
 #include "physics/transform.h"
 #include "render/font.h"
 #include "render/frame.h"
+#include "render/gldevice.h"
 #include "render/glyphs.h"
 #include "render/light.h"
 #include "render/painter.h"
@@ -20,9 +21,6 @@
 #include "render/render.h"
 
 namespace ZOVEngine {
-
-/// The number of textures that the game's list may name.
-inline constexpr std::size_t kMaxTextures = 1024;
 
 /// The largest number of particles of one frame.
 inline constexpr std::size_t kMaxInstances = 150000;
