@@ -1,8 +1,8 @@
 #pragma once
 
 // The headers that most sources share and that cost the most to read.
-#include <rttr/registration>
 #include <rttr/rttr_enable.h>
+#include <rttr/registration>
 
 #include <cmath>
 #include <cstdint>

@@ -41,7 +41,8 @@ std::string TextOf(GLenum what) {
   return text ? reinterpret_cast<const char*>(text) : "";
 }
 
-/// Textures are bound by their number in the game's list. Taken here, these names are nobody else's.
+/// Textures are bound by their number in the game's list. Taken here, these names are nobody
+/// else's.
 void ReserveTextureNames() {
   std::array<GLuint, kMaxTextures> names;
   glGenTextures(static_cast<GLsizei>(names.size()), names.data());
