@@ -113,7 +113,9 @@ TEST_P(Formats, AreDecodedToRgbaWithRowsFromTheTop) {
 
 TEST_P(Formats, CutAnywhereAreRefused) {
   const std::string whole = GetParam().make();
-  for (std::size_t length = 0; length < whole.size(); ++length) {
+  const std::size_t ends = 80;  // every length near the start and near the end, one of 17 between
+  for (std::size_t length = 0; length < whole.size();
+       length += length < ends || length + ends > whole.size() ? 1 : 17) {
     ASSERT_FALSE(Load(directory, whole.substr(0, length))) << "cut to " << length;
   }
 }
@@ -125,7 +127,7 @@ TEST_P(Formats, SurviveAnyDamage) {
     return std::uniform_int_distribution<std::size_t>(0, limit)(random);
   };
   int loaded = 0;
-  for (int round = 0; round < 400; ++round) {
+  for (int round = 0; round < 300; ++round) {
     std::string damaged = whole;
     for (std::size_t hits = up_to(5) + 1; hits > 0; --hits) {
       damaged[up_to(damaged.size() - 1)] = static_cast<char>(up_to(255));
@@ -136,7 +138,7 @@ TEST_P(Formats, SurviveAnyDamage) {
     ASSERT_EQ(image->pixels.size(), 4u * static_cast<std::size_t>(image->width) *
                                         static_cast<std::size_t>(image->height));
   }
-  EXPECT_LT(loaded, 400);
+  EXPECT_LT(loaded, 300);
 }
 
 INSTANTIATE_TEST_SUITE_P(All, Formats,

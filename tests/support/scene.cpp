@@ -1,5 +1,7 @@
 #include "support/scene.h"
 
+#include <gtest/gtest.h>
+
 #include "game/camera.h"
 
 namespace carapace_test {
