@@ -5,6 +5,8 @@ that DISPLAY names (tools/screen gives one): key and mouse events by xdotool, pi
 """
 import os
 import pathlib
+import re
+import signal
 import subprocess
 import time
 
@@ -54,6 +56,11 @@ def move_mouse(x, y):
     call("xdotool", "mousemove", str(x), str(y))
 
 
+def box_is_shown(title):
+    """True if a box with this title is on the screen."""
+    return "IsViewable" in ask("xwininfo", "-name", title, "-stats")
+
+
 class Picture:
     """A picture: 3 bytes a pixel, rows from the top."""
 
@@ -100,16 +107,20 @@ class Window:
 
     def rectangle(self):
         """(x, y, width, height) of the client area on the screen."""
-        lines = call("xdotool", "getwindowgeometry", "--shell", self.id).split()
-        values = dict(line.split("=") for line in lines)
-        return tuple(int(values[key]) for key in ("X", "Y", "WIDTH", "HEIGHT"))
+        report = call("xwininfo", "-id", self.id)
+        return tuple(int(re.search(rf"{name}: +(-?\d+)", report)[1])
+                     for name in ("Absolute upper-left X", "Absolute upper-left Y", "Width", "Height"))
 
     def size(self):
         return self.rectangle()[2:]
 
     def picture(self):
-        """The part of the screen where the client area is."""
-        return Picture.of_screen().crop(*self.rectangle())
+        """The client area, once all of it is on the screen."""
+        def inside():
+            x, y, width, height = self.rectangle()
+            fits = x >= 0 and y >= 0 and x + width <= SCREEN[0] and y + height <= SCREEN[1]
+            return (x, y, width, height) if fits else None
+        return Picture.of_screen().crop(*wait_until(inside, "the window within the screen"))
 
     def has_focus(self):
         return ask("xdotool", "getwindowfocus").strip() == self.id
@@ -152,7 +163,7 @@ class Game:
         with open(self.logs / "stdout.txt", "wb") as out, open(self.logs / "stderr.txt", "wb") as err:
             self.process = subprocess.Popen(
                 [str(pathlib.Path(program).resolve())], cwd=directory, env=variables,
-                stdin=subprocess.DEVNULL, stdout=out, stderr=err)
+                stdin=subprocess.DEVNULL, stdout=out, stderr=err, start_new_session=True)
 
     def output(self):
         return (self.logs / "stdout.txt").read_text(errors="replace")
@@ -171,7 +182,8 @@ class Game:
     def wait_for_window(self):
         """Waits until the window is there, has the focus, and shows a picture; returns it."""
         def shown():
-            assert self.is_running(), "the program ended early:\n" + self.output() + self.errors()
+            fine = self.is_running() and not box_is_shown("Error")
+            assert fine, "the program failed:\n" + self.output() + self.errors()
             window = self.find_window()
             return window if window and window.has_focus() else None
         window = wait_until(shown, "the game's window")
@@ -186,7 +198,9 @@ class Game:
             raise TooLate(f"the program did not end within {patience:.0f} s") from None
 
     def kill(self):
-        """Ends the program for certain."""
-        if self.is_running():
-            self.process.kill()
+        """Ends the program for certain, and the process of its message box."""
+        try:
+            os.killpg(self.process.pid, signal.SIGKILL)
+        except ProcessLookupError:
+            pass
         self.process.wait()

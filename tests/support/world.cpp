@@ -3,6 +3,7 @@
 #include <cstring>
 #include <sstream>
 
+#include "core/statemachine.h"
 #include "physics/transform.h"
 
 namespace carapace_test {

@@ -1,0 +1,74 @@
+"""What the user is told when the program cannot start."""
+import shutil
+import signal
+import unittest
+
+from case import SETTINGS, GameTest
+from driver import ask, box_is_shown, tap, wait_until
+
+LOG = "log_file.log"
+TIME = r"\[\w{3} \w{3} [ \d]\d \d\d:\d\d:\d\d \d{4}\] "
+NO_WINDOW = {"DISPLAY": None, "WAYLAND_DISPLAY": None, "SDL_VIDEODRIVER": None}
+SETTING_KEYS = ("name", "title", "Activate_Console", "Activate_ImGui", "fullscreen", "winwidth", "winheight")
+DEAD_DISPLAY = ":987"
+
+
+class Failure(GameTest):
+
+    def close_box(self, title):
+        """Waits for a box and closes it as a user does, with the Return key."""
+        wait_until(lambda: box_is_shown(title), f"the box \"{title}\"")
+        self.assertTrue(self.game.is_running(), "the program waits for the user")
+        wait_until(lambda: box_is_shown(title) and ask("xdotool", "getwindowfocus").strip() != "1",
+                   "focus of the box")
+        tap("Return")
+
+    def assert_failed_with(self, pattern):
+        """The program ended with failure, and wrote the sentence to standard error."""
+        self.assertNotEqual(self.game.wait_for_end(), 0)
+        self.assertRegex(self.game.errors(), pattern)
+        self.assertNotIn("Program Ending", self.game.output())
+
+    def assert_not_found(self, path):
+        """The first file that cannot be found is named in the log, in a box and on standard error."""
+        self.game = self.start()
+        self.close_box("Error")
+        line = path.replace(".", r"\.") + r"file not found \(jsonunserializer\.cpp, Line \d+\)"
+        self.assert_failed_with(line)
+        self.assertRegex((self.directory / LOG).read_text(), "^" + TIME + line + "\n$")
+
+    def test_a_missing_settings_file_is_logged_and_shown(self):
+        (self.directory / SETTINGS).unlink()
+        self.assert_not_found(SETTINGS)
+
+    def test_missing_data_are_logged_and_shown(self):
+        shutil.rmtree(self.directory / "Resources")
+        self.assert_not_found("Resources/CollisionInfo.json")
+
+    def test_a_broken_settings_file_counts_as_one_without_keys(self):
+        (self.directory / SETTINGS).write_text('{"name": ')
+        self.game = self.start()
+        for key in SETTING_KEYS:
+            wait_until(lambda: f"Cant find Key: {key}\n" in self.game.output(), f"the line on {key}")
+        wait_until(lambda: ask("xdotool", "search", "--onlyvisible", "--class", "carapace"), "a window")
+        self.game.process.send_signal(signal.SIGTERM)
+        self.assert_orderly_end(self.game)
+
+    def test_without_a_display_the_program_says_so_and_ends(self):
+        self.game = self.start(NO_WINDOW)
+        self.assert_failed_with("(?i)display")
+
+    def test_a_display_that_does_not_answer_is_said_and_ends_the_program(self):
+        for driver in (None, "x11"):
+            with self.subTest(driver=driver):
+                self.game = self.start({**NO_WINDOW, "DISPLAY": DEAD_DISPLAY, "SDL_VIDEODRIVER": driver})
+                self.assert_failed_with("(?i)display")
+
+    def test_an_opengl_that_is_too_old_is_said_and_ends_the_program(self):
+        self.game = self.start({"MESA_GL_VERSION_OVERRIDE": "2.1"})
+        self.close_box("Carapace")
+        self.assert_failed_with("OpenGL 3.3")
+
+
+if __name__ == "__main__":
+    unittest.main()
