@@ -311,6 +311,29 @@ TEST_F(AnimationStepTest, TheLastFrameOfALoopShowsTheSpriteDrawnBefore) {
   ExpectWindow(scene.Draw()[1], 0.25f, 0.5f);
 }
 
+TEST_F(AnimationStepTest, ALoopsEndAfterALoopsEndShowsTheWindowThatTheOtherLeft) {
+  GameObj* other = scene.AddAnimated("other", "loop");
+  Of<Animation>(other).m_currStep = 0.75f;
+  Make("loop");
+  Anim().m_loop_frames = 2;
+  Anim().m_currStep = 0.5f;
+  const std::vector<DrawCommand> draws = scene.Draw();
+  ASSERT_EQ(draws.size(), 2u);
+  ExpectWindow(draws[1], 0.75f, 1.0f);
+}
+
+TEST_F(AnimationStepTest, ALoopsEndAfterAModelShowsTheWholeTexture) {
+  GameObj* animated = scene.AddAnimated("animated", "loop");
+  Of<Animation>(animated).m_currStep = 0.25f;
+  GameObj* model = scene.AddSprite("model", "six");
+  Of<iModel>(model).m_vertices.resize(4);
+  Make("loop");
+  Anim().m_currStep = 0.75f;
+  const std::vector<DrawCommand> draws = scene.Draw();
+  ASSERT_EQ(draws.size(), 3u);
+  ExpectWindow(draws[2], 0.0f, 1.0f);
+}
+
 TEST_F(AnimationStepTest, TheSpriteAfterALoopsEndStartsFromItsUploadedWindow) {
   Make("loop");
   Anim().m_currStep = 0.75f;

@@ -397,6 +397,18 @@ TEST(TextureKeys, AChangeOfTheMapShowsInTheNextFrame) {
   EXPECT_EQ(scene.DrawOne().texture, 42u);
 }
 
+TEST(TextureKeys, AMapThatWasEmptiedIsLookedUpAnew) {
+  Scene scene;
+  // The crosshair's key is the last one of a frame, the background's the first.
+  scene.System().m_background_tex = "Crosshair";
+  scene.Draw();
+  EXPECT_EQ(scene.Frame().commands.front().texture, 12u);
+  scene.System().m_textures.clear();
+  scene.Draw();
+  EXPECT_EQ(scene.Frame().commands.front().texture, 0u);
+  EXPECT_EQ(scene.System().m_textures.count("Crosshair"), 1u);
+}
+
 // --- Objects that lack a part ---
 
 TEST(SpritePasses, ASpriteWithoutModelIsReportedByName) {

@@ -126,7 +126,6 @@ void BackgroundPass(RenderSystem& system) {
 
 void TilePass(RenderSystem& system) {
   Painter& painter = system.m_painter;
-  painter.UploadQuad();
   for (const Sprite& sprite : system.m_sprites.tiles) {
     const Render& render = *sprite.render;
     if (!render.m_visible) continue;

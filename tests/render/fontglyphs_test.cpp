@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "support/fakedevice.h"
 #include "support/reports.h"
 #include "support/tempdirectory.h"
