@@ -68,8 +68,8 @@ class GLDevice {
   /// Shows the back buffer.
   virtual void Present() = 0;
 
-  /// Deletes vertex arrays and buffers; programs and textures go with the context. A second call does
-  /// nothing.
+  /// Deletes vertex arrays and buffers; programs and textures go with the context. A second call
+  /// does nothing.
   virtual void Release() = 0;
 
   /// Counts of the last Execute.
