@@ -49,6 +49,8 @@ void SetAssertBox(AssertBox box) {
   Box() = std::move(box);
 }
 
+// By value: what the caller passes may live in what the failure has broken.
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
 void ZOVAssert(std::string file, std::uint32_t line, std::string message) {
   std::cout.flush();
   std::ofstream log(kLogFile, std::ios::out | std::ios::app);

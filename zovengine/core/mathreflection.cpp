@@ -3,6 +3,6 @@
 
 // The value types that fields are made of.
 RTTR_REGISTRATION {
-  rttr::registration::class_<ZOVEngine::Vector3D>("Vector3");
-  rttr::registration::class_<ZOVEngine::Matrix4x4>("Matrix4x4");
+  const rttr::registration::class_<ZOVEngine::Vector3D> vector("Vector3");
+  const rttr::registration::class_<ZOVEngine::Matrix4x4> matrix("Matrix4x4");
 }

@@ -14,9 +14,11 @@ constexpr int kBorder = 1;  // texels of edge copied around a glyph
 /// The bitmap with its edge texels repeated once outwards on all sides.
 std::vector<std::uint8_t> WithBorder(int width, int height, const std::uint8_t* coverage) {
   std::vector<std::uint8_t> padded;
-  padded.reserve(static_cast<std::size_t>((width + 2 * kBorder) * (height + 2 * kBorder)));
+  padded.reserve(static_cast<std::size_t>(width + 2 * kBorder) *
+                 static_cast<std::size_t>(height + 2 * kBorder));
   for (int y = -kBorder; y < height + kBorder; ++y) {
-    const std::uint8_t* row = coverage + std::clamp(y, 0, height - 1) * width;
+    const std::uint8_t* row =
+        coverage + static_cast<std::ptrdiff_t>(std::clamp(y, 0, height - 1)) * width;
     for (int x = -kBorder; x < width + kBorder; ++x) {
       padded.push_back(row[std::clamp(x, 0, width - 1)]);
     }

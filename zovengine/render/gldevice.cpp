@@ -33,7 +33,8 @@ constexpr GLenum kNoGlxDisplay = 4;
 enum Attribute : GLuint { kPosition = 0, kUv = 1, kModel = 2, kTint = 6, kUnit = 7, kNear = 8 };
 
 const void* Offset(std::size_t bytes) {
-  return reinterpret_cast<const void*>(bytes);
+  // OpenGL takes offsets into a bound buffer as pointers.
+  return reinterpret_cast<const void*>(bytes);  // NOLINT(performance-no-int-to-ptr)
 }
 
 std::string TextOf(GLenum what) {
@@ -262,7 +263,7 @@ void RealGLDevice::PointAtInstances(std::uint32_t first) {
   const GLsizei stride = sizeof(InstanceRecord);
   for (GLuint column = 0; column < 4; ++column) {
     glVertexAttribPointer(kModel + column, 4, GL_FLOAT, GL_FALSE, stride,
-                          Offset(base + 16 * column));
+                          Offset(base + std::size_t{16} * column));
   }
   glVertexAttribIPointer(kNear, 2, GL_UNSIGNED_INT, stride,
                          Offset(base + offsetof(InstanceRecord, near)));

@@ -119,7 +119,7 @@ class ProgramSet {
   bool m_streams = false;
   GLuint m_name = 0;
   std::unique_ptr<GLProgram> m_plain;
-  std::array<Form, 2 * kLightClasses> m_forms;
+  std::array<Form, std::size_t{2} * kLightClasses> m_forms;
 };
 
 }  // namespace ZOVEngine
