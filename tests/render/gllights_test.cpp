@@ -15,7 +15,6 @@ using ZOVEngine::LightClass;
 using ZOVEngine::LightField;
 using ZOVEngine::NearLights;
 using ZOVEngine::StreamVertex;
-using ZOVEngine::WorldBox;
 
 constexpr float kReach = 300.0f;
 

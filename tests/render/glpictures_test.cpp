@@ -37,7 +37,7 @@ Picture DrawnByDevice(const Frame& frame, const GLOptions& options) {
   const auto device = SceneDevice(options);
   device->Execute(frame);
   device->Execute(frame);
-  const Picture picture = context.ReadBack();
+  Picture picture = context.ReadBack();
   EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR));
   device->Release();
   return picture;
