@@ -20,12 +20,12 @@ class ClearWatch {
 /// Ends when a visit changes the state and so destroys the object.
 template <class Visitor>
 void ForEachLogicComponent(GameObj* object, Visitor visit) {
+  if (object->logicComponents == 0) return;
   const ClearWatch watch;
-  const std::vector<ComponentType> types = object->components;
-  for (const ComponentType type : types) {
-    GameComponentBase* component = g_game_obj_factory->Table(type).Get(object);
+  const std::size_t count = object->components.size();
+  for (std::size_t i = 0; i < count && !watch.Cleared(); ++i) {
+    GameComponentBase* component = g_game_obj_factory->Table(object->components[i]).Get(object);
     if (auto* logic = dynamic_cast<LogicComponent*>(component)) visit(logic);
-    if (watch.Cleared()) return;
   }
 }
 

@@ -70,6 +70,9 @@ class GameObj {
   std::string name;  ///< not unique
   bool active = true;
   std::vector<ComponentType> components;  ///< in the order added
+  /// How many of the components are logic components; most objects have none, and what would call
+  /// them need not look.
+  std::uint32_t logicComponents = 0;
 };
 
 /// GameObj::AddComponent for code that holds a pointer: a null one ends the program with a report.

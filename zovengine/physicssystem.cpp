@@ -6,6 +6,8 @@
 #include "core/profile.h"
 #include "objects/gameobjfactory.h"
 #include "objects/reflection.h"
+#include "physics/contactresolution.h"
+#include "physics/integration.h"
 
 RTTR_REGISTRATION {
   using ZOVEngine::PhysicsSystem;
@@ -38,26 +40,102 @@ void PhysicsSystem::Init() {
   UpdateWorldTransforms();
 }
 
-void PhysicsSystem::Update(float) {
+namespace {
+
+// With static storage, so that recording it allocates nothing.
+const std::string kPhysicsRecord = "Physics";
+
+GameObj* ObjectOf(std::uint32_t id) {
+  return g_game_obj_factory->m_objects.at(id);
+}
+
+void AddForce(const AddForceToObject& message) {
+  auto force = std::make_shared<DirectionalForce>();
+  force->lifetime = message.duration;
+  force->direction = message.direction;
+  force->magnitude = message.magnitude;
+  ObjectOf(message.objectId)->GetComponent<RigidBody>()->m_forces.push_back(std::move(force));
+}
+
+void AddTorque(const AddTorqueToObject& message) {
+  auto torque = std::make_shared<RotationalForce>();
+  torque->lifetime = message.duration;
+  torque->torque = message.torque;
+  ObjectOf(message.objectId)->GetComponent<RigidBody>()->m_torques.push_back(std::move(torque));
+}
+
+}  // namespace
+
+void PhysicsSystem::Update(float dt) {
   const std::int64_t start = NowNanoseconds();
   UpdateWorldTransforms();
+  DispatchExits();
+  previous.swap(current);
+  current.clear();
+  for (RigidBody* body : m_bodies->Components()) {
+    if (body->m_active) IntegrateBody(body, m_transforms->Get(body->m_owner), dt);
+  }
   UpdateWorldTransforms();
-  RecordElapsed("Physics", start);
+  RecordElapsed(kPhysicsRecord, start);
 }
 
 void PhysicsSystem::PausedUpdate(float dt) {
-  Update(dt);
+  const std::int64_t start = NowNanoseconds();
+  UpdateWorldTransforms();
+  for (RigidBody* body : m_bodies->Components()) {
+    if (!body->m_active || !body->m_owner->movesWhilePaused) continue;
+    IntegrateBody(body, m_transforms->Get(body->m_owner), dt);
+  }
+  UpdateWorldTransforms();
+  RecordElapsed(kPhysicsRecord, start);
+}
+
+/// Tells both objects of each contact of the step before last that did not come again. An object
+/// that was destroyed since is not told.
+void PhysicsSystem::DispatchExits() {
+  for (std::size_t i = 0; i < previous.size(); ++i) {
+    const std::uint32_t ids[] = {previous[i].objectA, previous[i].objectB};
+    if (current.Contains(ids[0], ids[1])) continue;
+    for (const std::uint32_t id : ids) {
+      // A callback that clears all objects empties the list.
+      if (i >= previous.size() || id >= g_game_obj_factory->m_objects.size()) break;
+      ObjectOf(id)->DispatchCollisionExit(&previous[i].contact);
+    }
+  }
 }
 
 void PhysicsSystem::SendMessage(Message* message) {
-  if (message->id == kRotateObject) {
-    const auto& rotate = dynamic_cast<RotateObject&>(*message);
-    GameObj* object = g_game_obj_factory->m_objects.at(rotate.objectId);
-    object->GetComponent<Transform>()->m_local_rotate += rotate.delta;
-  } else if (message->id == kScaleObject) {
-    const auto& scale = dynamic_cast<ScaleObject&>(*message);
-    GameObj* object = g_game_obj_factory->m_objects.at(scale.objectId);
-    object->GetComponent<Transform>()->m_local_scale += scale.delta;
+  switch (message->id) {
+    case kAddForceToObject:
+      AddForce(dynamic_cast<AddForceToObject&>(*message));
+      break;
+    case kAddTorqueToObject:
+      AddTorque(dynamic_cast<AddTorqueToObject&>(*message));
+      break;
+    case kRotateObject: {
+      const auto& rotate = dynamic_cast<RotateObject&>(*message);
+      ObjectOf(rotate.objectId)->GetComponent<Transform>()->m_local_rotate += rotate.delta;
+      break;
+    }
+    case kScaleObject: {
+      const auto& scale = dynamic_cast<ScaleObject&>(*message);
+      ObjectOf(scale.objectId)->GetComponent<Transform>()->m_local_scale += scale.delta;
+      break;
+    }
+    case kCollidedObjects:
+      ResolveContacts(&dynamic_cast<CollidedObjects&>(*message).contacts);
+      break;
+    default:
+      break;
+  }
+}
+
+/// In list order. Ends when a callback destroys all objects, whose contacts the rest are.
+void PhysicsSystem::ResolveContacts(std::vector<ContactInfo>* contacts) {
+  const std::uint64_t clears = g_game_obj_factory->ClearCount();
+  for (ContactInfo& contact : *contacts) {
+    if (g_game_obj_factory->ClearCount() != clears) return;
+    ResolveContact(&contact, &current, &previous);
   }
 }
 

@@ -8,23 +8,21 @@
 #include "core/system.h"
 #include "objects/componentmanager.h"
 #include "physics/colliderholder.h"
+#include "physics/contactlist.h"
 #include "physics/rigidbody.h"
 #include "physics/transform.h"
 
 namespace ZOVEngine {
 
-/// Two objects in contact, with a copy of the contact.
-struct ContactPair {
-  std::uint32_t objectA = 0;
-  std::uint32_t objectB = 0;
-  ContactInfo contact;
-};
-
-/// The system that places objects in the world and keeps the lists of contacts.
+/// The system that moves every object with a RigidBody.
 ///
-/// World transforms are derived at the head of every fixed step, and at the entry and the exit of
-/// this system's own step. `current` holds the contacts made in this step, `previous` those of the
-/// step before; both name objects by id and are emptied when all objects are destroyed.
+/// Each step it derives the world transforms, tells who is no longer in contact, and integrates the
+/// bodies; later in the step the collider system's CollidedObjects message has it resolve the
+/// contacts and tell the logic components of both sides. There is no gravity and no iteration: a
+/// body moves by its velocity, by timed forces, and by what a contact does to it, once, in the
+/// order of the contacts. `current` holds the contacts made in this step, `previous` those of the
+/// step before; both name objects by id and are emptied when all objects are destroyed. While the
+/// engine is paused the lists are not rotated, so a lasting contact begins anew in every step.
 class PhysicsSystem final : public System {
   RTTR_ENABLE(System)
 
@@ -36,17 +34,22 @@ class PhysicsSystem final : public System {
   /// Fetches the tables and derives the world transforms once.
   void Init() override;
   void Update(float dt) override;
+  /// Moves only what moves in a pause: bodies whose object has `movesWhilePaused` set.
   void PausedUpdate(float dt) override;
-  /// Takes RotateObject and ScaleObject; the object they name must have a Transform.
+  /// Takes AddForceToObject, AddTorqueToObject, RotateObject, ScaleObject, whose object must have
+  /// the component that is meant, and CollidedObjects.
   void SendMessage(Message* message) override;
 
   /// Derives the world set of every Transform from the local values, in table order.
   void UpdateWorldTransforms();
 
-  std::vector<ContactPair> current;
-  std::vector<ContactPair> previous;
+  ContactList current;
+  ContactList previous;
 
  private:
+  void DispatchExits();
+  void ResolveContacts(std::vector<ContactInfo>* contacts);
+
   std::shared_ptr<ComponentManager<RigidBody>> m_bodies;
   std::shared_ptr<ComponentManager<ColliderHolder>> m_holders;
   std::shared_ptr<ComponentManager<Transform>> m_transforms;

@@ -1,11 +1,14 @@
 #pragma once
 
 #include <cstdint>
-#include <vector>
 
+#include "core/fixedlist.h"
 #include "core/vector3d.h"
 
 namespace ZOVEngine {
+
+/// The points of a contact: clipping one edge against another leaves two at most.
+using ContactPoints = FixedList<Vector3D, 2>;
 
 /// One contact between two objects, found by the collider system and resolved by the physics
 /// system.
@@ -19,7 +22,7 @@ struct ContactInfo {
   std::uint32_t objectB = 0;  ///< object id of side B
   Vector3D normal;            ///< unit length, from B towards A
   float penetration = 0.0f;   ///< depth (unit: world units)
-  std::vector<Vector3D> contactPoints;
+  ContactPoints contactPoints;
   Vector3D relativeVelocity;    ///< of A against B at the point resolved last
   float normalVelocity = 0.0f;  ///< its part along the normal; negative means approaching
   bool ignored = false;         ///< no impulse and no positional correction

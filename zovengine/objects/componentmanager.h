@@ -2,11 +2,13 @@
 
 #include <cstdint>
 #include <stdexcept>
+#include <type_traits>
 #include <vector>
 
 #include "gameobj.h"
 #include "objects/gamecomponentbase.h"
 #include "objects/idtable.h"
+#include "objects/logiccomponent.h"
 
 namespace ZOVEngine {
 
@@ -165,6 +167,7 @@ template <class T>
 void GameObj::AddComponent() {
   ComponentManager<T>& table = ComponentTable<T>();
   components.push_back(&typeid(T));
+  if (std::is_base_of_v<LogicComponent, T>) ++logicComponents;
   if (isArchetype) {
     table.AddArchetype(this);
   } else {

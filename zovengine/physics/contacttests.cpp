@@ -1,0 +1,278 @@
+#include "physics/contacttests.h"
+
+#include <array>
+#include <cmath>
+#include <limits>
+
+namespace ZOVEngine {
+namespace {
+
+constexpr float kFarthest = std::numeric_limits<float>::max();
+
+const PolygonCollider& PolygonOf(const ColliderHolder& holder) {
+  return static_cast<const PolygonCollider&>(*holder.m_collider);
+}
+
+const CircleCollider& CircleOf(const ColliderHolder& holder) {
+  return static_cast<const CircleCollider&>(*holder.m_collider);
+}
+
+Vector3D Negated(const Vector3D& v) {
+  return Vector3D(-v.x, -v.y, -v.z);
+}
+
+/// The unit normal of an edge: its direction turned by a quarter, counter-clockwise.
+Vector3D EdgeNormal(const Vector3D& from, const Vector3D& to) {
+  return Vector3D(-(to.y - from.y), to.x - from.x, 0.0f).Normalized();
+}
+
+struct Range {
+  float min, max;
+};
+
+/// The extent of the vertices along an axis that has no depth.
+Range Project(const std::vector<Vector3D>& vertices, const Vector3D& axis) {
+  Range range;
+  range.min = range.max = vertices[0].x * axis.x + vertices[0].y * axis.y;
+  for (std::size_t i = 1; i < vertices.size(); ++i) {
+    const float at = vertices[i].x * axis.x + vertices[i].y * axis.y;
+    range.min = at < range.min ? at : range.min;
+    range.max = at > range.max ? at : range.max;
+  }
+  return range;
+}
+
+/// The search for the axis of least overlap between two polygons.
+class AxisSearch {
+ public:
+  AxisSearch(const PolygonCollider& a, const PolygonCollider& b) : m_a(a), m_b(b) {}
+
+  /// False if the polygons are apart along `axis`; touching is not apart.
+  bool Overlap(const Vector3D& axis) {
+    const Range a = Project(m_a.m_world_vertices, axis);
+    const Range b = Project(m_b.m_world_vertices, axis);
+    if (b.max < a.min || a.max < b.min) return false;
+    const float overlap = b.max > a.max ? a.max - b.min : b.max - a.min;
+    if (overlap < m_least) {
+      m_least = overlap;
+      m_axis = axis;
+    }
+    return true;
+  }
+
+  void Store(ContactInfo* contact) const {
+    contact->collided = true;
+    contact->normal = m_axis;
+    if (Dot(m_a.m_center - m_b.m_center, contact->normal) < 0.0f) {
+      contact->normal = Negated(contact->normal);
+    }
+    contact->normal = contact->normal.Normalized();
+    contact->penetration = m_least;
+  }
+
+ private:
+  const PolygonCollider& m_a;
+  const PolygonCollider& m_b;
+  Vector3D m_axis;
+  float m_least = kFarthest;
+};
+
+bool OverlapAlongBoxEdges(const PolygonCollider& box, AxisSearch* search) {
+  const std::vector<Vector3D>& v = box.m_world_vertices;
+  return search->Overlap(EdgeNormal(v[3], v[0])) && search->Overlap(EdgeNormal(v[3], v[2]));
+}
+
+bool OverlapAlongEdges(const PolygonCollider& polygon, AxisSearch* search) {
+  const std::vector<Vector3D>& v = polygon.m_world_vertices;
+  for (std::size_t i = 0; i < v.size(); ++i) {
+    if (!search->Overlap(EdgeNormal(v[i], v[(i + 1) % v.size()]))) return false;
+  }
+  return true;
+}
+
+std::size_t FarthestVertex(const std::vector<Vector3D>& vertices, const Vector3D& axis) {
+  std::size_t best = 0;
+  float farthest = Dot(vertices[0], axis);
+  for (std::size_t i = 1; i < vertices.size(); ++i) {
+    const float at = Dot(vertices[i], axis);
+    if (at > farthest) {
+      farthest = at;
+      best = i;
+    }
+  }
+  return best;
+}
+
+/// A point of a polygon's outline, the edge that it is on, and its squared distance in the plane.
+struct NearPoint {
+  Vector3D point;
+  Vector3D from;
+  Vector3D to;
+  float distance2 = kFarthest;
+};
+
+/// The point of the segment from `a` to `b` nearest to `c`.
+Vector3D NearestOnEdge(const Vector3D& c, const Vector3D& a, const Vector3D& b) {
+  const Vector3D edge = b - a;
+  const float t = Dot(c - a, edge);
+  const float length2 = Dot(edge, edge);
+  if (t <= 0.0f) return a;
+  if (t >= length2) return b;
+  return a + edge * t / length2;
+}
+
+/// The nearest of the outline's points that are within the squared distance `reach2`, edges in
+/// order; the first found stays on a tie. Sets `*within` when there is any.
+NearPoint NearestOnOutline(const std::vector<Vector3D>& v, const Vector3D& c, float reach2,
+                           bool* within) {
+  NearPoint best;
+  for (std::size_t i = 0; i < v.size(); ++i) {
+    const Vector3D& a = v[i];
+    const Vector3D& b = v[i + 1 == v.size() ? 0 : i + 1];
+    const Vector3D q = NearestOnEdge(c, a, b);
+    const float dx = c.x - q.x;
+    const float dy = c.y - q.y;
+    const float distance2 = dx * dx + dy * dy;
+    if (!(reach2 >= distance2)) continue;
+    *within = true;
+    if (distance2 < best.distance2) best = {q, a, b, distance2};
+  }
+  return best;
+}
+
+/// Counts how often a ray from `c` crosses the outline (Shimrat, 1962).
+bool IsInside(const std::vector<Vector3D>& v, const Vector3D& c) {
+  bool inside = false;
+  for (std::size_t i = 0, j = v.size() - 1; i < v.size(); j = i++) {
+    if ((v[i].y > c.y) == (v[j].y > c.y)) continue;
+    const float x = (v[j].x - v[i].x) * (c.y - v[i].y) / (v[j].y - v[i].y) + v[i].x;
+    if (c.x < x) inside = !inside;
+  }
+  return inside;
+}
+
+/// Sets the normal along `d` and the penetration to its length; a centre exactly on the outline has
+/// the normal of the edge.
+void StoreDistance(const Vector3D& d, const NearPoint& near, ContactInfo* contact) {
+  if (d == Vector3D()) {
+    contact->normal = EdgeNormal(near.from, near.to);
+    contact->penetration = 0.0f;
+    return;
+  }
+  contact->penetration = d.Length();
+  contact->normal = d / contact->penetration;
+}
+
+}  // namespace
+
+bool SatBox(const PolygonCollider& a, const PolygonCollider& b, ContactInfo* contact) {
+  AxisSearch search(a, b);
+  if (!OverlapAlongBoxEdges(a, &search) || !OverlapAlongBoxEdges(b, &search)) return false;
+  search.Store(contact);
+  return true;
+}
+
+bool SatPolygon(const PolygonCollider& a, const PolygonCollider& b, ContactInfo* contact) {
+  AxisSearch search(a, b);
+  if (!OverlapAlongEdges(a, &search) || !OverlapAlongEdges(b, &search)) return false;
+  search.Store(contact);
+  return true;
+}
+
+FacingEdge FindBestEdge(const PolygonCollider& polygon, const Vector3D& axis) {
+  const std::vector<Vector3D>& vertices = polygon.m_world_vertices;
+  const std::size_t count = vertices.size();
+  const std::size_t best = FarthestVertex(vertices, axis);
+  const Vector3D& v = vertices[best];
+  const Vector3D& next = vertices[best + 1 == count ? 0 : best + 1];
+  const Vector3D& prev = vertices[best == 0 ? count - 1 : best - 1];
+  const Vector3D l = (v - next).Normalized();
+  const Vector3D r = (v - prev).Normalized();
+  if (Dot(axis, l) < Dot(axis, r)) return {v, v, next};
+  return {v, prev, v};
+}
+
+ContactPoints ClipSegment(const Vector3D& p1, const Vector3D& p2, const Vector3D& normal,
+                          float offset) {
+  ContactPoints kept;
+  const float d1 = Dot(normal, p1) - offset;
+  const float d2 = Dot(normal, p2) - offset;
+  if (d1 >= 0.0f) kept.push_back(p1);
+  if (d2 >= 0.0f) kept.push_back(p2);
+  if (d1 * d2 < 0.0f) kept.push_back(p1 + (p2 - p1) * d1 / (d1 - d2));
+  return kept;
+}
+
+bool BuildManifold(const PolygonCollider& a, const PolygonCollider& b, ContactInfo* contact) {
+  const Vector3D& n = contact->normal;
+  FacingEdge reference = FindBestEdge(a, Negated(n));
+  FacingEdge incident = FindBestEdge(b, n);
+  const bool flip = !(std::abs(Dot(incident.end - incident.start, n)) >
+                      std::abs(Dot(reference.end - reference.start, n)));
+  if (flip) std::swap(reference, incident);
+
+  const Vector3D along = (reference.end - reference.start).Normalized();
+  ContactPoints clip =
+      ClipSegment(incident.start, incident.end, along, Dot(along, reference.start));
+  if (clip.size() < 2) return false;
+  clip = ClipSegment(clip[0], clip[1], Negated(along), -Dot(along, reference.end));
+  if (clip.size() < 2) return false;
+
+  Vector3D side(-along.y, along.x, 0.0f);
+  if (flip) side = Negated(side);
+  const float limit = Dot(side, reference.extreme);
+  contact->contactPoints.clear();
+  for (const Vector3D& point : clip) {
+    if (!(Dot(side, point) - limit < 0.0f)) contact->contactPoints.push_back(point);
+  }
+  return true;
+}
+
+bool TestBoxBox(const ColliderHolder& a, const ColliderHolder& b, ContactInfo* contact) {
+  return SatBox(PolygonOf(a), PolygonOf(b), contact) &&
+         BuildManifold(PolygonOf(a), PolygonOf(b), contact);
+}
+
+bool TestPolygonPolygon(const ColliderHolder& a, const ColliderHolder& b, ContactInfo* contact) {
+  if (PolygonOf(a).m_world_vertices.empty() || PolygonOf(b).m_world_vertices.empty()) return false;
+  return SatPolygon(PolygonOf(a), PolygonOf(b), contact) &&
+         BuildManifold(PolygonOf(a), PolygonOf(b), contact);
+}
+
+bool TestCircleCircle(const ColliderHolder& a, const ColliderHolder& b, ContactInfo* contact) {
+  const CircleCollider& one = CircleOf(a);
+  const CircleCollider& other = CircleOf(b);
+  const Vector3D between = one.m_center - other.m_center;
+  const float distance2 = Dot(between, between);
+  const float reach = one.m_radius + other.m_radius;
+  if (!(reach * reach > distance2)) return false;
+  contact->collided = true;
+  contact->normal = between.Normalized();
+  contact->penetration = reach - std::sqrt(distance2);
+  contact->contactPoints = {one.m_center + contact->normal * one.m_radius};
+  return true;
+}
+
+bool TestCirclePolygon(const ColliderHolder& a, const ColliderHolder& b, ContactInfo* contact) {
+  const CircleCollider& circle = CircleOf(a);
+  const std::vector<Vector3D>& vertices = PolygonOf(b).m_world_vertices;
+  if (vertices.empty()) return false;
+  const Vector3D& c = circle.m_center;
+  const float r = circle.m_radius;
+  const bool inside = IsInside(vertices, c);
+  contact->collided = inside;
+  const float reach2 = inside ? std::numeric_limits<float>::infinity() : r * r;
+  const NearPoint near = NearestOnOutline(vertices, c, reach2, &contact->collided);
+  if (!contact->collided) return false;
+  StoreDistance(inside ? near.point - c : c - near.point, near, contact);
+  contact->contactPoints = {c - contact->normal * r};
+  return true;
+}
+
+bool TestPolygonCircle(const ColliderHolder& a, const ColliderHolder& b, ContactInfo* contact) {
+  if (!TestCirclePolygon(b, a, contact)) return false;
+  contact->normal = Negated(contact->normal);
+  return true;
+}
+
+}  // namespace ZOVEngine

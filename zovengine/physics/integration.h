@@ -1,0 +1,13 @@
+#pragma once
+
+#include "physics/rigidbody.h"
+#include "physics/transform.h"
+
+namespace ZOVEngine {
+
+/// Advances a body and its Transform by one step (unit of `dt`: seconds): ages the timed forces,
+/// then takes the new velocity from them and the new position from the new velocity (semi-implicit
+/// Euler). A force acts while its lifetime is above its age.
+void IntegrateBody(RigidBody* body, Transform* transform, float dt);
+
+}  // namespace ZOVEngine

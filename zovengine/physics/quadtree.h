@@ -1,0 +1,76 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <vector>
+
+#include "core/vector3d.h"
+
+namespace ZOVEngine {
+
+/// The bounds of a shape in the plane (unit: world units).
+struct Bounds {
+  float min_x, min_y, max_x, max_y;
+
+  /// True unless the two are strictly apart in x or y: touching bounds overlap, and so do bounds
+  /// that are no numbers.
+  bool Overlaps(const Bounds& b) const {
+    return !(b.max_x < min_x || max_x < b.min_x || b.max_y < min_y || max_y < b.min_y);
+  }
+};
+
+/// The number of nodes above a level of a full tree of fours, which is the level's first node.
+constexpr std::uint16_t FirstNodeOfLevel(int level) {
+  return static_cast<std::uint16_t>(((1 << (2 * level)) - 1) / 3);
+}
+
+/// The tree over the visible field that decides which pairs meet, in which order, and who is A.
+///
+/// A node of more than kMaxObjects objects splits into four, down to level kMaxLevels; an object
+/// that straddles a midline stays where it straddles. Objects outside the field go through the same
+/// comparisons. A node splits as soon as one object too many has come its way, and all that is in a
+/// node stands in the order of insertion; so the tree is the same as one that is grown object by
+/// object, and only counts are needed to build it. Every node that could exist has a number: the
+/// root 0, then level by level, children of one node side by side.
+class QuadTree {
+ public:
+  static constexpr int kMaxLevels = 5;    ///< nodes at this level never split
+  static constexpr int kMaxObjects = 10;  ///< of a node that has not split
+  static constexpr float kMinX = -960.0f, kMinY = -540.0f;
+  static constexpr float kWidth = 1920.0f, kHeight = 1080.0f;
+
+  /// Builds the tree over all `bounds`.
+  void Build(const std::vector<Bounds>& bounds);
+
+  /// The node that holds object `i` of the last Build.
+  std::uint16_t NodeOf(std::size_t i) const { return m_nodes[i]; }
+  /// The level of a node, the root's being 0.
+  static int LevelOf(std::uint16_t node) { return kLevels[node]; }
+  /// True if `upper` is `node` itself or on its way to the root.
+  static bool IsOnPath(std::uint16_t upper, std::uint16_t node) {
+    const int up = kLevels[node] - kLevels[upper];
+    return up >= 0 && ((node - FirstNodeOfLevel(kLevels[node])) >> (2 * up)) ==
+                          upper - FirstNodeOfLevel(kLevels[upper]);
+  }
+  bool HasChildren(std::uint16_t node) const { return m_split[node]; }
+
+  /// Calls `visit` with the corners of every node, each parent before its children.
+  void ForEachNode(
+      const std::function<void(const Vector3D& min, const Vector3D& max)>& visit) const;
+
+ private:
+  static constexpr std::size_t kNodes = FirstNodeOfLevel(kMaxLevels + 1);
+  static const std::array<std::uint8_t, kNodes> kLevels;
+
+  static std::uint16_t ChildOf(std::uint16_t node, int child);
+  static std::uint16_t DeepestNode(const Bounds& bounds);
+  void Split();
+
+  std::vector<std::uint16_t> m_nodes;
+  std::array<std::int32_t, kNodes> m_counts{};  ///< objects in a node or below it
+  std::array<bool, kNodes> m_split{};
+  std::array<std::uint16_t, kNodes> m_holders{};  ///< for each node that could be: who stands in
+};
+
+}  // namespace ZOVEngine
