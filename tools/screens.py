@@ -51,6 +51,11 @@ def model():
     }
 
 
+def shared_square():
+    """A model of one vertex: the renderer's own square, which batches best."""
+    return {"m_vertices": [[0.0, 0.0, 0.0, 0.0, 0.0, 255, 255, 255, 255]], "m_index_buffer": [0, 1, 3, 1, 2, 3]}
+
+
 def loop(sheet, frames, seconds):
     return {
         "m_timer": 0.0,
@@ -117,7 +122,7 @@ def archetypes():
         },
     }, archetype=True))
     write(folder + "particle_test.json", record("particle_test", {
-        "Transform": transform(),
+        "Transform": transform(z=1.0),
         "RigidBody": {
             "m_vel": [0.0, 0.0, 0.0],
             "m_accel": [0.0, 0.0, 0.0],
@@ -130,7 +135,7 @@ def archetypes():
             "m_rest": 0.0,
         },
         "Render": render("default", shader="instanced"),
-        "iModel": model(),
+        "iModel": shared_square(),
         "Particle": {},
     }, archetype=True))
 
