@@ -68,7 +68,6 @@ void AddTorque(const AddTorqueToObject& message) {
 
 void PhysicsSystem::Update(float dt) {
   const std::int64_t start = NowNanoseconds();
-  UpdateWorldTransforms();
   DispatchExits();
   previous.swap(current);
   current.clear();
@@ -81,7 +80,6 @@ void PhysicsSystem::Update(float dt) {
 
 void PhysicsSystem::PausedUpdate(float dt) {
   const std::int64_t start = NowNanoseconds();
-  UpdateWorldTransforms();
   for (RigidBody* body : m_bodies->Components()) {
     if (!body->m_active || !body->m_owner->movesWhilePaused) continue;
     IntegrateBody(body, m_transforms->Get(body->m_owner), dt);
@@ -91,15 +89,21 @@ void PhysicsSystem::PausedUpdate(float dt) {
 }
 
 /// Tells both objects of each contact of the step before last that did not come again. An object
-/// that was destroyed since is not told.
+/// that was destroyed since is not told. Nobody else can see the transforms before the bodies have
+/// moved, so they are derived here only when there is someone to tell.
 void PhysicsSystem::DispatchExits() {
+  bool derived = false;
   for (std::size_t i = 0; i < previous.size(); ++i) {
     const std::uint32_t ids[] = {previous[i].objectA, previous[i].objectB};
     if (current.Contains(ids[0], ids[1])) continue;
     for (const std::uint32_t id : ids) {
       // A callback that clears all objects empties the list.
       if (i >= previous.size() || id >= g_game_obj_factory->m_objects.size()) break;
-      ObjectOf(id)->DispatchCollisionExit(&previous[i].contact);
+      GameObj* object = ObjectOf(id);
+      if (object->logicComponents == 0) continue;
+      if (!derived) UpdateWorldTransforms();
+      derived = true;
+      object->DispatchCollisionExit(&previous[i].contact);
     }
   }
 }
@@ -133,9 +137,12 @@ void PhysicsSystem::SendMessage(Message* message) {
 /// In list order. Ends when a callback destroys all objects, whose contacts the rest are.
 void PhysicsSystem::ResolveContacts(std::vector<ContactInfo>* contacts) {
   const std::uint64_t clears = g_game_obj_factory->ClearCount();
-  for (ContactInfo& contact : *contacts) {
+  const BodyTables tables = {*m_transforms, *m_bodies, *m_holders};
+  constexpr std::size_t kAhead = 6;
+  for (std::size_t i = 0; i < contacts->size(); ++i) {
     if (g_game_obj_factory->ClearCount() != clears) return;
-    ResolveContact(&contact, &current, &previous);
+    if (i + kAhead < contacts->size()) PrefetchContact(tables, (*contacts)[i + kAhead]);
+    ResolveContact(tables, &(*contacts)[i], &current, &previous);
   }
 }
 

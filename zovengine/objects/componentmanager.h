@@ -102,6 +102,8 @@ class ComponentManager final : public ComponentManagerBase {
   }
   void RemoveArchetype(GameObj* obj) override { RemoveArchetype(obj->id); }
 
+  /// The component of the level object `id`, or null if it has none.
+  T* Find(std::uint32_t id) const { return m_map.Find(id); }
   /// The dense array of level components, in creation order until the first removal.
   const Array& Components() const { return m_components; }
   const Array& Archetypes() const { return m_archetypes; }

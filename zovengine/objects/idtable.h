@@ -27,6 +27,9 @@ class IdTable {
     throw std::out_of_range("invalid map<K, T> key");
   }
 
+  /// The pointer under `id`, or null when it is absent.
+  T* Find(std::uint32_t id) const { return id < m_items.size() ? m_items[id] : nullptr; }
+
   void Erase(std::uint32_t id) {
     if (id < m_items.size()) m_items[id] = nullptr;
   }

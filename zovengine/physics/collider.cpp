@@ -1,6 +1,7 @@
 #include "physics/collider.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "core/engine.h"
 #include "physics/transform.h"
@@ -23,6 +24,35 @@ void SendLine(const Vector3D& from, const Vector3D& to, const LineStyle& style) 
 /// The corners of the square of side 1, clockwise from the upper left.
 constexpr Vector3D kUnitCorners[4] = {
     {-0.5f, 0.5f, 0.0f}, {0.5f, 0.5f, 0.0f}, {0.5f, -0.5f, 0.0f}, {-0.5f, -0.5f, 0.0f}};
+
+/// A rotation about z, with the elements of its matrix that are not those of the identity. Shapes
+/// are placed in every step, and whole matrices would cost most of that time.
+class Turn {
+ public:
+  explicit Turn(float degrees) {
+    const float radians = DegreesToRadians(degrees);
+    m_xx = m_yy = std::cos(radians);
+    m_yx = std::sin(radians);
+    m_xy = -m_yx;
+  }
+
+  /// This rotation after `b`, as the product of the matrices gives it.
+  Turn operator*(const Turn& b) const {
+    Turn out = *this;
+    out.m_xx = m_xx * b.m_xx + m_xy * b.m_yx;
+    out.m_xy = m_xx * b.m_xy + m_xy * b.m_yy;
+    out.m_yx = m_yx * b.m_xx + m_yy * b.m_yx;
+    out.m_yy = m_yx * b.m_xy + m_yy * b.m_yy;
+    return out;
+  }
+
+  Vector3D Of(const Vector3D& v) const {
+    return Vector3D(m_xx * v.x + m_xy * v.y, m_yx * v.x + m_yy * v.y, v.z);
+  }
+
+ private:
+  float m_xx, m_xy, m_yx, m_yy;
+};
 
 Vector3D PerAxis(const Vector3D& a, const Vector3D& b) {
   return Vector3D(a.x * b.x, a.y * b.y, a.z * b.z);
@@ -65,16 +95,18 @@ void PolygonCollider::DrawDebug() const {
 }
 
 void PolygonCollider::UpdateCollider(const Transform& transform) {
-  const Matrix4x4 scale = Matrix4x4::Scale(transform.m_world_scale.x, transform.m_world_scale.y) *
-                          Matrix4x4::Scale(m_local_scale.x, m_local_scale.y);
-  const Matrix4x4 object_turn = Matrix4x4::Rotation(transform.m_world_rotate);
-  const Matrix4x4 turn = object_turn * Matrix4x4::Rotation(m_local_rot);
+  const float scale_x = transform.m_world_scale.x * m_local_scale.x;
+  const float scale_y = transform.m_world_scale.y * m_local_scale.y;
+  const Turn object_turn(transform.m_world_rotate);
+  // Most shapes are not turned within their object; a turn by nothing changes nothing.
+  const Turn turn = m_local_rot == 0.0f ? object_turn : object_turn * Turn(m_local_rot);
   const Vector3D shift(transform.m_world_pos.x, transform.m_world_pos.y, 0.0f);
 
-  m_center = object_turn * m_local_pos + shift;
+  m_center = object_turn.Of(m_local_pos) + shift;
   m_world_vertices.resize(m_local_vertices.size());
   for (std::size_t i = 0; i < m_local_vertices.size(); ++i) {
-    m_world_vertices[i] = turn * (scale * m_local_vertices[i]) + shift;
+    const Vector3D& local = m_local_vertices[i];
+    m_world_vertices[i] = turn.Of(Vector3D(scale_x * local.x, scale_y * local.y, local.z)) + shift;
   }
   if (m_world_vertices.empty()) return;
   m_min = m_max = m_world_vertices.front();
@@ -117,8 +149,7 @@ std::shared_ptr<iCollider> CircleCollider::Clone() const {
 
 void CircleCollider::UpdateCollider(const Transform& transform) {
   m_radius = m_local_scale.x * transform.m_world_scale.x * 0.5f;
-  m_center = (Matrix4x4::Rotation(transform.m_world_rotate) * Matrix4x4::Rotation(m_local_rot)) *
-             m_local_pos;
+  m_center = (Turn(transform.m_world_rotate) * Turn(m_local_rot)).Of(m_local_pos);
   m_center.x += transform.m_world_pos.x;
   m_center.y += transform.m_world_pos.y;
   const Vector3D reach(m_radius, m_radius, 0.0f);

@@ -6,6 +6,7 @@
 #include <unordered_map>
 
 #include "core/engine.h"
+#include "core/prefetch.h"
 #include "core/profile.h"
 #include "objects/gameobjfactory.h"
 #include "objects/reflection.h"
@@ -95,6 +96,7 @@ void ColliderSystem::WriteMasks() const {
 void ColliderSystem::Init() {
   m_holders = FetchTable<ColliderHolder>();
   m_transforms = FetchTable<Transform>();
+  m_bodies = FetchTable<RigidBody>();
 }
 
 namespace {
@@ -194,8 +196,13 @@ void ColliderSystem::AddShape(ColliderHolder* holder) {
   shape.object = holder->m_owner->id;
   shape.kind = KindOf(holder->m_collider_type);
   CheckShape(*holder, shape.kind);
+  shape.collider = holder->m_collider.get();
+  shape.outline = shape.collider;
+  if (shape.kind != kCircle) {
+    shape.outline = static_cast<const PolygonCollider*>(shape.collider)->m_world_vertices.data();
+  }
   shape.mask = MaskOf(holder->bitmask_category, &shape.has_mask);
-  shape.has_body = holder->m_owner->HasComponent<RigidBody>();
+  shape.has_body = m_bodies->Find(shape.object) != nullptr;
   m_shapes.push_back(shape);
   m_bounds.push_back(BoundsOf(*holder->m_collider));
 }
@@ -233,8 +240,8 @@ bool ColliderSystem::EverMeet(std::size_t a, std::size_t b) const {
 
 /// Lists the tests that are due, in the order in which walking the tree for each shape meets them.
 void ColliderSystem::FindCandidates() {
-  const std::vector<OverlapPair>& pairs = m_finder.Find(m_bounds);
-  m_met.assign(pairs.size(), false);
+  const std::span<const OverlapPair> pairs = m_finder.Find(m_bounds);
+  m_settled.assign(pairs.size(), false);
   m_unsorted.clear();
   for (std::uint32_t pair = 0; pair < pairs.size(); ++pair) {
     const auto [a, b] = pairs[pair];
@@ -270,19 +277,32 @@ bool ColliderSystem::GoesBefore(const Candidate& one, const Candidate& other) co
   return level_one != level_other ? level_one > level_other : one.b < other.b;
 }
 
-/// Runs the tests. A pair in one node is due from both sides; what the first side found the second
-/// does not report again, but a test may fail from one side alone.
+/// Runs the tests. A pair in one node is due from both sides. What the first side found the second
+/// does not report again, and shapes that do not overlap do so from neither side; but overlapping
+/// polygons may lack contact points from one side alone.
 void ColliderSystem::FindContacts() {
-  for (const Candidate& candidate : m_candidates) {
-    if (m_met[candidate.pair]) continue;
+  constexpr std::size_t kAhead = 6;
+  for (std::size_t i = 0; i < m_candidates.size(); ++i) {
+    if (i + kAhead < m_candidates.size()) PrefetchShapes(m_candidates[i + kAhead]);
+    const Candidate& candidate = m_candidates[i];
+    if (m_settled[candidate.pair]) continue;
     const Shape& a = m_shapes[candidate.a];
     const Shape& b = m_shapes[candidate.b];
     ContactInfo contact;
-    if (!TestFor(a.kind, b.kind)(*a.holder, *b.holder, &contact)) continue;
-    m_met[candidate.pair] = true;
+    const bool found = TestFor(a.kind, b.kind)(*a.holder, *b.holder, &contact);
+    m_settled[candidate.pair] = found || !contact.collided;
+    if (!found) continue;
     contact.objectA = a.object;
     contact.objectB = b.object;
     m_message.contacts.push_back(contact);
+  }
+}
+
+void ColliderSystem::PrefetchShapes(const Candidate& candidate) const {
+  for (const std::uint32_t i : {candidate.a, candidate.b}) {
+    Prefetch(&m_shapes[i].collider->m_center);
+    Prefetch(m_shapes[i].outline);
+    Prefetch(&m_shapes[i].holder->m_collider);
   }
 }
 

@@ -13,6 +13,7 @@
 #include "physics/contacttests.h"
 #include "physics/overlapfinder.h"
 #include "physics/quadtree.h"
+#include "physics/rigidbody.h"
 #include "physics/transform.h"
 
 namespace ZOVEngine {
@@ -58,6 +59,8 @@ class ColliderSystem final : public UnpausedSystem {
   /// An active holder of the step, with what the pairing asks of it.
   struct Shape {
     ColliderHolder* holder;
+    const iCollider* collider;
+    const void* outline;  ///< what the tests read besides the collider: its vertices, if it has any
     std::uint32_t object;  ///< object id
     std::uint32_t kind;    ///< row and column of the pair tests
     int mask;
@@ -81,9 +84,11 @@ class ColliderSystem final : public UnpausedSystem {
   void SortCandidates();
   bool GoesBefore(const Candidate& one, const Candidate& other) const;
   void FindContacts();
+  void PrefetchShapes(const Candidate& candidate) const;
 
   std::shared_ptr<ComponentManager<ColliderHolder>> m_holders;
   std::shared_ptr<ComponentManager<Transform>> m_transforms;
+  std::shared_ptr<ComponentManager<RigidBody>> m_bodies;
   QuadTree m_tree;
   OverlapFinder m_finder;
   CollidedObjects m_message;
@@ -92,7 +97,7 @@ class ColliderSystem final : public UnpausedSystem {
   std::vector<Candidate> m_candidates;
   std::vector<Candidate> m_unsorted;
   std::vector<std::uint32_t> m_starts;  ///< of each A's candidates, and the end
-  std::vector<bool> m_met;              ///< by pair: found from the other side already
+  std::vector<bool> m_settled;          ///< by pair: the other side needs no test
   const std::string* m_last_category = nullptr;
   int m_last_mask = 0;
   bool m_last_known = false;

@@ -3,10 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "core/prefetch.h"
 #include "objects/gameobjfactory.h"
-#include "physics/colliderholder.h"
-#include "physics/rigidbody.h"
-#include "physics/transform.h"
 #include "zovassert.h"
 
 namespace ZOVEngine {
@@ -14,21 +12,23 @@ namespace {
 
 /// One side of a contact. Transform and body are null for an object that has none.
 struct Side {
-  explicit Side(std::uint32_t id)
+  Side(const BodyTables& tables, std::uint32_t id)
       : object(g_game_obj_factory->m_objects.at(id)),
-        transform(object->HasComponent<Transform>() ? object->GetComponent<Transform>() : nullptr),
-        body(object->HasComponent<RigidBody>() ? object->GetComponent<RigidBody>() : nullptr) {}
+        transform(tables.transforms.Find(id)),
+        body(tables.bodies.Find(id)),
+        collider(tables.holders.Get(id)->m_collider.get()) {}
 
   /// Moves the object in its parent's space (unit: world units).
   void Move(const Vector3D& by) const {
     if (transform != nullptr) transform->SetLocalPosition(transform->m_local_pos + by);
   }
 
-  Vector3D Center() const { return object->GetComponent<ColliderHolder>()->m_collider->m_center; }
+  const Vector3D& Center() const { return collider->m_center; }
 
   GameObj* object;
   Transform* transform;
   RigidBody* body;
+  const iCollider* collider;
 };
 
 /// The velocity of the point at `arm` from the centre (unit: world units per second).
@@ -61,12 +61,13 @@ void Pull(RigidBody* body, const Vector3D& arm, const Vector3D& impulse) {
 /// The resolution of one contact. It ends as soon as a callback destroyed all objects.
 class Resolution {
  public:
-  Resolution(ContactInfo* contact, ContactList* current, ContactList* previous)
+  Resolution(const BodyTables& tables, ContactInfo* contact, ContactList* current,
+             ContactList* previous)
       : m_contact(*contact),
         m_current(*current),
         m_previous(*previous),
-        m_a(contact->objectA),
-        m_b(contact->objectB) {}
+        m_a(tables, contact->objectA),
+        m_b(tables, contact->objectB) {}
 
   void Run() {
     if (m_a.body != nullptr && m_b.body != nullptr) {
@@ -169,8 +170,20 @@ class Resolution {
 
 }  // namespace
 
-void ResolveContact(ContactInfo* contact, ContactList* current, ContactList* previous) {
-  Resolution(contact, current, previous).Run();
+void ResolveContact(const BodyTables& tables, ContactInfo* contact, ContactList* current,
+                    ContactList* previous) {
+  Resolution(tables, contact, current, previous).Run();
+}
+
+void PrefetchContact(const BodyTables& tables, const ContactInfo& contact) {
+  for (const std::uint32_t id : {contact.objectA, contact.objectB}) {
+    if (const RigidBody* body = tables.bodies.Find(id)) {
+      Prefetch(&body->m_vel);
+      Prefetch(&body->m_inv_inertia);
+      Prefetch(&body->m_rest);
+    }
+    if (const Transform* transform = tables.transforms.Find(id)) Prefetch(&transform->m_local_pos);
+  }
 }
 
 }  // namespace ZOVEngine

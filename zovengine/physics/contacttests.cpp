@@ -49,8 +49,11 @@ class AxisSearch {
 
   /// False if the polygons are apart along `axis`; touching is not apart.
   bool Overlap(const Vector3D& axis) {
-    const Range a = Project(m_a.m_world_vertices, axis);
-    const Range b = Project(m_b.m_world_vertices, axis);
+    return Overlap(axis, Project(m_a.m_world_vertices, axis), Project(m_b.m_world_vertices, axis));
+  }
+
+  /// The same for what the two cover of the axis.
+  bool Overlap(const Vector3D& axis, const Range& a, const Range& b) {
     if (b.max < a.min || a.max < b.min) return false;
     const float overlap = b.max > a.max ? a.max - b.min : b.max - a.min;
     if (overlap < m_least) {
@@ -77,10 +80,44 @@ class AxisSearch {
   float m_least = kFarthest;
 };
 
-bool OverlapAlongBoxEdges(const PolygonCollider& box, AxisSearch* search) {
-  const std::vector<Vector3D>& v = box.m_world_vertices;
-  return search->Overlap(EdgeNormal(v[3], v[0])) && search->Overlap(EdgeNormal(v[3], v[2]));
+/// Four floats that are computed with at once, by an extension that all of our compilers have.
+using Lanes = float __attribute__((vector_size(4 * sizeof(float))));
+
+Lanes Lesser(const Lanes& a, const Lanes& b) {
+  return a < b ? a : b;
 }
+Lanes Greater(const Lanes& a, const Lanes& b) {
+  return a > b ? a : b;
+}
+
+/// The four axes of two boxes, side by side, and what the boxes cover of them.
+struct BoxAxes {
+  BoxAxes(const Vector3D* a, const Vector3D* b)
+      : x{a[3].y - a[0].y, a[3].y - a[2].y, b[3].y - b[0].y, b[3].y - b[2].y},
+        y{a[0].x - a[3].x, a[2].x - a[3].x, b[0].x - b[3].x, b[2].x - b[3].x} {
+    const Lanes squares = x * x + y * y;
+    const Lanes lengths = {std::sqrt(squares[0]), std::sqrt(squares[1]), std::sqrt(squares[2]),
+                           std::sqrt(squares[3])};
+    const Lanes none = {};
+    x = lengths == none ? none : x / lengths;
+    y = lengths == none ? none : y / lengths;
+    Cover(a, &min_a, &max_a);
+    Cover(b, &min_b, &max_b);
+  }
+
+  void Cover(const Vector3D* vertices, Lanes* min, Lanes* max) const {
+    *min = *max = vertices[0].x * x + vertices[0].y * y;
+    for (int i = 1; i < 4; ++i) {
+      const Lanes at = vertices[i].x * x + vertices[i].y * y;
+      *min = Lesser(at, *min);
+      *max = Greater(at, *max);
+    }
+  }
+
+  static constexpr int kAxes = 4;
+  Lanes x, y;
+  Lanes min_a, max_a, min_b, max_b;
+};
 
 bool OverlapAlongEdges(const PolygonCollider& polygon, AxisSearch* search) {
   const std::vector<Vector3D>& v = polygon.m_world_vertices;
@@ -166,8 +203,14 @@ void StoreDistance(const Vector3D& d, const NearPoint& near, ContactInfo* contac
 }  // namespace
 
 bool SatBox(const PolygonCollider& a, const PolygonCollider& b, ContactInfo* contact) {
+  const BoxAxes axes(a.m_world_vertices.data(), b.m_world_vertices.data());
   AxisSearch search(a, b);
-  if (!OverlapAlongBoxEdges(a, &search) || !OverlapAlongBoxEdges(b, &search)) return false;
+  for (int k = 0; k < BoxAxes::kAxes; ++k) {
+    if (!search.Overlap(Vector3D(axes.x[k], axes.y[k], 0.0f), {axes.min_a[k], axes.max_a[k]},
+                        {axes.min_b[k], axes.max_b[k]})) {
+      return false;
+    }
+  }
   search.Store(contact);
   return true;
 }

@@ -6,7 +6,7 @@
 namespace ZOVEngine {
 namespace {
 
-constexpr float kCellPerMeanExtent = 2.0f;
+constexpr float kSmallPerMean = 2.0f;
 constexpr float kSmallestCell = 8.0f;  ///< bounds the number of cells (unit: world units)
 /// Makes cells a little wider than the objects in them, so that rounding cannot put two that touch
 /// two cells apart.
@@ -29,14 +29,14 @@ int CellOf(float offset, float per_unit, int count) {
 
 }  // namespace
 
-const std::vector<OverlapPair>& OverlapFinder::Find(const std::vector<Bounds>& bounds) {
-  m_pairs.clear();
+std::span<const OverlapPair> OverlapFinder::Find(const std::vector<Bounds>& bounds) {
+  m_count = 0;
   ChooseCells(bounds);
   File(bounds);
   MatchNeighbours();
   MatchLarge(bounds);
   MatchIrregular(bounds);
-  return m_pairs;
+  return {m_pairs.data(), m_count};
 }
 
 void OverlapFinder::ChooseCells(const std::vector<Bounds>& bounds) {
@@ -47,7 +47,11 @@ void OverlapFinder::ChooseCells(const std::vector<Bounds>& bounds) {
     sum += extent < QuadTree::kWidth ? extent : QuadTree::kWidth;
   }
   const float mean = bounds.empty() ? 0.0f : sum / static_cast<float>(bounds.size());
-  m_cell = std::max(mean * kCellPerMeanExtent, kSmallestCell);
+  m_cell = kSmallestCell;
+  for (const Bounds& b : bounds) {
+    const float extent = ExtentOf(b);
+    if (extent <= mean * kSmallPerMean && extent > m_cell) m_cell = extent;
+  }
   m_per_unit = 1.0f / (m_cell * kSlack);
   m_columns = static_cast<int>(QuadTree::kWidth * m_per_unit) + 1;
   m_rows = static_cast<int>(QuadTree::kHeight * m_per_unit) + 1;
@@ -84,40 +88,46 @@ void OverlapFinder::File(const std::vector<Bounds>& bounds) {
   m_filed.resize(m_small.size());
   // Filled from behind, each cell's end moves down to its start.
   for (std::size_t k = m_small.size(); k-- > 0;) {
-    m_filed[--m_starts[m_cells[k]]] = {bounds[m_small[k]], m_small[k]};
+    m_filed[--m_starts[m_cells[k]]] = {bounds[m_small[k]], m_small[k], m_cells[k]};
   }
 }
 
+/// Makes room for `more` pairs.
+void OverlapFinder::Reserve(std::size_t more) {
+  if (m_pairs.size() < m_count + more) m_pairs.resize(2 * m_pairs.size() + more);
+}
+
 void OverlapFinder::Add(std::uint32_t a, std::uint32_t b) {
-  m_pairs.push_back({std::min(a, b), std::max(a, b)});
+  Reserve(1);
+  m_pairs[m_count++] = {std::min(a, b), std::max(a, b)};
 }
 
 void OverlapFinder::MatchRange(const Bounds& bounds, std::uint32_t index, std::uint32_t from,
                                std::uint32_t to) {
+  if (from >= to) return;
+  Reserve(to - from);
   for (std::uint32_t k = from; k < to; ++k) {
-    if (bounds.Overlaps(m_filed[k].bounds)) Add(index, m_filed[k].index);
+    // Stored in any case and counted if it is a pair: no branch that would be guessed wrong.
+    const std::uint32_t other = m_filed[k].index;
+    m_pairs[m_count] = {std::min(index, other), std::max(index, other)};
+    m_count += bounds.Overlaps(m_filed[k].bounds) ? 1 : 0;
   }
 }
 
 /// Each small object against those behind it in its cell and the next of the row, and those in the
-/// three cells of the next row: cells of a row stand side by side in memory.
+/// three cells around in the next row: cells of a row stand side by side in memory.
 void OverlapFinder::MatchNeighbours() {
   const auto columns = static_cast<std::uint32_t>(m_columns);
   const auto cells = static_cast<std::uint32_t>(m_starts.size() - 1);
-  for (std::uint32_t cell = 0; cell < cells; ++cell) {
-    if (m_starts[cell] == m_starts[cell + 1]) continue;
-    const std::uint32_t column = cell % columns;
+  for (std::uint32_t k = 0; k < m_filed.size(); ++k) {
+    const Filed filed = m_filed[k];
+    const std::uint32_t column = filed.cell % columns;
     const std::uint32_t right = column + 1 < columns ? 1 : 0;
     const std::uint32_t left = column > 0 ? 1 : 0;
-    const std::uint32_t row_end = m_starts[cell + right + 1];
-    const bool last_row = cell + columns >= cells;
-    const std::uint32_t below = last_row ? 0 : m_starts[cell + columns - left];
-    const std::uint32_t below_end = last_row ? 0 : m_starts[cell + columns + right + 1];
-    for (std::uint32_t k = m_starts[cell]; k < m_starts[cell + 1]; ++k) {
-      const Filed filed = m_filed[k];
-      MatchRange(filed.bounds, filed.index, k + 1, row_end);
-      MatchRange(filed.bounds, filed.index, below, below_end);
-    }
+    MatchRange(filed.bounds, filed.index, k + 1, m_starts[filed.cell + right + 1]);
+    if (filed.cell + columns >= cells) continue;
+    const std::uint32_t below = filed.cell + columns;
+    MatchRange(filed.bounds, filed.index, m_starts[below - left], m_starts[below + right + 1]);
   }
 }
 

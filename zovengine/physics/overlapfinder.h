@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <vector>
 
 #include "physics/quadtree.h"
@@ -15,20 +16,22 @@ struct OverlapPair {
 
 /// Finds all overlapping pairs of a list of bounds with a uniform grid.
 ///
-/// The side of a cell is twice the mean extent, so that an object of up to that size, filed by its
-/// low corner, meets only objects in the cells around it. What is larger looks through all cells
+/// Small is what has at most twice the mean extent; the side of a cell is the largest extent of
+/// these, so that a small object, filed by its low corner, meets only those in the cells around it.
+/// What is larger looks through all cells
 /// that it covers; what has no proper bounds (its low corner above its high one, or no numbers)
 /// looks through everything. The order of the pairs says nothing. Memory is kept between calls.
 class OverlapFinder {
  public:
-  /// All pairs with Bounds::Overlaps; each pair once.
-  const std::vector<OverlapPair>& Find(const std::vector<Bounds>& bounds);
+  /// All pairs with Bounds::Overlaps; each pair once. They stay until the next call.
+  std::span<const OverlapPair> Find(const std::vector<Bounds>& bounds);
 
  private:
   /// A small object in the order of its cell.
   struct Filed {
     Bounds bounds;
     std::uint32_t index;
+    std::uint32_t cell;
   };
 
   void ChooseCells(const std::vector<Bounds>& bounds);
@@ -37,6 +40,7 @@ class OverlapFinder {
   void MatchLarge(const std::vector<Bounds>& bounds);
   void MatchIrregular(const std::vector<Bounds>& bounds);
   void MatchRange(const Bounds& bounds, std::uint32_t index, std::uint32_t from, std::uint32_t to);
+  void Reserve(std::size_t more);
   void Add(std::uint32_t a, std::uint32_t b);
   int Column(float x) const;
   int Row(float y) const;
@@ -49,7 +53,8 @@ class OverlapFinder {
   std::vector<std::uint32_t> m_cells;   ///< of each small object
   std::vector<std::uint32_t> m_small, m_large, m_irregular;
   std::vector<Filed> m_filed;
-  std::vector<OverlapPair> m_pairs;
+  std::vector<OverlapPair> m_pairs;  ///< the first m_count are in use
+  std::size_t m_count = 0;
 };
 
 }  // namespace ZOVEngine

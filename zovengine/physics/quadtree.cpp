@@ -1,5 +1,7 @@
 #include "physics/quadtree.h"
 
+#include <bit>
+
 namespace ZOVEngine {
 
 const std::array<std::uint8_t, QuadTree::kNodes> QuadTree::kLevels = [] {
@@ -44,20 +46,78 @@ int ChildIndex(const Bounds& b, float mid_x, float mid_y) {
 
 }  // namespace
 
-std::uint16_t QuadTree::ChildOf(std::uint16_t node, int child) {
-  return static_cast<std::uint16_t>(4 * node + 1 + child);
+namespace {
+
+/// One axis of the field cut into the cells of the deepest level, whose borders are the midlines of
+/// all nodes. All borders are exact floats.
+struct Axis {
+  static constexpr int kCells = 1 << QuadTree::kMaxLevels;
+  float min, cell;
+
+  float Border(int i) const { return min + cell * static_cast<float>(i); }
+
+  /// The cell that `x` is in or next to; off by one at most.
+  int Near(float x) const {
+    const float at = (x - min) / cell;
+    if (!(at > 0.0f)) return 0;
+    return at < static_cast<float>(kCells) ? static_cast<int>(at) : kCells - 1;
+  }
+
+  /// How many inner borders are below `x`.
+  int BordersBelow(float x) const {
+    const int near = Near(x);
+    return near + (near + 1 < kCells && Border(near + 1) < x) - (near > 0 && !(Border(near) < x));
+  }
+
+  /// How many inner borders are at `x` or below it.
+  int BordersUpTo(float x) const {
+    const int near = Near(x);
+    return near + (near + 1 < kCells && Border(near + 1) <= x) - (near > 0 && !(Border(near) <= x));
+  }
+};
+
+constexpr Axis kAxisX = {QuadTree::kMinX, QuadTree::kWidth / Axis::kCells};
+constexpr Axis kAxisY = {QuadTree::kMinY, QuadTree::kHeight / Axis::kCells};
+
+/// The bits of `x` with a zero before each.
+unsigned Spread(unsigned x) {
+  x = (x | (x << 4)) & 0x10F;
+  x = (x | (x << 2)) & 0x133;
+  return (x | (x << 1)) & 0x155;
 }
 
-std::uint16_t QuadTree::DeepestNode(const Bounds& bounds) {
+/// The deepest node of bounds with the low corner below the high one, by the bits of the cells of
+/// both corners: where they begin to differ, the bounds straddle a midline.
+std::uint16_t DeepestOfRegular(const Bounds& b) {
+  const auto low_x = static_cast<unsigned>(kAxisX.BordersBelow(b.min_x));
+  const auto low_y = static_cast<unsigned>(kAxisY.BordersBelow(b.min_y));
+  const auto high_x = static_cast<unsigned>(kAxisX.BordersUpTo(b.max_x));
+  const auto high_y = static_cast<unsigned>(kAxisY.BordersUpTo(b.max_y));
+  const int undone = std::bit_width((low_x ^ high_x) | (low_y ^ high_y));
+  const unsigned lower_half = ~low_y & (Axis::kCells - 1);  // a bit for each level: the lower child
+  const unsigned path = (Spread(lower_half) << 1) | Spread(low_x ^ lower_half);
+  return static_cast<std::uint16_t>(FirstNodeOfLevel(QuadTree::kMaxLevels - undone) +
+                                    (path >> (2 * undone)));
+}
+
+/// The deepest node of any bounds, level by level.
+std::uint16_t DeepestByLevels(const Bounds& b) {
   Cell cell;
   std::uint16_t node = 0;
-  for (int level = 0; level < kMaxLevels; ++level) {
-    const int child = ChildIndex(bounds, cell.MidX(), cell.MidY());
+  for (int level = 0; level < QuadTree::kMaxLevels; ++level) {
+    const int child = ChildIndex(b, cell.MidX(), cell.MidY());
     if (child < 0) break;
     cell = cell.Child(child);
-    node = ChildOf(node, child);
+    node = static_cast<std::uint16_t>(4 * node + 1 + child);
   }
   return node;
+}
+
+}  // namespace
+
+std::uint16_t QuadTree::DeepestNode(const Bounds& bounds) {
+  const bool regular = bounds.min_x <= bounds.max_x && bounds.min_y <= bounds.max_y;
+  return regular ? DeepestOfRegular(bounds) : DeepestByLevels(bounds);
 }
 
 void QuadTree::Build(const std::vector<Bounds>& bounds) {

@@ -16,7 +16,10 @@ struct Bounds {
   /// True unless the two are strictly apart in x or y: touching bounds overlap, and so do bounds
   /// that are no numbers.
   bool Overlaps(const Bounds& b) const {
-    return !(b.max_x < min_x || max_x < b.min_x || b.max_y < min_y || max_y < b.min_y);
+    // Without branches: what is next to each other overlaps or not, and no one can foresee it.
+    const bool apart_x = (b.max_x < min_x) | (max_x < b.min_x);
+    const bool apart_y = (b.max_y < min_y) | (max_y < b.min_y);
+    return !(apart_x | apart_y);
   }
 };
 
@@ -43,6 +46,8 @@ class QuadTree {
   /// Builds the tree over all `bounds`.
   void Build(const std::vector<Bounds>& bounds);
 
+  /// The node in which `bounds` would stand if all nodes had children.
+  static std::uint16_t DeepestNode(const Bounds& bounds);
   /// The node that holds object `i` of the last Build.
   std::uint16_t NodeOf(std::size_t i) const { return m_nodes[i]; }
   /// The level of a node, the root's being 0.
@@ -63,8 +68,6 @@ class QuadTree {
   static constexpr std::size_t kNodes = FirstNodeOfLevel(kMaxLevels + 1);
   static const std::array<std::uint8_t, kNodes> kLevels;
 
-  static std::uint16_t ChildOf(std::uint16_t node, int child);
-  static std::uint16_t DeepestNode(const Bounds& bounds);
   void Split();
 
   std::vector<std::uint16_t> m_nodes;
