@@ -121,7 +121,8 @@ const Files kEmptyLevel = {
      R"({"TileMap": "none.json", "Tiles": "none.json", "Objects": "none.json"})"}};
 const std::string kGameController = Record(
     "controller", {{"Transform", TransformAt(0, 0)}, {"GameController", R"({"m_level_theme": "",
-                      "m_level_map": "Level Editor/Levels/Level01/Level01.json"})"}});
+                      "m_level_map": "Level Editor/Levels/Level01/Level01.json"})"},
+                   {"AudioSource", "{}"}});
 
 TEST(LogicSystem, AControllerLoadedInAPauseIsInitialised) {
   World world(kEmptyLevel);

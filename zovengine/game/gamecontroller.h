@@ -1,18 +1,90 @@
 #pragma once
 
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "game/tilemap.h"
+#include "objects/componentmanager.h"
 #include "objects/logiccomponent.h"
+#include "physics/rigidbody.h"
 
 namespace ZOVEngine {
 
-/// The turn controller in the root object of a level.
+/// The states of the turn machine. The numbers are those of `GameController::m_state`.
+enum TurnState : std::uint32_t {
+  TURN_ENEMY_NEXT = 0,     ///< is any enemy left to act?
+  TURN_ENEMY_SHOOT = 1,    ///< the selected enemy fires its stored aim
+  TURN_ENEMY_SELECT = 2,   ///< pick the next enemy
+  TURN_ENEMY_MOVE = 3,     ///< the selected enemy walks its waypoints
+  TURN_ENEMY_AIM = 4,      ///< the selected enemy picks a target and turns to it
+  TURN_PLAYER_NEXT = 5,    ///< is any player unit left to act?
+  TURN_PLAYER_SELECT = 6,  ///< pick the next player unit
+  TURN_PLAYER_MOVE = 7,    ///< keys move the unit, the mouse aims, a click fires
+  TURN_PLAYER_AIM = 8,     ///< energy spent: the mouse aims, a click fires
+  TURN_LEVEL_END = 9,      ///< level over
+};
+
+/// Runs one level, from the root object of the level on: the units, the camera and the interface
+/// are children of that root.
 ///
-/// Known to the files, the tables and the passes by its name; it has no fields and no behaviour
-/// yet.
-class GameController final : public EmptyLogicComponent {
-  RTTR_ENABLE(EmptyLogicComponent)
+/// When it starts, at its first step, it starts the level's music, builds the level's tiles and
+/// their colliders, and gathers its units. The pointers to objects are valid until the next change
+/// of state; the controller owns none of them.
+class GameController final : public LogicComponent {
+  RTTR_ENABLE(LogicComponent)
 
  public:
-  using EmptyLogicComponent::EmptyLogicComponent;
+  using LogicComponent::LogicComponent;
+
+  void Unserialize(const Value& value) override;
+  void Serialize(Writer& writer) override;
+  /// Starts the level: everything but the two persisted fields is set anew, the level of
+  /// `m_level_map` is built, and the random numbers are seeded from the time of day. An object
+  /// without an AudioSource ends the program.
+  void Init() override;
+  /// Carries out a restart or a way back to the menu that was asked for; after that all objects are
+  /// gone, this one included.
+  void Update(float dt) override;
+  void Destroy() override {}
+  void OnMessage(Message*) override {}
+
+  /// Builds the tiles of the level file at `level_path`: loads its tile objects and its tile map
+  /// and merges the tiles into as few colliders as it can.
+  ///
+  /// A level whose tile objects' file does not exist has no tiles, and one whose tiles are loaded
+  /// already, by the editor for instance, keeps them: both end here without a word. An absent level
+  /// file ends the program. Tiles are matched with cells by their world positions as the file has
+  /// them; a tile on no cell is drawn and does not collide, and of several on one cell the first
+  /// does.
+  void BuildLevel(const std::string& level_path);
+
+  std::shared_ptr<ComponentManager<RigidBody>> m_rigid_bodies;  ///< null until Init
+  std::uint32_t m_state = TURN_ENEMY_NEXT;                      ///< a TurnState
+  std::string m_level_theme = "maintheme03.ogg";                ///< file name of the music
+  std::string m_level_map;                                      ///< path of the level file
+  std::vector<GameObj*> m_tile_objects;
+  TileMap m_tile_map;
+  GameObj* m_camera = nullptr;      ///< the child with a Camera
+  GameObj* m_selected = nullptr;    ///< the acting unit; null until the first selection
+  std::vector<GameObj*> m_players;  ///< in the order of the children
+  std::vector<GameObj*> m_enemies;  ///< in the order of the children
+  Vector3D m_turn_start_pos;        ///< of the acting unit when it was selected; undo goes there
+  std::int32_t m_round = 0;         ///< finished rounds
+  std::string m_ui_state = "ui_default";
+  bool m_music_on = true;
+  bool m_sfx_on = true;
+  bool m_debug = false;         ///< debug drawing is on
+  bool m_fade_done = false;     ///< the dimming at the level's end is over
+  bool m_banner_done = false;   ///< the banner of victory or defeat is fully in
+  bool m_restart = false;       ///< start the level anew at the next update
+  bool m_quit_to_menu = false;  ///< go to the menu at the next update
+
+ private:
+  void ResetFields();
+  void StartSounds();
+  void GatherChildren();
 };
 
 }  // namespace ZOVEngine

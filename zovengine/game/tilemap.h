@@ -1,0 +1,48 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "jsonunserializer.h"
+
+namespace ZOVEngine {
+
+/// The most columns, the most rows and the most cells that a tile map may have. The screen is 32 by
+/// 18 tiles, so this is room for a hundred screens; what a file says beyond it is a slip of its
+/// author or damage, and nothing is allocated for it.
+inline constexpr std::uint32_t kMaxTileCells = 65536;
+/// The largest tile (unit: world units). With it the extent of the largest map fits an int32.
+inline constexpr std::int32_t kMaxTileSize = 16384;
+
+/// The plan of a level in tiles: how many there are, how large they are, and which index each cell
+/// holds.
+///
+/// The map is centred on the world's origin; the first row is the top one. The game places its
+/// tiles by the positions of the tile objects, so a map without indices is a whole map: its cells
+/// are 0. Two files make a map, the one that Load reads and the tile objects beside it.
+struct TileMap {
+  /// Reads the map at `path` in place of what was there, and writes its grid to standard output as
+  /// a trace: the cells row by row, each followed by ", ", then one line end.
+  ///
+  /// "TileObjects" and "TileMap" may be absent. A missing size prints its line and stays. An absent
+  /// file ends the program, and so do, with a report of file and key: a size out of bounds, a row
+  /// or a column beyond the sizes, and a value of another type. A key of "TileObjects" that is no
+  /// number counts as 0.
+  void Load(const std::string& path);
+
+  std::uint32_t m_width = 0;                      ///< columns
+  std::uint32_t m_height = 0;                     ///< rows
+  std::int32_t m_tileSize = 0;                    ///< side of a tile (unit: world units)
+  std::vector<std::vector<std::int32_t>> m_grid;  ///< tile index by [column][row]
+  std::unordered_map<std::int32_t, std::string> m_tileObjects;  ///< name by tile index
+
+ private:
+  void CheckSizes() const;
+  void ReadTileObjects(const Value& root);
+  void ReadGrid(const Value& root);
+  void TraceGrid() const;
+};
+
+}  // namespace ZOVEngine
