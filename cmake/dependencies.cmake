@@ -10,12 +10,14 @@ find_package(glm 0.9.9.8 CONFIG REQUIRED)
 find_package(RTTR 0.9.6 CONFIG REQUIRED COMPONENTS Core)
 find_package(RapidJSON 1.1 CONFIG REQUIRED)
 pkg_check_modules(STB REQUIRED IMPORTED_TARGET stb)
+find_package(OpenAL REQUIRED)
+pkg_check_modules(SNDFILE REQUIRED IMPORTED_TARGET sndfile)
 
 add_library(carapace_dependencies INTERFACE)
 target_include_directories(carapace_dependencies SYSTEM INTERFACE ${RAPIDJSON_INCLUDE_DIRS})
 target_link_libraries(carapace_dependencies INTERFACE
   SDL2::SDL2 X11::X11 GLEW::GLEW OpenGL::GLU OpenGL::GL Freetype::Freetype glm::glm RTTR::Core
-  PkgConfig::STB)
+  PkgConfig::STB OpenAL::OpenAL PkgConfig::SNDFILE)
 
 # clang wants the element type of a default argument in rttr/type.h complete, which it is not there. It
 # reads the header without that default, on which nothing here relies.

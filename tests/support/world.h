@@ -10,6 +10,7 @@
 #include "gameobj.h"
 #include "objects/gameobjfactory.h"
 #include "support/fakedevice.h"
+#include "support/fakemixer.h"
 #include "support/fakenative.h"
 #include "support/tempdirectory.h"
 
@@ -57,6 +58,7 @@ class World {
   TempDirectory& Directory() { return m_directory; }
   FakeNative native;
   FakeDevice device;
+  FakeMixer mixer;
 
  private:
   TempDirectory m_directory;

@@ -1,8 +1,14 @@
 #include "audio/audiosystem.h"
 
+#include <cstdlib>
+#include <iostream>
+#include <optional>
+
 #include "core/messages.h"
 #include "objects/gameobjfactory.h"
 #include "objects/reflection.h"
+#include "physics/rigidbody.h"
+#include "physics/transform.h"
 
 RTTR_REGISTRATION {
   using ZOVEngine::AudioSystem;
@@ -11,19 +17,102 @@ RTTR_REGISTRATION {
 
 namespace ZOVEngine {
 
+namespace {
+
+constexpr MixerSettings kSettings = {
+    .max_streams = 512, .doppler = 1.0f, .units_per_metre = 200.0f, .rolloff = 0.1f};
+
+/// The group that a message calls by number, if there is one.
+std::optional<SoundGroup> GroupOf(std::uint32_t channel) {
+  switch (channel) {
+    case 0:
+      return SoundGroup::kEffects;
+    case 1:
+      return SoundGroup::kMusic;
+    case 2:
+      return SoundGroup::kMaster;
+    default:
+      return std::nullopt;
+  }
+}
+
+[[noreturn]] void EndWithout(const MixerFailure& failure) {
+  std::cout << "FMOD error! (" << failure.code << ") " << failure.text << std::endl;
+  std::exit(-1);
+}
+
+bool IsPlaying(const SoundRecord& sound) {
+  return sound.channel != kNoStream && g_mixer->IsPlaying(sound.channel);
+}
+
+Vector3D PositionOf(GameObj* object) {
+  return object->HasComponent<Transform>() ? object->GetComponent<Transform>()->m_world_pos
+                                           : Vector3D();
+}
+
+Vector3D VelocityOf(GameObj* object) {
+  return object->HasComponent<RigidBody>() ? object->GetComponent<RigidBody>()->m_vel : Vector3D();
+}
+
+}  // namespace
+
+AudioSystem::AudioSystem() {
+  if (g_mixer == nullptr) return;
+  if (const auto failure = g_mixer->Start(kSettings)) EndWithout(*failure);
+  g_mixer->SetListener(Vector3D());
+}
+
 void AudioSystem::Init() {
   m_sources = FetchTable<AudioSource>();
 }
 
-void AudioSystem::Update(float) {}
+void AudioSystem::Update(float) {
+  if (g_mixer == nullptr) return;
+  for (AudioSource* source : m_sources->Components()) UpdateSource(*source);
+  g_mixer->SetListener(Vector3D());
+  g_mixer->Update();
+}
+
+void AudioSystem::UpdateSource(AudioSource& source) {
+  const Vector3D position = PositionOf(source.m_owner);
+  const Vector3D velocity = VelocityOf(source.m_owner);
+  for (auto& [name, sound] : source.sounds) {
+    // What follows goes by this answer, although a sound may be started or stopped in between.
+    const bool playing = IsPlaying(sound);
+    if (sound.start_play && (!playing || sound.sound_type == "SFX")) {
+      Play(name, &sound, playing);
+    } else if (sound.stop_request) {
+      if (playing) g_mixer->Stop(sound.channel);
+      sound.stop_request = false;
+    }
+    if (sound.channel == kNoStream || !playing) continue;
+    if (sound.is_3D) g_mixer->SetPlace(sound.channel, position, velocity);
+    g_mixer->SetVolume(sound.channel, sound.volume);
+  }
+}
+
+void AudioSystem::Play(const std::string& name, SoundRecord* sound, bool playing) {
+  const bool music = sound->sound_type == "BGM";
+  if (playing) g_mixer->Stop(sound->channel);
+  sound->channel = g_mixer->Play({.path = (music ? m_music_directory : m_effects_directory) + name,
+                                  .group = music ? SoundGroup::kMusic : SoundGroup::kEffects,
+                                  .loop = sound->loop,
+                                  .positioned = sound->is_3D});
+  g_mixer->SetVolume(sound->channel, sound->volume);
+  sound->start_play = false;
+  sound->stop_request = false;
+}
 
 void AudioSystem::SendMessage(Message* message) {
+  if (g_mixer == nullptr) return;
   if (message->id == kMute) {
     const auto& mute = dynamic_cast<Mute&>(*message);
-    if (mute.channel < m_groups.size()) m_groups[mute.channel].mute = mute.mute;
+    if (const auto group = GroupOf(mute.channel)) g_mixer->SetGroupMute(*group, mute.mute);
   } else if (message->id == kVolume) {
     const auto& volume = dynamic_cast<Volume&>(*message);
-    if (volume.channel < m_groups.size()) m_groups[volume.channel].volume = volume.volume;
+    if (const auto group = GroupOf(volume.channel)) {
+      g_mixer->SetGroupVolume(*group, volume.volume);
+    }
   }
 }
 

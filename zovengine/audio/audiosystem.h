@@ -1,7 +1,8 @@
 #pragma once
 
-#include <array>
+#include <cstdint>
 #include <memory>
+#include <string>
 
 #include "audio/audiosource.h"
 #include "core/system.h"
@@ -9,27 +10,32 @@
 
 namespace ZOVEngine {
 
-/// What a channel group is set to.
-struct ChannelGroup {
-  bool mute = false;
-  float volume = 1.0f;  ///< 0 to 1
-};
-
-/// The last system: keeps the settings of the three channel groups.
+/// The last system: turns what the AudioSources ask for into calls of the mixer, once a step.
+///
+/// It is the only code that plays sounds. It walks every source, whether or not its object is
+/// active, and does not stop the sounds of objects that are gone. The listener sits at (0, 0, 0)
+/// and never moves. Music is sought in one directory and effects in another; a file that is not
+/// there is not heard, and nothing is said about it. Without a g_mixer there is no sound.
 class AudioSystem final : public UnpausedSystem {
   RTTR_ENABLE(UnpausedSystem)
 
  public:
+  /// Starts the mixer. A failure prints its line and ends the process with exit code -1.
+  AudioSystem();
+
   /// Fetches the table of sources.
   void Init() override;
   void Update(float dt) override;
   /// Takes Mute and Volume; a channel that is none of the groups is ignored.
   void SendMessage(Message* message) override;
 
-  std::array<ChannelGroup, 3> m_groups;  ///< effects, music, master
-
  private:
+  void UpdateSource(AudioSource& source);
+  void Play(const std::string& name, SoundRecord* sound, bool playing);
+
   std::shared_ptr<ComponentManager<AudioSource>> m_sources;
+  const std::string m_music_directory = "Resources/Sound/BGM/";
+  const std::string m_effects_directory = "Resources/Sound/SFX/";
 };
 
 }  // namespace ZOVEngine

@@ -2,8 +2,10 @@
 
 #include <iostream>
 #include <memory>
+#include <vector>
 
 #include "audio/audiosystem.h"
+#include "audio/mixer.h"
 #include "core/logicsystem.h"
 #include "objects/gameobjfactory.h"
 #include "physics/collidersystem.h"
@@ -15,6 +17,14 @@
 #include "render/rendersystem.h"
 
 namespace ZOVEngine {
+namespace {
+
+void ListCollisionTree(std::vector<TreeRectangle>* out) {
+  g_collider_system->Tree().ForEachNode(
+      [out](const Vector3D& min, const Vector3D& max) { out->push_back({min, max}); });
+}
+
+}  // namespace
 
 void CreateEngine() {
   g_engine = new Engine;
@@ -27,6 +37,7 @@ void CreateEngine() {
   g_engine->systems.push_back(new ColliderSystem);
   g_engine->systems.push_back(new RenderSystem);
   g_engine->systems.push_back(new AudioSystem);
+  g_render_system->m_tree_lister = ListCollisionTree;
 }
 
 void InitSystems() {
@@ -49,12 +60,16 @@ int WinMain() {
   const std::unique_ptr<Native> native = MakeSdlNative();
   const std::unique_ptr<GLDevice> device = MakeGLDevice(
       [] { g_native->SwapBuffers(); }, [](int interval) { g_native->SetSwapInterval(interval); });
+  std::unique_ptr<Mixer> mixer = MakeOpenALMixer();
   g_native = native.get();
   g_gl_device = device.get();
+  g_mixer = mixer.get();
   CreateEngine();
   InitSystems();
   MainLoop(*g_engine, NowNanoseconds, BeginStep);
   DestroyEngine();
+  g_mixer = nullptr;
+  mixer.reset();
   g_gl_device = nullptr;
   g_native = nullptr;
   std::cout << "Program Ending" << std::endl;

@@ -5,7 +5,8 @@
 namespace ZOVEngine {
 
 /// Builds g_engine and its eight systems, in their order, each with its constructor's side effects.
-/// The seams g_native and g_gl_device must be set and must outlive the systems.
+/// The seams g_native and g_gl_device must be set and must outlive the systems, and so must g_mixer
+/// in a program with sound.
 void CreateEngine();
 
 /// Calls Init of every system in order; the first state is entered on the way.

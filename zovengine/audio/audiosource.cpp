@@ -1,0 +1,113 @@
+#include "audio/audiosource.h"
+
+#include <vector>
+
+namespace ZOVEngine {
+
+namespace {
+
+bool ReadEntry(const Value& value, bool) {
+  return value.IsTrue();
+}
+
+float ReadEntry(const Value& value, float) {
+  return ToFloat(value);
+}
+
+/// The list under `key`; a missing key, which prints its line, gives an empty one.
+template <class T>
+std::vector<T> ReadList(const Value& object, const char* key) {
+  std::vector<T> list;
+  const Value* value = FindOrComplain(object, key);
+  if (value == nullptr) return list;
+  if (!value->IsArray()) FailReading("expected an array");
+  for (const Value& entry : value->GetArray()) list.push_back(ReadEntry(entry, T()));
+  return list;
+}
+
+/// Entry `index` of a list that may be shorter than the list of names: then the file is unsound.
+template <class T>
+typename std::vector<T>::const_reference EntryOf(const std::vector<T>& list, std::size_t index,
+                                                 const char* key) {
+  JsonTrail::EnterKey(key);
+  if (index >= list.size()) FailReading("shorter than \"sounds\"");
+  return list[index];
+}
+
+void WriteEntry(Writer& writer, const std::string& value) {
+  writer.json->String(value.c_str(), static_cast<rapidjson::SizeType>(value.size()));
+}
+
+void WriteEntry(Writer& writer, bool value) {
+  writer.json->Bool(value);
+}
+
+void WriteEntry(Writer& writer, float value) {
+  WriteFloat(writer, value);
+}
+
+/// Writes `field` of every record under `key`.
+template <class T>
+void WriteList(Writer& writer, const char* key, const std::map<std::string, SoundRecord>& sounds,
+               T SoundRecord::*field) {
+  WriteKey(writer, key);
+  writer.json->StartArray();
+  for (const auto& [name, sound] : sounds) WriteEntry(writer, sound.*field);
+  writer.json->EndArray();
+}
+
+void WriteNames(Writer& writer, const std::map<std::string, SoundRecord>& sounds) {
+  std::vector<std::string> names;
+  for (const auto& [name, sound] : sounds) names.push_back(name);
+  WriteStringArray(writer, "sounds", names);
+}
+
+}  // namespace
+
+void AudioSource::Unserialize(const Value& value) {
+  std::vector<std::string> names;
+  ReadStringArray(value, "sounds", &names);
+  const auto loops = ReadList<bool>(value, "loop");
+  const auto are_3D = ReadList<bool>(value, "is_3D");
+  const auto starts = ReadList<bool>(value, "start_play");
+  const auto volumes = ReadList<float>(value, "volume");
+  std::vector<std::string> types;
+  ReadStringArray(value, "sound_type", &types);
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    SoundRecord sound;
+    sound.loop = EntryOf(loops, i, "loop");
+    sound.is_3D = EntryOf(are_3D, i, "is_3D");
+    sound.start_play = EntryOf(starts, i, "start_play");
+    sound.volume = EntryOf(volumes, i, "volume");
+    sound.sound_type = EntryOf(types, i, "sound_type");
+    sounds[names[i]] = sound;
+  }
+}
+
+void AudioSource::Serialize(Writer& writer) {
+  WriteNames(writer, sounds);
+  WriteList(writer, "loop", sounds, &SoundRecord::loop);
+  WriteList(writer, "is_3D", sounds, &SoundRecord::is_3D);
+  WriteList(writer, "start_play", sounds, &SoundRecord::start_play);
+  WriteList(writer, "sound_type", sounds, &SoundRecord::sound_type);
+  WriteList(writer, "volume", sounds, &SoundRecord::volume);
+}
+
+void AudioSource::PlaySound(const std::string& name) {
+  sounds[name].start_play = true;
+}
+
+void AudioSource::StopSound(const std::string& name) {
+  sounds[name].stop_request = true;
+}
+
+void AudioSource::StopAllSounds() {
+  for (auto& [name, sound] : sounds) sound.stop_request = true;
+}
+
+bool AudioSource::IsPlaying(const std::string& name) {
+  const StreamHandle channel = sounds[name].channel;
+  return g_mixer != nullptr && channel != kNoStream && g_mixer->IsPlaying(channel);
+}
+
+}  // namespace ZOVEngine

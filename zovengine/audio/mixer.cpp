@@ -1,0 +1,7 @@
+#include "audio/mixer.h"
+
+namespace ZOVEngine {
+
+Mixer* g_mixer = nullptr;
+
+}  // namespace ZOVEngine

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <AL/al.h>
+#include <AL/alc.h>
+
+#include <functional>
+#include <optional>
+#include <span>
+#include <vector>
+
+#include "audio/mixer.h"
+
+namespace ZOVEngine {
+
+/// Hears what a device without ears renders: a step of stereo frames, left and right in turn, 1 at
+/// full scale.
+using SampleListener = std::function<void(std::span<const float> samples)>;
+
+/// Frames a second of a device without ears.
+inline constexpr int kSilentRate = 44100;
+/// Frames that it renders in a step of 1/60 second.
+inline constexpr int kSilentStep = kSilentRate / 60;
+
+/// The OpenAL device and its context, which is current from Open to the end of this object.
+///
+/// Where there is no sound device, OpenAL's loopback device stands in, whose samples are rendered
+/// in each step and dropped, so that sounds last as long as they would be heard. One at a time.
+class OpenALDevice {
+ public:
+  OpenALDevice() = default;
+  ~OpenALDevice();
+  OpenALDevice(const OpenALDevice&) = delete;
+  OpenALDevice& operator=(const OpenALDevice&) = delete;
+
+  /// Opens the system's default device or, failing that or when `silent`, the loopback one.
+  std::optional<MixerFailure> Open(int max_sources, bool silent);
+  /// Lets a step pass on the loopback device and hands its samples to `listener`, if there is one.
+  /// A real device has its own time.
+  void Step(const SampleListener& listener);
+
+ private:
+  bool OpenReal(int max_sources);
+  std::optional<MixerFailure> OpenLoopback(int max_sources);
+  bool MakeContext(const ALCint* attributes);
+  void Close();
+
+  ALCdevice* m_device = nullptr;
+  ALCcontext* m_context = nullptr;
+  std::vector<float> m_step;  ///< room for a step's samples; empty on a real device
+};
+
+}  // namespace ZOVEngine
