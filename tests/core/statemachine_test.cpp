@@ -150,8 +150,8 @@ TEST_F(StateMachineTest, ChangeStateKeepsANonEmptyPathOnly) {
 }
 
 TEST_F(StateMachineTest, ChangeStateForgetsTheContacts) {
-  g_physics_system->current.emplace_back();
-  g_physics_system->previous.emplace_back();
+  g_physics_system->current.push_back({});
+  g_physics_system->previous.push_back({});
   ChangeState(kMainMenuState, "");
   EXPECT_THAT(g_physics_system->current, IsEmpty());
   EXPECT_THAT(g_physics_system->previous, IsEmpty());

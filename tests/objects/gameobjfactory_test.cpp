@@ -466,8 +466,8 @@ TEST_F(GameObjFactoryTest, ClearingSkipsNullEntries) {
 }
 
 TEST_F(GameObjFactoryTest, ClearingNothingStillClearsTheContacts) {
-  g_physics_system->current.emplace_back();
-  g_physics_system->previous.emplace_back();
+  g_physics_system->current.push_back({});
+  g_physics_system->previous.push_back({});
   factory.ClearObjects();
   EXPECT_THAT(g_physics_system->current, IsEmpty());
   EXPECT_THAT(g_physics_system->previous, IsEmpty());
