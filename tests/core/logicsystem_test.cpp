@@ -119,10 +119,11 @@ TEST(LogicSystem, APauseStopsSplashAndCamera) {
 const Files kEmptyLevel = {
     {"Level Editor/Levels/Level01/Level01.json",
      R"({"TileMap": "none.json", "Tiles": "none.json", "Objects": "none.json"})"}};
-const std::string kGameController = Record(
-    "controller", {{"Transform", TransformAt(0, 0)}, {"GameController", R"({"m_level_theme": "",
+const std::string kGameController =
+    Record("controller", {{"Transform", TransformAt(0, 0)},
+                          {"GameController", R"({"m_level_theme": "",
                       "m_level_map": "Level Editor/Levels/Level01/Level01.json"})"},
-                   {"AudioSource", "{}"}});
+                          {"AudioSource", "{}"}});
 
 TEST(LogicSystem, AControllerLoadedInAPauseIsInitialised) {
   World world(kEmptyLevel);

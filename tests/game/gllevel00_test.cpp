@@ -1,0 +1,61 @@
+#include <gtest/gtest.h>
+
+#include "game/level00world.h"
+#include "render/gldevice.h"
+#include "render/graphicsconfig.h"
+#include "support/glcontext.h"
+#include "support/picture.h"
+
+namespace carapace_test {
+namespace {
+
+// Where bodies are is the same everywhere; only what the driver makes of edges and lamps differs.
+constexpr Tolerance kTolerance{6, 0.3};
+constexpr int kWidth = 960;
+constexpr int kHeight = 540;
+
+/// The settings of the picture, all textures and the font as they are shipped.
+Files ShippedPictures() {
+  Files files;
+  files[ZOVEngine::kGraphicsConfigPath] = ShippedFile(ZOVEngine::kGraphicsConfigPath);
+  ZOVEngine::JsonDocument settings;
+  settings.ParseText(files[ZOVEngine::kGraphicsConfigPath], "graphics.json");
+  std::vector<std::string> paths;
+  std::string font;
+  ZOVEngine::ReadStringArray(settings.Root(), "texPath", &paths);
+  ZOVEngine::ReadValue(settings.Root(), "fontPath", &font);
+  paths.push_back(font);
+  for (const std::string& path : paths) files[path] = ShippedFile(path);
+  return files;
+}
+
+/// Draws the last frame that a device was given, with all that it had been given before.
+Picture Drawn(const FakeDevice& recorded) {
+  const GLContext context(kWidth, kHeight);
+  const auto device = ZOVEngine::MakeGLDevice(KeepBackBuffer, KeepInterval);
+  EXPECT_EQ(device->Start(), "");
+  for (const auto& [program, sources] : recorded.programs) {
+    device->CompileProgram(program, sources.vertex, sources.fragment);
+  }
+  device->CreateResources(recorded.projection);
+  for (const auto& [position, image] : recorded.textures) device->UploadTexture(position, image);
+  for (const auto& [name, glyph] : recorded.glyphs) {
+    device->UploadGlyph(glyph.width, glyph.height, glyph.coverage.data());
+  }
+  device->Execute(recorded.frame);
+  Picture picture = context.ReadBack();
+  device->Release();
+  return picture;
+}
+
+TEST(GLLevel00, LooksAsItDidAtTheStartAfterASecondAndAfterTenSeconds) {
+  Level00World level(ShippedPictures());
+  EXPECT_EQ(MismatchWithCommitted("level00_0", Drawn(level.world.device), kTolerance), "");
+  level.world.Step(60);
+  EXPECT_EQ(MismatchWithCommitted("level00_60", Drawn(level.world.device), kTolerance), "");
+  level.world.Step(540);
+  EXPECT_EQ(MismatchWithCommitted("level00_600", Drawn(level.world.device), kTolerance), "");
+}
+
+}  // namespace
+}  // namespace carapace_test
