@@ -1,12 +1,15 @@
 #version 330
-// Particles: one quad, drawn once for each matrix, in the light of the level.
+// Particles, in the light of the level.
 //
-// With STREAMED defined each instance brings the numbers of the NEAR lamps that can reach it, as in
-// light.vert.
+// Plain use: one quad, drawn once for each matrix. With STREAMED defined the corners of all quads
+// arrive in the world already, and each brings the numbers of the NEAR lamps that can reach its
+// particle, as in light.vert.
 
 layout(location = 0) in vec3 position;
 layout(location = 1) in vec2 uv;
+#ifndef STREAMED
 layout(location = 2) in mat4 model;  // attributes 2 to 5, one an instance
+#endif
 
 uniform mat4 view;
 uniform mat4 ratio;
@@ -36,7 +39,11 @@ void FetchLamps() {}
 #endif
 
 void main() {
+#ifdef STREAMED
+  vec4 world = vec4(position, 1.0);
+#else
   vec4 world = model * vec4(position, 1.0);
+#endif
   gl_Position = ratio * (view * world);
   spot = uv;
   place = world.xyz;

@@ -39,7 +39,10 @@ Span LitSpan(const StreamVertex& origin, const Edge& edge, const WorldBox& lit) 
 /// Grid lines over an edge: both ends, and evenly over the lit span.
 void SetLines(Span lit, float length, std::vector<float>* lines) {
   const float lit_length = (lit.hi - lit.lo) * length;
-  const int cells = std::clamp(static_cast<int>(std::ceil(lit_length / kCellSide)), 1, kMostCells);
+  const float wanted = std::ceil(lit_length / kCellSide);
+  // A sprite can be of any size, infinite and NaN included.
+  const int cells =
+      wanted > 1.0f ? static_cast<int>(std::min(wanted, static_cast<float>(kMostCells))) : 1;
   lines->clear();
   if (lit.lo > 0.0f) lines->push_back(0.0f);
   for (int i = 0; i < cells; ++i) {

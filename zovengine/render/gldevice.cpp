@@ -236,7 +236,7 @@ void RealGLDevice::CreateInstanceArray() {
   glGenVertexArrays(1, &m_instance_array);
   m_state.UseVertexArray(m_instance_array);
   PointAtVertices();
-  for (const GLuint attribute : {kModel + 0u, kModel + 1u, kModel + 2u, kModel + 3u, kNear + 0u}) {
+  for (const GLuint attribute : {kModel + 0u, kModel + 1u, kModel + 2u, kModel + 3u}) {
     glEnableVertexAttribArray(attribute);
     glVertexAttribDivisor(attribute, 1);
   }
@@ -265,8 +265,6 @@ void RealGLDevice::PointAtInstances(std::uint32_t first) {
     glVertexAttribPointer(kModel + column, 4, GL_FLOAT, GL_FALSE, stride,
                           Offset(base + std::size_t{16} * column));
   }
-  glVertexAttribIPointer(kNear, 2, GL_UNSIGNED_INT, stride,
-                         Offset(base + offsetof(InstanceRecord, near)));
 }
 
 void RealGLDevice::Upload(GLuint buffer, std::size_t bytes, const void* data) {
@@ -324,7 +322,7 @@ void RealGLDevice::Prepare(const DrawRun& run, const Frame& frame) {
 
 void RealGLDevice::SetCommandValues(const DrawRun& run) {
   run.program->SetColour(run.command->colour);
-  if (run.instance_count == 0) run.program->SetPlacement(run.command->placement);
+  if (run.plain && run.instance_count == 0) run.program->SetPlacement(run.command->placement);
 }
 
 }  // namespace

@@ -21,10 +21,9 @@ struct StreamVertex {
   std::uint32_t near[2];  ///< see NearLights
 };
 
-/// A particle as the instanced program takes it.
+/// A particle as the plain form of the instanced program takes it.
 struct InstanceRecord {
-  float columns[16];      ///< of the model matrix
-  std::uint32_t near[2];  ///< see NearLights
+  float columns[16];  ///< of the model matrix
 };
 
 /// A draw call: a stretch of the frame's index buffer and what must be set before it.

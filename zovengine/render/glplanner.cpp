@@ -79,6 +79,17 @@ WorldBox BoundsOf(const Matrix4x4& model) {
   return {model.m[3] - wide, model.m[3] + wide, model.m[7] - high, model.m[7] + high};
 }
 
+/// A corner of the unit quad, which is flat, where `model` puts it; without its tint and its unit,
+/// which instances do not have of their own.
+void PlaceCorner(const Matrix4x4& model, const StreamVertex& corner, StreamVertex* out) {
+  const float x = corner.place[0];
+  const float y = corner.place[1];
+  for (int i = 0; i < 3; ++i) {
+    out->place[i] = model.at[i][0] * x + model.at[i][1] * y + model.at[i][3];
+  }
+  std::copy_n(corner.uv, 2, out->uv);
+}
+
 void Transpose(const Matrix4x4& matrix, float columns[16]) {
   for (int row = 0; row < 4; ++row) {
     for (int column = 0; column < 4; ++column) columns[4 * column + row] = matrix.at[row][column];
@@ -164,20 +175,29 @@ void FramePlanner::AddText(const DrawCommand& command) {
 void FramePlanner::AddInstances(const DrawCommand& command) {
   if (command.count == 0 || !SetOf(Program::kInstance).Plain()) return;
   if (command.first + std::size_t{command.count} > m_frame->instances.size()) return;
+  GLProgram* program = SetOf(Program::kInstance).Streamed(LightClass::kEvery, true);
+  if (!program) return AddPlainInstances(command);
+  // Placed here and not by the driver: a software rasteriser starts anew for each instance, which
+  // costs it more than the instance's four corners do.
+  StreamVertex* vertices = m_vertices.Grab(std::size_t{4} * command.count);
+  const LightClass lights = PlaceInstances(command, vertices);
+  if (GLProgram* exact = SetOf(Program::kInstance).Streamed(lights, true)) program = exact;
+  OpenCommandRun(command, program, false, GL_TRIANGLES);
+  m_runs.back().unit = m_units->Take(command.texture);
+  for (std::uint32_t i = 0; i < command.count; ++i) AddQuadIndices(vertices + std::size_t{4} * i);
+  CloseRun();
+}
+
+void FramePlanner::AddPlainInstances(const DrawCommand& command) {
   const auto first = static_cast<std::uint32_t>(m_instances.Size());
-  const LightClass lights = AddInstanceRecords(command);
-  GLProgram* streamed = SetOf(Program::kInstance).Streamed(lights, true);
-  if (!streamed) streamed = SetOf(Program::kInstance).Streamed(LightClass::kEvery, true);
-  GLProgram* program = streamed ? streamed : SetOf(Program::kInstance).Plain();
-  OpenCommandRun(command, program, !streamed, GL_TRIANGLES);
-  DrawRun& run = m_runs.back();
-  if (streamed) {
-    run.unit = m_units->Take(command.texture);
-  } else {
-    m_units->TakeUnit(0, command.texture);
+  InstanceRecord* records = m_instances.Grab(command.count);
+  for (std::uint32_t i = 0; i < command.count; ++i) {
+    Transpose(m_frame->instances[command.first + i], records[i].columns);
   }
-  run.first_instance = first;
-  run.instance_count = command.count;
+  OpenCommandRun(command, SetOf(Program::kInstance).Plain(), true, GL_TRIANGLES);
+  m_units->TakeUnit(0, command.texture);
+  m_runs.back().first_instance = first;
+  m_runs.back().instance_count = command.count;
   StreamVertex* corners = m_vertices.Grab(4);
   UnitQuad(command.window, corners);
   AddQuadIndices(corners);
@@ -266,16 +286,19 @@ void FramePlanner::AddGlyph(const GlyphQuad& glyph, const GlyphAtlas::Spot& spot
   AddQuadIndices(corners);
 }
 
-LightClass FramePlanner::AddInstanceRecords(const DrawCommand& command) {
+LightClass FramePlanner::PlaceInstances(const DrawCommand& command, StreamVertex* vertices) {
   const LightField& lights = m_lights[static_cast<std::size_t>(Program::kInstance)];
-  InstanceRecord* records = m_instances.Grab(command.count);
+  StreamVertex quad[4];
+  UnitQuad(command.window, quad);
   LightClass most = LightClass::kNone;
-  for (std::uint32_t i = 0; i < command.count; ++i) {
+  for (std::uint32_t i = 0; i < command.count; ++i, vertices += 4) {
     const Matrix4x4& model = m_frame->instances[command.first + i];
-    Transpose(model, records[i].columns);
     const NearLights near = lights.Near(BoundsOf(model));
-    std::copy_n(near.packed, 2, records[i].near);
     most = std::max(most, near.Class());
+    for (int corner = 0; corner < 4; ++corner) {
+      PlaceCorner(model, quad[corner], &vertices[corner]);
+      std::copy_n(near.packed, 2, vertices[corner].near);
+    }
   }
   return most;
 }

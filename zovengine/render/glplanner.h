@@ -65,7 +65,8 @@ class FramePlanner {
   void AddCellsOfClass(const DrawCommand& command, const StreamVertex corners[4],
                        const std::vector<LitCell>& cells, LightClass lights);
   void AddGlyph(const GlyphQuad& glyph, const GlyphAtlas::Spot& spot, const float colour[4]);
-  LightClass AddInstanceRecords(const DrawCommand& command);
+  void AddPlainInstances(const DrawCommand& command);
+  LightClass PlaceInstances(const DrawCommand& command, StreamVertex* vertices);
 
   DrawRun& BeginRun(GLenum mode);
   void OpenStreamedRun(const RunKey& key);

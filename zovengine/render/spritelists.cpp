@@ -50,9 +50,14 @@ iModel& Sprite::GetModel() const {
 
 void SpriteLists::Fill(const std::vector<Render*>& components) {
   for (auto* list : {&tiles, &instances, &hazards, &world, &interface}) list->clear();
+  // Objects of one kind come in rows: clones of an archetype have the same list of components.
+  const GameObj* last = nullptr;
+  std::uint32_t traits = 0;
   for (Render* render : components) {
     const GameObj& object = *render->m_owner;
-    const Sprite sprite{render, TraitsOf(object)};
+    if (last == nullptr || last->components != object.components) traits = TraitsOf(object);
+    last = &object;
+    const Sprite sprite{render, traits};
     if ((sprite.traits & kHasParticle) != 0 && render->m_shader == "instanced") {
       instances.push_back(sprite);
     }
