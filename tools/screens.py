@@ -85,6 +85,18 @@ def light(colour, strength, height, ambient=0.15):
     }
 
 
+def audio(sounds):
+    """An AudioSource. A sound is its file's name with type, volume, and whether it starts with the screen."""
+    return {
+        "sounds": [name for name, _, _, _ in sounds],
+        "loop": [False for _ in sounds],
+        "is_3D": [False for _ in sounds],
+        "start_play": [start for _, _, _, start in sounds],
+        "sound_type": [kind for _, kind, _, _ in sounds],
+        "volume": [volume for _, _, volume, _ in sounds],
+    }
+
+
 def record(name, components, children=(), archetype=False):
     out = {"name": name}
     if not archetype:
@@ -245,7 +257,11 @@ def menu():
             "Transform": transform(620.0, -250.0),
             "Light": light([0.75, 0.86, 1.0], 0.8, 90.0, 0.05),
         }),
-        record("menu", {"Transform": transform()}, [
+        # The theme goes on when the screen is left; were it a loop, it would be heard below all that follows.
+        record("menu", {
+            "Transform": transform(),
+            "AudioSource": audio([("button_click.ogg", "SFX", 0.8, False), ("maintheme01.ogg", "BGM", 0.7, True)]),
+        }, [
             picture("game_logo", "Logo_Carapace", 0.0, 200.0, 1088.0, 288.0),
             footer,
         ]),
