@@ -4,6 +4,7 @@
 
 #include "physicssystem.h"
 #include "render/particlefountain.h"
+#include "support/reports.h"
 
 namespace carapace_test {
 namespace {
@@ -214,6 +215,22 @@ TEST(ParticleMotion, NoObjectIsMadeOrLostWhileAFountainRuns) {
   fountain.scene.world.Step(300);
   EXPECT_EQ(g_game_obj_factory->m_objects, objects);
   EXPECT_GT(fountain.log->forces.size(), 300u) << "more births than the pool has places";
+}
+
+TEST(ParticleMotion, TheDocumentedFountainIsReadWithoutComplaintAndRisesAsItSays) {
+  std::string docs = ShippedFile("docs/formats.md");
+  docs = docs.substr(docs.find("A fountain of sparks"));
+  const std::size_t start = docs.find("```json") + 7;
+  Scene scene;
+  const std::string record = docs.substr(start, docs.find("```", start) - start);
+  EXPECT_EQ(OutputOf([&] { scene.world.LoadObjects(record); }), "");
+  scene.world.Step(240);
+  const auto& system = Of<ParticleSystemC>(scene.world.Find("fountain"));
+  EXPECT_GT(Fountain::Live(system), 80);
+  for (const Particle* particle : system.m_particles) {
+    if (!particle->m_owner->active) continue;
+    EXPECT_GE(Of<Transform>(particle->m_owner).m_local_pos.y, -200.0f);
+  }
 }
 
 }  // namespace
