@@ -110,11 +110,11 @@ TEST(Level00, TheMusicIsALoopThatStartsWithTheLevel) {
   GameObj* root = level.world.Find("level");
   const auto& sounds = root->GetComponent<AudioSource>()->sounds;
   ASSERT_EQ(sounds.count(root->GetComponent<GameController>()->m_level_theme), 1u);
-  const SoundRecord& music = sounds.at("bgm_training.ogg");
+  const SoundRecord& music = sounds.at("maintheme03.ogg");
   EXPECT_EQ(music.sound_type, "BGM");
   EXPECT_TRUE(music.loop);
   EXPECT_GT(music.volume, 0.0f);
-  EXPECT_EQ(level.world.mixer.CountPlays("Resources/Sound/BGM/bgm_training.ogg"), 1);
+  EXPECT_EQ(level.world.mixer.CountPlays("Resources/Sound/BGM/maintheme03.ogg"), 1);
   EXPECT_EQ(level.world.mixer.CountPlays("Resources/Sound/SFX/button_click.ogg"), 1);
 }
 

@@ -460,6 +460,17 @@ TEST(LevelBuilder, AnArchetypeOfAnotherShapeIsReportedByName) {
   }
 }
 
+TEST(LevelBuilder, AnArchetypeWithoutItsComponentsIsReportedByName) {
+  for (const char* components : {R"(["Transform"], "Transform": {})", "[]"}) {
+    Files files = PlainLevel({"xx"});
+    files["Resources/Archetypes/GameObjects/tilecollider.json"] =
+        R"({"name": "tile_collider", "Childs": [], "components": )" + std::string(components) + "}";
+    EXPECT_THAT(TileWorld(files).ReportOfBuilding(),
+                AllOf(HasSubstr("tilecollider.json"), HasSubstr("have a Transform")))
+        << components;
+  }
+}
+
 TEST(LevelBuilder, WithoutTheArchetypeTheReportNamesIt) {
   Files files = PlainLevel({"x"});
   files["Resources/Archetypes/GameObjects/tilecollider.json"] = "";

@@ -44,10 +44,14 @@ Square SquareOf(const Transform& transform) {
   return {p.x - s.x / 2, p.x + s.x / 2, p.y - s.y / 2, p.y + s.y / 2};
 }
 
+void RequireArchetype(bool condition, const char* what) {
+  ZOV_ASSERT(condition, std::string("Resources/Archetypes/GameObjects/") + kColliderArchetype +
+                            ".json: the collider of tiles must " + what);
+}
+
 BoxCollider& BoxOf(const ColliderHolder& holder) {
   auto* box = dynamic_cast<BoxCollider*>(holder.m_collider.get());
-  ZOV_ASSERT(box != nullptr, std::string("Resources/Archetypes/GameObjects/") + kColliderArchetype +
-                                 ".json: the collider of tiles must be a Box");
+  RequireArchetype(box != nullptr, "be a Box");
   return *box;
 }
 
@@ -92,6 +96,8 @@ bool GrowDown(const Square& tile, TileCollider* collider) {
 
 TileCollider MakeCollider(const Vector3D& position) {
   GameObj* object = g_game_obj_factory->Instantiate(kColliderArchetype, true);
+  RequireArchetype(object->HasComponent<Transform>() && object->HasComponent<ColliderHolder>(),
+                   "have a Transform and a ColliderHolder");
   object->SetPosition(position);
   Transform& transform = *object->GetComponent<Transform>();
   transform.m_world_pos = transform.m_local_pos;
@@ -106,7 +112,7 @@ bool IsTile(GameObj* object) {
   return object->HasComponent<Render>() && object->GetComponent<Render>()->m_tile;
 }
 
-/// All tiles that are loaded; each must have a place.
+/// All tiles that are loaded.
 std::vector<GameObj*> LoadedTiles() {
   std::vector<GameObj*> tiles;
   const std::vector<GameObj*> objects = g_game_obj_factory->m_objects;
@@ -116,6 +122,7 @@ std::vector<GameObj*> LoadedTiles() {
   return tiles;
 }
 
+/// Ends the program with a report when a tile has no place.
 void RequireTransforms(const std::vector<GameObj*>& tiles, const std::string& path) {
   const JsonTrail::FileScope file(path);
   for (const GameObj* tile : tiles) {
