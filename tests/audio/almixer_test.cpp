@@ -6,61 +6,34 @@
 #include <cmath>
 #include <cstring>
 
-#include "audio/audiosystem.h"
+#include "audio/ears.h"
 #include "audio/openalmixer.h"
 #include "audio/soundfiles.h"
-#include "core/messages.h"
 #include "support/reports.h"
-#include "support/world.h"
+#include "support/tempdirectory.h"
+
+/// Read by the leak check: libsndfile 1.2 does not let go of its codec's record when it refuses a
+/// damaged Ogg file, of which a test below offers it hundreds.
+extern "C" const char* __lsan_default_suppressions();
+extern "C" const char* __lsan_default_suppressions() {
+  return "leak:vorbis_info_init\n";
+}
 
 namespace ZOVEngine {
 namespace {
 
+using carapace_test::Ears;
+using carapace_test::ExpectHeard;
+using carapace_test::kGame;
 using carapace_test::kOgg;
+using carapace_test::kRounding;
 using carapace_test::kTestRate;
+using carapace_test::Loudness;
 using carapace_test::ReadSound;
 using carapace_test::TempDirectory;
 using carapace_test::Tone;
 using carapace_test::WriteSound;
 using ::testing::SizeIs;
-
-constexpr MixerSettings kGame = {
-    .max_streams = 512, .doppler = 1.0f, .units_per_metre = 200.0f, .rolloff = 0.1f};
-
-/// A mixer without a device, and all that was heard of it: left and right in turn.
-class Ears {
- public:
-  explicit Ears(const MixerSettings& settings = kGame) : Ears(NotStarted()) {
-    EXPECT_FALSE(mixer.Start(settings).has_value());
-    mixer.SetListener(Vector3D());
-  }
-  /// For an AudioSystem, which starts its mixer.
-  struct NotStarted {};
-  explicit Ears(NotStarted)
-      : mixer(true, [this](std::span<const float> samples) {
-          heard.insert(heard.end(), samples.begin(), samples.end());
-        }) {}
-
-  /// Lets steps pass and returns what was heard in them.
-  std::vector<float> Listen(int steps) {
-    heard.clear();
-    for (int i = 0; i < steps; ++i) mixer.Update();
-    return heard;
-  }
-
-  /// The steps until the stream is over, at most `most`.
-  int StepsUntilTheEnd(StreamHandle stream, int most) {
-    int steps = 0;
-    while (mixer.IsPlaying(stream) && steps < most) {
-      mixer.Update();
-      ++steps;
-    }
-    return steps;
-  }
-
-  std::vector<float> heard;
-  OpenALMixer mixer;
-};
 
 class AudioOutput : public ::testing::Test {
  protected:
@@ -72,32 +45,6 @@ class AudioOutput : public ::testing::Test {
 
   TempDirectory directory;
 };
-
-/// The mean square of the left (0) or the right (1) side, as an amplitude: 0.35 for the test tone.
-float Loudness(const std::vector<float>& samples, std::size_t side) {
-  double sum = 0.0;
-  for (std::size_t i = side; i < samples.size(); i += 2) sum += double{samples[i]} * samples[i];
-  return static_cast<float>(std::sqrt(sum / (static_cast<double>(samples.size()) / 2.0)));
-}
-float Loudness(const std::vector<float>& samples) {
-  return std::max(Loudness(samples, 0), Loudness(samples, 1));
-}
-
-/// Expects that `heard` is `sound`, of `channels` channels, from frame `from` on, times `gain`;
-/// after its end, the sound comes again.
-void ExpectHeard(const std::vector<float>& heard, const std::vector<float>& sound,
-                 std::size_t channels, std::size_t from, float gain, float tolerance) {
-  float worst = 0.0f;
-  for (std::size_t i = 0; i < heard.size(); ++i) {
-    const std::size_t frame = (from + i / 2) % (sound.size() / channels);
-    const float wanted = sound[frame * channels + (channels == 2 ? i % 2 : 0)] * gain;
-    worst = std::max(worst, std::abs(heard[i] - wanted));
-  }
-  EXPECT_LE(worst, tolerance);
-}
-
-/// Half a unit of 16 bits, and room for the arithmetic of floats.
-constexpr float kRounding = 0.6f / 32768.0f;
 
 TEST_F(AudioOutput, AToneIsHeardAsItIsInTheFile) {
   Ears ears;
@@ -485,106 +432,6 @@ TEST_F(AudioOutput, AMachineWithOrWithoutADeviceCanPlay) {
   mixer->SetGroupMute(SoundGroup::kMaster, true);
   for (int i = 0; i < 5; ++i) mixer->Update();
   EXPECT_TRUE(mixer->IsPlaying(stream));
-}
-
-/// A world whose AudioSystem has the real mixer, and an object "horn" with two sounds.
-class AudioWorld {
- public:
-  AudioWorld() {
-    delete g_engine->systems.back();
-    g_mixer = &ears.mixer;
-    g_engine->systems.back() = new AudioSystem;
-    g_engine->systems.back()->Init();
-    world.Directory().Write("Resources/Sound/SFX/none", "");  // for the folder
-    world.Directory().Write("Resources/Sound/BGM/none", "");
-    EXPECT_TRUE(WriteSound("Resources/Sound/SFX/bang.wav", Tone(kTestRate / 2, 1), 1));
-    EXPECT_TRUE(WriteSound("Resources/Sound/BGM/theme.wav", Tone(kTestRate / 2, 2, 300.0f), 2));
-    world.LoadObjects(carapace_test::Record(
-        "horn", {{"Transform", carapace_test::TransformAt(0, 0)}, {"AudioSource", R"({
-            "sounds": ["bang.wav", "theme.wav", "absent.wav"], "loop": [false, false, false],
-            "is_3D": [false, false, false], "start_play": [false, false, false],
-            "volume": [1, 1, 1], "sound_type": ["SFX", "BGM", "SFX"]})"}}));
-  }
-  ~AudioWorld() {
-    world.Shutdown();
-    g_mixer = &world.mixer;
-  }
-  AudioWorld(const AudioWorld&) = delete;
-  AudioWorld& operator=(const AudioWorld&) = delete;
-
-  AudioSource& Horn() { return *world.Find("horn")->GetComponent<AudioSource>(); }
-  std::vector<float> Listen(int steps) {
-    ears.heard.clear();
-    world.Step(steps);
-    return ears.heard;
-  }
-
-  carapace_test::World world;
-  Ears ears{Ears::NotStarted()};
-};
-
-TEST(AudioOutputOfTheSystem, APlayIsHeardFromItsOwnStepOn) {
-  AudioWorld heard;
-  EXPECT_EQ(Loudness(heard.Listen(2)), 0.0f);
-  heard.Horn().PlaySound("bang.wav");
-  ExpectHeard(heard.Listen(10), ReadSound("Resources/Sound/SFX/bang.wav"), 1, 0, 1.0f, kRounding);
-  EXPECT_TRUE(heard.Horn().IsPlaying("bang.wav"));
-  heard.Listen(25);
-  EXPECT_FALSE(heard.Horn().IsPlaying("bang.wav"));
-  EXPECT_EQ(Loudness(heard.Listen(2)), 0.0f);
-}
-
-TEST(AudioOutputOfTheSystem, AnEffectRestartsFromItsBeginning) {
-  AudioWorld heard;
-  heard.Horn().PlaySound("bang.wav");
-  heard.Listen(7);
-  heard.Horn().PlaySound("bang.wav");
-  heard.Listen(1);  // the old play fades out within this step
-  ExpectHeard(heard.Listen(10), ReadSound("Resources/Sound/SFX/bang.wav"), 1, kSilentStep, 1.0f,
-              kRounding);
-  EXPECT_EQ(heard.ears.mixer.StreamCount(), 1u);
-}
-
-TEST(AudioOutputOfTheSystem, PendingMusicStartsWhenThePlayingOneEnds) {
-  AudioWorld heard;
-  const std::vector<float> theme = ReadSound("Resources/Sound/BGM/theme.wav");
-  heard.Horn().PlaySound("theme.wav");
-  heard.Listen(7);
-  heard.Horn().PlaySound("theme.wav");
-  ExpectHeard(heard.Listen(10), theme, 2, 7 * kSilentStep, 1.0f, kRounding);
-  int steps = 0;
-  while (heard.Horn().sounds.at("theme.wav").start_play && steps < 60) {
-    heard.Listen(1);
-    ++steps;
-  }
-  EXPECT_NEAR(steps, 30 - 17 + 1, 2);
-  ExpectHeard(heard.Listen(10), theme, 2, kSilentStep, 1.0f, kRounding);
-}
-
-TEST(AudioOutputOfTheSystem, AMissingFileStaysSilent) {
-  AudioWorld heard;
-  heard.Horn().PlaySound("absent.wav");
-  EXPECT_EQ(carapace_test::OutputOf([&] { EXPECT_EQ(Loudness(heard.Listen(3)), 0.0f); }), "");
-  EXPECT_FALSE(heard.Horn().IsPlaying("absent.wav"));
-}
-
-TEST(AudioOutputOfTheSystem, TheVolumeOfARecordActsOnAPlayingSound) {
-  AudioWorld heard;
-  heard.Horn().PlaySound("bang.wav");
-  heard.Listen(3);
-  heard.Horn().sounds.at("bang.wav").volume = 0.25f;
-  heard.Listen(3);
-  ExpectHeard(heard.Listen(5), ReadSound("Resources/Sound/SFX/bang.wav"), 1, 6 * kSilentStep, 0.25f,
-              kRounding);
-}
-
-TEST(AudioOutputOfTheSystem, MessagesMuteTheMusicAlone) {
-  AudioWorld heard;
-  heard.Horn().PlaySound("theme.wav");
-  heard.world.Send(Mute(true, 1));
-  EXPECT_EQ(Loudness(heard.Listen(5)), 0.0f);
-  heard.Horn().PlaySound("bang.wav");
-  EXPECT_GT(Loudness(heard.Listen(5)), 0.3f);
 }
 
 }  // namespace

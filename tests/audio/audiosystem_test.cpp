@@ -50,6 +50,13 @@ class AudioSystemTest : public ::testing::Test {
   }
   AudioSource& LoadMusic() { return Load(Sound("theme.ogg", "BGM")); }
 
+  /// What the mixer is told in one step.
+  std::vector<std::string> StepCalls() {
+    world.mixer.calls.clear();
+    world.Step();
+    return world.mixer.calls;
+  }
+
   FakeMixer::Stream& Bang() { return *world.mixer.Newest(std::string(kEffects) + "bang.ogg"); }
   FakeMixer::Stream& Theme() { return *world.mixer.Newest(std::string(kMusic) + "theme.ogg"); }
   int Bangs() { return world.mixer.CountPlays(std::string(kEffects) + "bang.ogg"); }
@@ -100,18 +107,15 @@ TEST(AudioSystemFailure, AProgramWithoutAMixerIsSilentAndRuns) {
 
 TEST_F(AudioSystemTest, EachUpdateEndsWithTheListenerAndTheMixersOwn) {
   LoadEffect();
-  world.Step();
-  EXPECT_THAT(world.mixer.calls, ElementsAre("SetListener", "Update"));
-  world.Step();
-  EXPECT_THAT(world.mixer.calls, ElementsAre("SetListener", "Update"));
+  EXPECT_THAT(StepCalls(), ElementsAre("SetListener", "Update"));
+  EXPECT_THAT(StepCalls(), ElementsAre("SetListener", "Update"));
 }
 
 TEST_F(AudioSystemTest, APausedStepIsAStepLikeAnyOther) {
   AudioSource& source = LoadEffect();
   g_engine->paused = true;
   source.PlaySound("bang.ogg");
-  world.Step();
-  EXPECT_THAT(world.mixer.calls, ElementsAre("Play 1", "SetVolume 1", "SetListener", "Update"));
+  EXPECT_THAT(StepCalls(), ElementsAre("Play 1", "SetVolume 1", "SetListener", "Update"));
 }
 
 TEST_F(AudioSystemTest, AnEffectPlaysFromTheEffectsDirectoryInItsGroup) {
@@ -186,9 +190,8 @@ TEST_F(AudioSystemTest, PlayOfAPlayingEffectRestartsIt) {
   source.PlaySound("bang.ogg");
   world.Step();
   source.PlaySound("bang.ogg");
-  world.Step();
-  EXPECT_THAT(world.mixer.calls, ElementsAre("Stop 1", "Play 2", "SetVolume 2", "SetVolume 2",
-                                             "SetListener", "Update"));
+  EXPECT_THAT(StepCalls(), ElementsAre("Stop 1", "Play 2", "SetVolume 2", "SetVolume 2",
+                                       "SetListener", "Update"));
   EXPECT_FALSE(world.mixer.IsPlaying(1));
   EXPECT_TRUE(world.mixer.IsPlaying(2));
 }
@@ -198,9 +201,8 @@ TEST_F(AudioSystemTest, ARestartedEffectIsPlacedInTheSameUpdate) {
   source.PlaySound("bang.ogg");
   world.Step();
   source.PlaySound("bang.ogg");
-  world.Step();
-  EXPECT_THAT(world.mixer.calls, ElementsAre("Stop 1", "Play 2", "SetVolume 2", "SetPlace 2",
-                                             "SetVolume 2", "SetListener", "Update"));
+  EXPECT_THAT(StepCalls(), ElementsAre("Stop 1", "Play 2", "SetVolume 2", "SetPlace 2",
+                                       "SetVolume 2", "SetListener", "Update"));
 }
 
 TEST_F(AudioSystemTest, PlayOfPlayingMusicHasNoImmediateEffect) {
@@ -252,9 +254,8 @@ TEST_F(AudioSystemTest, AStopEndsAPlayingSound) {
 TEST_F(AudioSystemTest, AStopOfASilentSoundIsForgotten) {
   AudioSource& source = LoadEffect();
   source.StopSound("bang.ogg");
-  world.Step();
+  EXPECT_THAT(StepCalls(), ElementsAre("SetListener", "Update"));
   EXPECT_FALSE(source.sounds.at("bang.ogg").stop_request);
-  EXPECT_THAT(world.mixer.calls, ElementsAre("SetListener", "Update"));
 }
 
 TEST_F(AudioSystemTest, ARecordWithBothRequestsLosesTheStop) {
@@ -308,16 +309,13 @@ TEST_F(AudioSystemTest, ASoundThatEndedIsLeftAlone) {
   source.PlaySound("bang.ogg");
   world.Step();
   world.mixer.End(1);
-  world.Step();
-  EXPECT_THAT(world.mixer.calls, ElementsAre("SetListener", "Update"));
+  EXPECT_THAT(StepCalls(), ElementsAre("SetListener", "Update"));
 }
 
 TEST_F(AudioSystemTest, A3DSoundIsPlacedFromTheSecondUpdateOn) {
   LoadEffect(true).PlaySound("bang.ogg");
-  world.Step();
-  EXPECT_THAT(world.mixer.calls, ElementsAre("Play 1", "SetVolume 1", "SetListener", "Update"));
-  world.Step();
-  EXPECT_THAT(world.mixer.calls, ElementsAre("SetPlace 1", "SetVolume 1", "SetListener", "Update"));
+  EXPECT_THAT(StepCalls(), ElementsAre("Play 1", "SetVolume 1", "SetListener", "Update"));
+  EXPECT_THAT(StepCalls(), ElementsAre("SetPlace 1", "SetVolume 1", "SetListener", "Update"));
   EXPECT_EQ(Bang().position, Vector3D(30, -40, 1));
 }
 
@@ -367,8 +365,7 @@ TEST_F(AudioSystemTest, AMissingFileIsSilentAndThePlayIsOver) {
   EXPECT_FALSE(source.sounds.at("bang.ogg").start_play);
   EXPECT_EQ(source.sounds.at("bang.ogg").channel, kNoStream);
   EXPECT_FALSE(source.IsPlaying("bang.ogg"));
-  world.Step();
-  EXPECT_THAT(world.mixer.calls, ElementsAre("SetListener", "Update"));
+  EXPECT_THAT(StepCalls(), ElementsAre("SetListener", "Update"));
 }
 
 TEST_F(AudioSystemTest, AnUnknownNamePlaysInSilence) {

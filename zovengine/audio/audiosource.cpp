@@ -57,9 +57,10 @@ void WriteList(Writer& writer, const char* key, const std::map<std::string, Soun
 }
 
 void WriteNames(Writer& writer, const std::map<std::string, SoundRecord>& sounds) {
-  std::vector<std::string> names;
-  for (const auto& [name, sound] : sounds) names.push_back(name);
-  WriteStringArray(writer, "sounds", names);
+  WriteKey(writer, "sounds");
+  writer.json->StartArray();
+  for (const auto& [name, sound] : sounds) WriteEntry(writer, name);
+  writer.json->EndArray();
 }
 
 }  // namespace
