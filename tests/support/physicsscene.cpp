@@ -98,7 +98,7 @@ class Maker {
         return Whole(m_origin + m_dice.Flat(30.0f, 0.0f));
       case Layout::kLattice: {
         const Vector3D cell(static_cast<float>(index % 8), static_cast<float>(index / 8), 0.0f);
-        return Vector3D(-320.0f, -320.0f, 1.0f) + cell * 40.0f;
+        return Vector3D(-300.0f, -300.0f, 1.0f) + cell * 40.0f;
       }
       case Layout::kStack:
         return m_dice.Chance(0.7f) ? m_origin : Whole(m_origin + m_dice.Flat(60.0f, 0.0f));
