@@ -32,10 +32,10 @@ using ZOVEngine::Vector3D;
 
 constexpr float kStep = 1.0f / 60.0f;
 constexpr float kHalfWidth = 960.0f, kHalfHeight = 540.0f;
-constexpr float kWall = 40.0f;       ///< thickness (unit: world units)
-constexpr float kTile = 60.0f;       ///< side of a tile
+constexpr float kWall = 40.0f;     ///< thickness (unit: world units)
+constexpr float kTile = 60.0f;     ///< side of a tile
 constexpr float kTopSpeed = 8.0f;  ///< (unit: sides of a box per second)
-constexpr float kTopSpin = 90.0f;    ///< (unit: degrees per second)
+constexpr float kTopSpin = 90.0f;  ///< (unit: degrees per second)
 constexpr float kDrag = 0.2f;
 constexpr float kRest = 0.3f;
 constexpr int kWarmUp = 120;  ///< steps

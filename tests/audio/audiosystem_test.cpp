@@ -417,6 +417,17 @@ TEST_F(AudioSystemTest, ASoundGoesOnWhenItsObjectIsSwitchedOffOrDestroyed) {
   EXPECT_TRUE(Bang().playing);
 }
 
+TEST_F(AudioSystemTest, AStopThatIsPendingWhenTheObjectsAreClearedIsCarriedOut) {
+  AudioSource& source = LoadMusic();
+  source.sounds["theme.ogg"].loop = true;
+  source.PlaySound("theme.ogg");
+  world.Step();
+  ASSERT_TRUE(Theme().playing);
+  source.StopAllSounds();
+  g_game_obj_factory->ClearObjects();
+  EXPECT_FALSE(Theme().playing);
+}
+
 TEST_F(AudioSystemTest, TheEndOfTheSystemCallsNoMixer) {
   LoadEffect().PlaySound("bang.ogg");
   world.Step();

@@ -128,7 +128,7 @@ TEST_F(StateMachineTest, TheStateStepComesFirstPausedOrNot) {
     log.clear();
     g_engine->paused = paused;
     world.Step();
-    EXPECT_THAT(log, ElementsAre("5 update " + kDt));
+    EXPECT_THAT(log, ElementsAre("5 update " + kDt, "5 message 12")) << "the step's contacts";
   }
 }
 

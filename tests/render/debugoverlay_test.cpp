@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include "core/engine.h"
 #include "physics/colliderholder.h"
+#include "physics/collidersystem.h"
 #include "support/scene.h"
 
 namespace carapace_test {
@@ -19,7 +21,11 @@ Colour ColourOf(const DrawCommand& draw) {
 /// A scene with debug drawing on.
 class DebugOverlay : public testing::Test {
  protected:
-  DebugOverlay() { scene.System().m_debug_draw = true; }
+  DebugOverlay() {
+    scene.System().m_debug_draw = true;
+    tree_lister = scene.System().m_tree_lister;
+    scene.System().m_tree_lister = nullptr;  // the tree is not what most tests look at
+  }
 
   GameObj* AddSolid(const std::string& type = "Box") {
     GameObj* object = scene.AddSprite("solid", "one");
@@ -41,7 +47,18 @@ class DebugOverlay : public testing::Test {
   }
 
   Scene scene;
+  TreeLister tree_lister = nullptr;  ///< the one that the engine starts with
 };
+
+TEST_F(DebugOverlay, TheEngineListsTheCollisionTree) {
+  scene.System().m_tree_lister = tree_lister;
+  g_collider_system->Update(kStep);
+  const std::vector<DrawCommand> draws = DrawNow();
+  ASSERT_EQ(draws.size(), 1u) << "an empty tree is its root";
+  EXPECT_EQ(draws[0].placement.scale, Vector3D(1920.0f, 1080.0f, 0.0f));
+  EXPECT_EQ(draws[0].placement.translate, Vector3D(0.0f, 0.0f, 1.0f));
+  EXPECT_EQ(ColourOf(draws[0]), kYellow);
+}
 
 TEST_F(DebugOverlay, OffDrawsNoOutline) {
   AddSolid();

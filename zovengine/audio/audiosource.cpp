@@ -65,6 +65,15 @@ void WriteNames(Writer& writer, const std::map<std::string, SoundRecord>& sounds
 
 }  // namespace
 
+AudioSource::~AudioSource() {
+  if (g_mixer == nullptr) return;
+  for (const auto& [name, sound] : sounds) {
+    if (sound.stop_request && sound.channel != kNoStream && g_mixer->IsPlaying(sound.channel)) {
+      g_mixer->Stop(sound.channel);
+    }
+  }
+}
+
 void AudioSource::Unserialize(const Value& value) {
   std::vector<std::string> names;
   ReadStringArray(value, "sounds", &names);

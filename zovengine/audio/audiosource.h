@@ -32,6 +32,12 @@ class AudioSource final : public GameComponentBase {
 
  public:
   using GameComponentBase::GameComponentBase;
+  AudioSource(const AudioSource&) = default;
+  AudioSource& operator=(const AudioSource&) = delete;
+  /// Carries out the stops that are still pending: a level that is left asks for silence in the
+  /// very step in which it is destroyed, and its looping music would never end. What was not asked
+  /// to stop goes on.
+  ~AudioSource() override;
 
   /// Reads six parallel lists, one record for each of "sounds". A list that is shorter than
   /// "sounds" ends the program with a report.

@@ -13,6 +13,14 @@ namespace ZOVEngine {
 template <class T, std::size_t Capacity>
 class FixedList {
  public:
+  // What standard containers name, for code that works with any.
+  using value_type = T;
+  using size_type = std::size_t;
+  using iterator = T*;
+  using const_iterator = const T*;
+  using reference = T&;
+  using const_reference = const T&;
+
   constexpr FixedList() = default;
   FixedList(std::initializer_list<T> items) {
     for (const T& item : items) push_back(item);

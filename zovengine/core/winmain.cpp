@@ -20,8 +20,9 @@ namespace ZOVEngine {
 namespace {
 
 void ListCollisionTree(std::vector<TreeRectangle>* out) {
-  g_collider_system->Tree().ForEachNode(
-      [out](const Vector3D& min, const Vector3D& max) { out->push_back({min, max}); });
+  g_collider_system->Tree().ForEachNode([out](const Vector3D& min, const Vector3D& max) {
+    out->push_back({min, max});
+  });
 }
 
 }  // namespace

@@ -203,6 +203,7 @@ void StoreDistance(const Vector3D& d, const NearPoint& near, ContactInfo* contac
 }  // namespace
 
 bool SatBox(const PolygonCollider& a, const PolygonCollider& b, ContactInfo* contact) {
+  if (a.m_world_vertices.size() < 4 || b.m_world_vertices.size() < 4) return false;
   const BoxAxes axes(a.m_world_vertices.data(), b.m_world_vertices.data());
   AxisSearch search(a, b);
   for (int k = 0; k < BoxAxes::kAxes; ++k) {

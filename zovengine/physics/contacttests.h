@@ -34,7 +34,8 @@ struct FacingEdge {
   Vector3D end;
 };
 
-/// Separating axes for two boxes: sets `collided`, normal and penetration, or returns false.
+/// Separating axes for two boxes: sets `collided`, normal and penetration, or returns false. A box
+/// from which vertices were taken overlaps nothing.
 bool SatBox(const PolygonCollider& a, const PolygonCollider& b, ContactInfo* contact);
 /// Separating axes for two polygons with vertices, as SatBox.
 bool SatPolygon(const PolygonCollider& a, const PolygonCollider& b, ContactInfo* contact);
