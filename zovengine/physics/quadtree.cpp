@@ -93,7 +93,7 @@ std::uint16_t DeepestOfRegular(const Bounds& b) {
   const auto low_y = static_cast<unsigned>(kAxisY.BordersBelow(b.min_y));
   const auto high_x = static_cast<unsigned>(kAxisX.BordersUpTo(b.max_x));
   const auto high_y = static_cast<unsigned>(kAxisY.BordersUpTo(b.max_y));
-  const int undone = std::bit_width((low_x ^ high_x) | (low_y ^ high_y));
+  const auto undone = static_cast<int>(std::bit_width((low_x ^ high_x) | (low_y ^ high_y)));
   const unsigned lower_half = ~low_y & (Axis::kCells - 1);  // a bit for each level: the lower child
   const unsigned path = (Spread(lower_half) << 1) | Spread(low_x ^ lower_half);
   return static_cast<std::uint16_t>(FirstNodeOfLevel(QuadTree::kMaxLevels - undone) +
