@@ -139,7 +139,7 @@ void OverlapFinder::MatchLarge(const std::vector<Bounds>& bounds) {
     const int first_column = std::max(Column(b.min_x) - 1, 0);
     const int last_column = Column(b.max_x);
     for (int row = std::max(Row(b.min_y) - 1, 0); row <= last_row; ++row) {
-      const auto line = static_cast<std::size_t>(row * m_columns);
+      const std::size_t line = static_cast<std::size_t>(row) * static_cast<std::size_t>(m_columns);
       MatchRange(b, m_large[i], m_starts[line + static_cast<std::size_t>(first_column)],
                  m_starts[line + static_cast<std::size_t>(last_column) + 1]);
     }
