@@ -38,8 +38,10 @@ Picture DifferenceOf(const Picture& a, const Picture& b) {
 }
 
 Picture CommittedPicture(const std::string& name) {
-  const std::string path =
-      std::string(CARAPACE_SOURCE_DIR) + "/tests/render/pictures/" + name + ".png";
+  // Appended piece by piece: g++ 12 sees an overrun in a chain of + when it optimises.
+  std::string path = CARAPACE_SOURCE_DIR "/tests/render/pictures/";
+  path += name;
+  path += ".png";
   const auto image = ZOVEngine::LoadImage(path);
   if (!image) return Picture();
   Picture picture(image->width, image->height);
