@@ -59,7 +59,9 @@ bool IsAtLeast33(GLint major, GLint minor) {
 void KeepFreedMemory() {
 #if defined(__GLIBC__)
   constexpr int kKeptBytes = 256 << 20;
+  constexpr int kLargestOnHeap = 32 << 20;  // the most that the C library takes
   mallopt(M_TRIM_THRESHOLD, kKeptBytes);
+  mallopt(M_MMAP_THRESHOLD, kLargestOnHeap);
 #endif
 }
 
