@@ -71,21 +71,23 @@ void PhysicsSystem::Update(float dt) {
   DispatchExits();
   previous.swap(current);
   current.clear();
-  for (RigidBody* body : m_bodies->Components()) {
-    if (body->m_active) IntegrateBody(body, m_transforms->Get(body->m_owner), dt);
-  }
-  UpdateWorldTransforms();
+  MoveBodies(dt, false);
   RecordElapsed(kPhysicsRecord, start);
 }
 
 void PhysicsSystem::PausedUpdate(float dt) {
   const std::int64_t start = NowNanoseconds();
+  MoveBodies(dt, true);
+  RecordElapsed(kPhysicsRecord, start);
+}
+
+/// Integrates the active bodies, in a pause only those that are let move, and places all objects.
+void PhysicsSystem::MoveBodies(float dt, bool paused) {
   for (RigidBody* body : m_bodies->Components()) {
-    if (!body->m_active || !body->m_owner->movesWhilePaused) continue;
+    if (!body->m_active || (paused && !body->m_owner->movesWhilePaused)) continue;
     IntegrateBody(body, m_transforms->Get(body->m_owner), dt);
   }
   UpdateWorldTransforms();
-  RecordElapsed(kPhysicsRecord, start);
 }
 
 /// Tells both objects of each contact of the step before last that did not come again. An object

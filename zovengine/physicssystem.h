@@ -48,6 +48,7 @@ class PhysicsSystem final : public System {
 
  private:
   void DispatchExits();
+  void MoveBodies(float dt, bool paused);
   void ResolveContacts(std::vector<ContactInfo>* contacts);
 
   std::shared_ptr<ComponentManager<RigidBody>> m_bodies;

@@ -2,6 +2,8 @@
 
 #include <vector>
 
+#include "objects/parallellists.h"
+
 namespace ZOVEngine {
 
 namespace {
@@ -23,15 +25,6 @@ std::vector<T> ReadList(const Value& object, const char* key) {
   if (!value->IsArray()) FailReading("expected an array");
   for (const Value& entry : value->GetArray()) list.push_back(ReadEntry(entry, T()));
   return list;
-}
-
-/// Entry `index` of a list that may be shorter than the list of names: then the file is unsound.
-template <class T>
-typename std::vector<T>::const_reference EntryOf(const std::vector<T>& list, std::size_t index,
-                                                 const char* key) {
-  JsonTrail::EnterKey(key);
-  if (index >= list.size()) FailReading("shorter than \"sounds\"");
-  return list[index];
 }
 
 void WriteEntry(Writer& writer, const std::string& value) {
@@ -85,11 +78,11 @@ void AudioSource::Unserialize(const Value& value) {
   ReadStringArray(value, "sound_type", &types);
   for (std::size_t i = 0; i < names.size(); ++i) {
     SoundRecord sound;
-    sound.loop = EntryOf(loops, i, "loop");
-    sound.is_3D = EntryOf(are_3D, i, "is_3D");
-    sound.start_play = EntryOf(starts, i, "start_play");
-    sound.volume = EntryOf(volumes, i, "volume");
-    sound.sound_type = EntryOf(types, i, "sound_type");
+    sound.loop = EntryBeside("sounds", loops, i, "loop");
+    sound.is_3D = EntryBeside("sounds", are_3D, i, "is_3D");
+    sound.start_play = EntryBeside("sounds", starts, i, "start_play");
+    sound.volume = EntryBeside("sounds", volumes, i, "volume");
+    sound.sound_type = EntryBeside("sounds", types, i, "sound_type");
     sounds[names[i]] = sound;
   }
 }

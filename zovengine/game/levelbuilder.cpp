@@ -8,6 +8,7 @@
 
 #include "game/gamecontroller.h"
 #include "objects/gameobjfactory.h"
+#include "objects/levelobjects.h"
 #include "physics/transform.h"
 #include "render/render.h"
 
@@ -106,10 +107,6 @@ TileCollider MakeCollider(const Vector3D& position) {
   ColliderHolder* holder = object->GetComponent<ColliderHolder>();
   BoxOf(*holder).UpdateCollider(transform);
   return {holder};
-}
-
-bool IsTile(GameObj* object) {
-  return object->HasComponent<Render>() && object->GetComponent<Render>()->m_tile;
 }
 
 /// All tiles that are loaded.

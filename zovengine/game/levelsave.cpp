@@ -10,10 +10,6 @@ namespace {
 
 constexpr const char* kLevels = "Level Editor/Levels/";
 
-bool IsSavedTile(GameObj* object) {
-  return object->HasComponent<Render>() && object->GetComponent<Render>()->m_tile && object->active;
-}
-
 void WriteTiles(Writer& writer, std::int64_t most) {
   writer.json->StartObject();
   WriteKey(writer, "GameObjFactory");
@@ -22,7 +18,7 @@ void WriteTiles(Writer& writer, std::int64_t most) {
   const std::vector<GameObj*> objects = g_game_obj_factory->m_objects;
   for (GameObj* object : objects) {
     if (count >= most) break;
-    if (!IsSavedTile(object)) continue;
+    if (!IsTile(object) || !object->active) continue;
     WriteObject(writer, object);
     ++count;
   }

@@ -13,11 +13,11 @@ namespace {
 // is another one, "tilecollider" by its file; what counts here is the name in its record.
 constexpr const char* kUnsavedNames[] = {"tile", "tile_collider", "particle_test", "LECamera"};
 
+}  // namespace
+
 bool IsTile(GameObj* object) {
   return object->HasComponent<Render>() && object->GetComponent<Render>()->m_tile;
 }
-
-}  // namespace
 
 bool IsLevelObject(GameObj* object) {
   const bool unsaved = std::any_of(std::begin(kUnsavedNames), std::end(kUnsavedNames),

@@ -6,6 +6,9 @@ namespace ZOVEngine {
 
 class GameObj;
 
+/// True for an object whose Render has the tile flag.
+bool IsTile(GameObj* object);
+
 /// True for an object that gets a record of its own in the object file of its level.
 ///
 /// Not saved there: an object with a parent, since it stands in its parent's record; tiles, by the

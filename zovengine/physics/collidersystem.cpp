@@ -2,13 +2,15 @@
 
 #include <algorithm>
 #include <iostream>
+#include <span>
 #include <stdexcept>
-#include <unordered_map>
+#include <typeinfo>
 
 #include "core/engine.h"
 #include "core/prefetch.h"
 #include "core/profile.h"
 #include "objects/gameobjfactory.h"
+#include "objects/parallellists.h"
 #include "objects/reflection.h"
 #include "physics/rigidbody.h"
 #include "zovassert.h"
@@ -26,15 +28,6 @@ ColliderSystem* g_collider_system = nullptr;
 namespace {
 
 constexpr const char* kCollisionFile = "Resources/CollisionInfo.json";
-
-/// Entry `index` of a list that may be shorter than the list of group names: then the file is
-/// unsound.
-template <class T>
-const T& EntryOf(const std::vector<T>& list, std::size_t index, const char* key) {
-  JsonTrail::EnterKey(key);
-  if (index >= list.size()) FailReading("shorter than \"str_grp\"");
-  return list[index];
-}
 
 void WriteTable(Writer& writer, const char* names_key, const char* values_key,
                 const std::map<std::string, int>& table) {
@@ -77,8 +70,9 @@ void ColliderSystem::ReadMasks() {
   m_groups.clear();
   m_masks.clear();
   for (std::size_t i = 0; i < groups.size(); ++i) {
-    m_groups[groups[i]] = EntryOf(group_numbers, i, "int_grp");
-    m_masks[EntryOf(categories, i, "str_bm")] = EntryOf(masks, i, "int_bm");
+    m_groups[groups[i]] = EntryBeside("str_grp", group_numbers, i, "int_grp");
+    m_masks[EntryBeside("str_grp", categories, i, "str_bm")] =
+        EntryBeside("str_grp", masks, i, "int_bm");
   }
 }
 
@@ -224,8 +218,8 @@ void ColliderSystem::NameUnknownCategories() {
   for (std::size_t i = 0; i < m_shapes.size(); ++i) {
     if (m_shapes[i].has_mask) continue;
     for (std::size_t other = 0; other < m_shapes.size(); ++other) {
-      if (other != i && EverMeet(i, other))
-        m_masks.emplace(m_shapes[i].holder->bitmask_category, 0);
+      if (other == i || !EverMeet(i, other)) continue;
+      m_masks.emplace(m_shapes[i].holder->bitmask_category, 0);
     }
   }
 }

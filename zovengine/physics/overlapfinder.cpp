@@ -6,15 +6,11 @@
 namespace ZOVEngine {
 namespace {
 
-constexpr float kSmallPerMean = 2.0f;
+constexpr float kSmallPerMean = 2.0f;  ///< the largest small extent to the mean one
 constexpr float kSmallestCell = 8.0f;  ///< bounds the number of cells (unit: world units)
 /// Makes cells a little wider than the objects in them, so that rounding cannot put two that touch
 /// two cells apart.
 constexpr float kSlack = 1.001f;
-
-bool IsRegular(const Bounds& b) {
-  return b.min_x <= b.max_x && b.min_y <= b.max_y;
-}
 
 float ExtentOf(const Bounds& b) {
   return std::max(b.max_x - b.min_x, b.max_y - b.min_y);
@@ -43,7 +39,7 @@ void OverlapFinder::ChooseCells(const std::vector<Bounds>& bounds) {
   // No object counts for more than the field, so that one of infinite size leaves the grid of use.
   float sum = 0.0f;
   for (const Bounds& b : bounds) {
-    const float extent = IsRegular(b) ? ExtentOf(b) : 0.0f;
+    const float extent = b.IsRegular() ? ExtentOf(b) : 0.0f;
     sum += extent < QuadTree::kWidth ? extent : QuadTree::kWidth;
   }
   const float mean = bounds.empty() ? 0.0f : sum / static_cast<float>(bounds.size());
@@ -74,7 +70,7 @@ void OverlapFinder::File(const std::vector<Bounds>& bounds) {
   m_starts.assign(static_cast<std::size_t>(m_columns) * static_cast<std::size_t>(m_rows) + 1, 0);
   for (std::uint32_t i = 0; i < bounds.size(); ++i) {
     const Bounds& b = bounds[i];
-    if (!IsRegular(b)) {
+    if (!b.IsRegular()) {
       m_irregular.push_back(i);
     } else if (!(ExtentOf(b) <= m_cell)) {
       m_large.push_back(i);
@@ -153,7 +149,7 @@ void OverlapFinder::MatchIrregular(const std::vector<Bounds>& bounds) {
   for (const std::uint32_t i : m_irregular) {
     for (std::uint32_t other = 0; other < bounds.size(); ++other) {
       // Two irregular ones meet once: from the lower index.
-      if (other == i || (other < i && !IsRegular(bounds[other]))) continue;
+      if (other == i || (other < i && !bounds[other].IsRegular())) continue;
       if (bounds[i].Overlaps(bounds[other])) Add(i, other);
     }
   }

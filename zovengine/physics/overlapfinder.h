@@ -18,9 +18,8 @@ struct OverlapPair {
 ///
 /// Small is what has at most twice the mean extent; the side of a cell is the largest extent of
 /// these, so that a small object, filed by its low corner, meets only those in the cells around it.
-/// What is larger looks through all cells
-/// that it covers; what has no proper bounds (its low corner above its high one, or no numbers)
-/// looks through everything. The order of the pairs says nothing. Memory is kept between calls.
+/// What is larger looks through all cells that it covers; irregular bounds are compared with all.
+/// The order of the pairs says nothing. Memory is kept between calls.
 class OverlapFinder {
  public:
   /// All pairs with Bounds::Overlaps; each pair once. They stay until the next call.

@@ -44,10 +44,6 @@ int ChildIndex(const Bounds& b, float mid_x, float mid_y) {
   return -1;
 }
 
-}  // namespace
-
-namespace {
-
 /// One axis of the field cut into the cells of the deepest level, whose borders are the midlines of
 /// all nodes. All borders are exact floats.
 struct Axis {
@@ -116,8 +112,7 @@ std::uint16_t DeepestByLevels(const Bounds& b) {
 }  // namespace
 
 std::uint16_t QuadTree::DeepestNode(const Bounds& bounds) {
-  const bool regular = bounds.min_x <= bounds.max_x && bounds.min_y <= bounds.max_y;
-  return regular ? DeepestOfRegular(bounds) : DeepestByLevels(bounds);
+  return bounds.IsRegular() ? DeepestOfRegular(bounds) : DeepestByLevels(bounds);
 }
 
 void QuadTree::Build(const std::vector<Bounds>& bounds) {

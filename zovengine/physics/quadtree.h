@@ -13,6 +13,8 @@ namespace ZOVEngine {
 struct Bounds {
   float min_x, min_y, max_x, max_y;
 
+  /// False for bounds with the low corner above the high one, and for such that are no numbers.
+  bool IsRegular() const { return min_x <= max_x && min_y <= max_y; }
   /// True unless the two are strictly apart in x or y: touching bounds overlap, and so do bounds
   /// that are no numbers.
   bool Overlaps(const Bounds& b) const {
