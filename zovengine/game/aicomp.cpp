@@ -32,7 +32,7 @@ void AIComp::MoveAlongWaypoints() {
   auto* transform = FindComponent<Transform>(m_owner);
   auto* body = FindComponent<RigidBody>(m_owner);
   if (enemy.m_waypoints_off || enemy.m_waypoints.empty() || !transform || !body) return;
-  const Vector3D goal = enemy.m_waypoints[enemy.m_waypoint_index];
+  const Vector3D goal = enemy.m_waypoints.at(enemy.m_waypoint_index);
   const Vector3D way = goal - transform->m_world_pos;
   if (enemy.m_snap_range > way.Length()) {
     // The next derivation overwrites this: the unit stays where it is, near enough.

@@ -13,7 +13,6 @@
 #include "game/unit.h"
 #include "objects/reflection.h"
 #include "objects/statec.h"
-#include "physics/colliderholder.h"
 #include "physics/rigidbody.h"
 #include "physics/transform.h"
 #include "render/light.h"
@@ -28,7 +27,7 @@ RTTR_REGISTRATION {
       .Field("m_selected_first_weapon", &Enemy::m_selected_first_weapon, "bool",
              "Selected First Weapon")
       .Field("m_boss", &Enemy::m_boss, "bool", "Boss")
-      .Field("m_waypoints", &Enemy::m_waypoints, "std::vector<Vector3>", "Waypoints")
+      .Field("m_waypoints", &Enemy::m_waypoints, "Vector3", "Waypoints")
       .Field("m_move_speed", &Enemy::m_move_speed, "float", "Move Speed")
       .Field("m_move_limit", &Enemy::m_move_limit, "float", "Move Limit")
       .Field("m_snap_range", &Enemy::m_snap_range, "float", "Snap Range");
@@ -37,11 +36,10 @@ RTTR_REGISTRATION {
 namespace ZOVEngine {
 namespace {
 
-constexpr float kScalePerMuzzle = 1.2f;  ///< of a barrel to the distance of the muzzle
-constexpr float kSpread = 0.25f;         ///< of a boss's outer shots (unit: radians)
-constexpr float kFadePerSecond = 2.0f;   ///< of shield and field, in alpha
-constexpr float kArrival = 3.0f;         ///< of a turn; a fast one passes 6 a step (unit: degrees)
-constexpr float kTurnSpeed = 360.0f;     ///< (unit: degrees per second)
+constexpr float kSpread = 0.25f;        ///< of a boss's outer shots (unit: radians)
+constexpr float kFadePerSecond = 2.0f;  ///< of shield and field, in alpha
+constexpr float kArrival = 3.0f;        ///< of a turn; a fast one passes 6 a step (unit: degrees)
+constexpr float kTurnSpeed = 360.0f;    ///< (unit: degrees per second)
 constexpr float kBossTurnSpeed = 100.0f;
 constexpr float kBossDeathTime = 5.0f;      ///< (unit: seconds)
 constexpr float kExplosionInterval = 0.3f;  ///< (unit: seconds)
@@ -63,15 +61,22 @@ void SetFieldsActive(GameController* controller, bool active) {
                     [active](GameObj* field) { field->SetActive(active); });
 }
 
-/// One step of a fade: true when it is done.
-bool FadeIn(Render* render, float dt) {
-  float& alpha = render->m_colour[3];
-  if (alpha >= 1.0f) {
-    alpha = 1.0f;
-    return true;
+/// One step of the fade of the children of this name, up to the first that is there. True when no
+/// child had to go on.
+bool FadeInChildren(GameObj* object, const char* name, float dt) {
+  bool done = true;
+  for (GameObj* child : object->children) {
+    auto* render = child->name == name ? FindComponent<Render>(child) : nullptr;
+    if (render == nullptr) continue;
+    float& alpha = render->m_colour[3];
+    if (alpha >= 1.0f) {
+      alpha = 1.0f;
+      break;
+    }
+    alpha += kFadePerSecond * dt;
+    done = false;
   }
-  alpha += kFadePerSecond * dt;
-  return false;
+  return done;
 }
 
 }  // namespace
@@ -126,10 +131,8 @@ void Enemy::Update(float dt) {
   if (!m_alive) return;
   GameController* controller = ControllerOf(m_owner);
   if (!RunUpkeep(this, controller, dt)) return;
-  if (controller != nullptr) {
-    BeginPhaseTwo(controller);
-    FadePhaseIn(controller);
-  }
+  BeginPhaseTwo(controller);
+  FadePhaseIn(controller);
   ShowHeldBarrel(this);
   if (m_turning) Turn();
   if (m_health >= 1) {
@@ -142,8 +145,8 @@ void Enemy::Update(float dt) {
 }
 
 void Enemy::BeginPhaseTwo(GameController* controller) {
-  if (m_phase_two || !m_boss) return;
-  if (!controller->AllBodiesAtRest() || m_health > m_max_health / 2) return;
+  if (m_phase_two || !m_boss || m_health > m_max_health / 2) return;
+  if (controller == nullptr || !controller->AllBodiesAtRest()) return;
   m_selected_first_weapon = false;
   m_phase_two = m_phase_change = true;
   ForEachChildNamed(m_owner, kShields[1], [](GameObj* shield) { shield->SetActive(true); });
@@ -152,15 +155,10 @@ void Enemy::BeginPhaseTwo(GameController* controller) {
 
 void Enemy::FadePhaseIn(GameController* controller) {
   if (!m_phase_change || m_phase_ready) return;
-  bool done = true;
-  const auto fade = [&](GameObj* object, const char* name) {
-    GameObj* faded = FirstChildNamed(object, name);
-    auto* render = faded ? FindComponent<Render>(faded) : nullptr;
-    if (render != nullptr) done = FadeIn(render, m_dt) && done;
-  };
-  fade(controller->m_owner, kField);
-  fade(m_owner, kShields[1]);
-  if (done) m_phase_ready = true;
+  const bool field_done =
+      controller == nullptr || FadeInChildren(controller->m_owner, kField, m_dt);
+  const bool shield_done = FadeInChildren(m_owner, kShields[1], m_dt);
+  if (field_done && shield_done) m_phase_ready = true;
 }
 
 /// Turns the body by its angular velocity until it is within the arrival of the aim.
@@ -191,21 +189,7 @@ void Enemy::Die(GameController* controller) {
 }
 
 void Enemy::DieAsBoss(GameController* controller, float dt) {
-  if (m_death_done) {
-    PaintUnit(m_owner, 1.0f);
-    m_owner->GetComponent<Transform>()->m_local_scale *= 3.0f;
-    SetStateOf(m_owner, "death");
-    PlaySoundOf(m_owner, "unit_death.ogg");
-    for (const char* name : kBarrelNames) {
-      ForEachChildWith<Render>(m_owner, name, [](Render* barrel) { barrel->m_visible = false; });
-    }
-    for (GameObj* child : m_owner->children) {
-      if (!child->HasComponent<ProjectileExplosion>()) continue;
-      ForEachChildWith<Transform>(child, "bullet_hit",
-                                  [](Transform* hit) { hit->m_local_scale *= 0.33f; });
-    }
-    m_alive = false;
-  }
+  if (m_death_done) EndAsBoss();
   m_dying = true;
   if (!m_death_done) {
     m_death_timer += dt;
@@ -218,12 +202,22 @@ void Enemy::DieAsBoss(GameController* controller, float dt) {
     RunExplosions();
   }
   if (m_death_timer >= kBossDeathTime) EndExplosions();
-  if (auto* holder = FindComponent<ColliderHolder>(m_owner)) holder->m_active = false;
+  StopColliding(m_owner);
   SetFieldsActive(controller, false);
   for (const char* name : kShields) {
     ForEachChildWith<Render>(m_owner, name, [](Render* shield) { shield->m_visible = false; });
   }
   HideMarks(m_owner);
+}
+
+/// The last step of a boss's death. The barrels keep what the strobe left on them: they are hidden.
+void Enemy::EndAsBoss() {
+  Paint(m_owner, 1.0f);
+  StartDeathSheet(m_owner);
+  for (GameObj* child : m_owner->children) {
+    if (child->HasComponent<ProjectileExplosion>()) ShrinkHits(child);
+  }
+  m_alive = false;
 }
 
 void Enemy::RunExplosions() {

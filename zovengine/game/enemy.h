@@ -78,6 +78,7 @@ class Enemy final : public LogicComponent {
   void Turn();
   void Die(GameController* controller);
   void DieAsBoss(GameController* controller, float dt);
+  void EndAsBoss();
   void RunExplosions();
   void EndExplosions();
 };

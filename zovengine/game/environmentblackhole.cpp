@@ -73,7 +73,8 @@ void EnvironmentBlackhole::Pull(GameObj* object) const {
   const Vector3D away = object->GetComponent<Transform>()->m_world_pos -
                         m_owner->GetComponent<Transform>()->m_world_pos;
   const float distance = away.Length();
-  if (m_suction_range < distance) return;
+  // A body on the very centre is drawn nowhere: its force would not be a number.
+  if (m_suction_range < distance || distance == 0.0f) return;
   AddForceToObject pull(object->id, away, -1.0f / distance * m_suction_force * kForcePerSuction,
                         kPullTime);
   g_engine->Broadcast(&pull);

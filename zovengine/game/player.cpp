@@ -7,8 +7,6 @@
 #include "game/unit.h"
 #include "objects/reflection.h"
 #include "physics/transform.h"
-#include "render/animation.h"
-#include "render/render.h"
 
 RTTR_REGISTRATION {
   using ZOVEngine::Player;
@@ -26,8 +24,7 @@ RTTR_REGISTRATION {
 namespace ZOVEngine {
 namespace {
 
-constexpr float kScalePerMuzzle = 1.2f;  ///< of the unit to the distance of its muzzle
-constexpr float kPierceDelay = 0.2f;     ///< of the muzzle effect (unit: seconds)
+constexpr float kPierceDelay = 0.2f;  ///< of the muzzle effect (unit: seconds)
 
 }  // namespace
 
@@ -82,10 +79,7 @@ void Player::RunPierceMuzzle(float dt) {
   }
   m_pierce_timer += dt;
   if (m_pierce_timer < kPierceDelay) return;
-  ForEachChildWith<Animation>(m_owner, "pierce_fire", [](Animation* fire) {
-    SetStateOf(fire->m_owner, "once");
-    if (auto* render = FindComponent<Render>(fire->m_owner)) render->m_visible = true;
-  });
+  PlayOnce(m_owner, "pierce_fire");
   m_pierce_pending = false;
   m_pierce_timer = 0.0f;
 }

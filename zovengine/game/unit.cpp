@@ -38,10 +38,6 @@ constexpr float kKeepScale = 0.33f;     ///< undoes it for what must keep its si
 constexpr const char* kLabelName = "WeaponText";
 constexpr const char* kBarName = "ui_hp_frame_filled";
 
-void Paint(Render* render, float value) {
-  for (std::size_t channel = 0; channel < 3; ++channel) render->m_colour[channel] = value;
-}
-
 void ScaleBy(GameObj* object, float factor) {
   if (auto* transform = FindComponent<Transform>(object)) transform->m_local_scale *= factor;
 }
@@ -72,10 +68,16 @@ std::string* StatusOf(GameObj* object) {
   return nullptr;
 }
 
+void Paint(GameObj* object, float value) {
+  auto* render = FindComponent<Render>(object);
+  if (render == nullptr) return;
+  for (std::size_t channel = 0; channel < 3; ++channel) render->m_colour[channel] = value;
+}
+
 void PaintUnit(GameObj* unit, float value) {
-  if (auto* render = FindComponent<Render>(unit)) Paint(render, value);
+  Paint(unit, value);
   for (const char* name : kBarrelNames) {
-    ForEachChildWith<Render>(unit, name, [value](Render* render) { Paint(render, value); });
+    ForEachChildNamed(unit, name, [value](GameObj* barrel) { Paint(barrel, value); });
   }
 }
 
@@ -116,8 +118,8 @@ void RunFlash(Unit* unit, float dt) {
 
 void ShowStatus(GameObj* unit, const std::string& status) {
   GameObj* sparks = FirstChildNamed(unit, "electricvfx");
-  Render* render = sparks ? FindComponent<Render>(sparks) : nullptr;
-  if (render != nullptr) render->m_visible = status == "damaged";
+  if (sparks == nullptr) return;
+  if (auto* render = FindComponent<Render>(sparks)) render->m_visible = status == "damaged";
 }
 
 template <class Unit>
@@ -143,7 +145,7 @@ void RunWeaponLabel(Unit* unit) {
     } else {
       label->m_colour[3] -= unit->m_dt * kLabelFade;
     }
-    label->m_owner->template GetComponent<Transform>()->m_local_pos.y += kLabelRise;
+    label->m_owner->GetComponent<Transform>()->m_local_pos.y += kLabelRise;
   });
 }
 
@@ -231,11 +233,19 @@ void RunAlive(Unit* unit) {
   ShowHealth(unit);
 }
 
-void ShrinkHits(GameObj* unit) {
-  for (GameObj* child : unit->children) {
-    ForEachChildNamed(child, "bullet_hit", [](GameObj* hit) { ScaleBy(hit, kKeepScale); });
-    if (child->name == "electricvfx" || child->name == kLabelName) ScaleBy(child, kKeepScale);
-  }
+void StartDeathSheet(GameObj* unit) {
+  SetStateOf(unit, "death");
+  ScaleBy(unit, kDeathScale);
+  PlaySoundOf(unit, "unit_death.ogg");
+  HideBarrels(unit);
+}
+
+void ShrinkHits(GameObj* shot) {
+  ForEachChildNamed(shot, "bullet_hit", [](GameObj* hit) { ScaleBy(hit, kKeepScale); });
+}
+
+void StopColliding(GameObj* unit) {
+  if (auto* holder = FindComponent<ColliderHolder>(unit)) holder->m_active = false;
 }
 
 void HideMarks(GameObj* unit) {
@@ -253,12 +263,12 @@ template <class Unit>
 void FallApart(Unit* unit) {
   GameObj* object = unit->m_owner;
   PaintUnit(object, 1.0f);
-  SetStateOf(object, "death");
-  if (auto* holder = FindComponent<ColliderHolder>(object)) holder->m_active = false;
-  ScaleBy(object, kDeathScale);
-  ShrinkHits(object);
-  PlaySoundOf(object, "unit_death.ogg");
-  HideBarrels(object);
+  StopColliding(object);
+  StartDeathSheet(object);
+  for (GameObj* child : object->children) {
+    ShrinkHits(child);
+    if (child->name == "electricvfx" || child->name == kLabelName) ScaleBy(child, kKeepScale);
+  }
   HideMarks(object);
   unit->m_alive = false;
 }
@@ -292,11 +302,15 @@ bool FireHeldWeapon(Unit* unit, const Vector3D& muzzle, const Vector3D& directio
   return shot->HasComponent<ProjectilePierce>();
 }
 
-void ShowMuzzleFire(GameObj* unit) {
-  ForEachChildWith<Animation>(unit, "unit_fire", [](Animation* fire) {
-    SetStateOf(fire->m_owner, "once");
-    if (auto* render = FindComponent<Render>(fire->m_owner)) render->m_visible = true;
+void PlayOnce(GameObj* unit, const char* name) {
+  ForEachChildWith<Animation>(unit, name, [](const Animation* sprite) {
+    SetStateOf(sprite->m_owner, "once");
+    if (auto* render = FindComponent<Render>(sprite->m_owner)) render->m_visible = true;
   });
+}
+
+void ShowMuzzleFire(GameObj* unit) {
+  PlayOnce(unit, "unit_fire");
   PlaySoundOf(unit, "unit_fire.ogg");
 }
 
@@ -349,7 +363,7 @@ void StartWeaponLabel(Unit* unit) {
     label->m_owner->SetActive(true);
     label->m_tex = unit->m_weapon_label_tex;
     label->m_colour[3] = 1.0f;
-    auto* transform = label->m_owner->template GetComponent<Transform>();
+    auto* transform = label->m_owner->GetComponent<Transform>();
     transform->m_local_scale =
         Vector3D(unit->m_weapon_label_size[0], unit->m_weapon_label_size[1], 1.0f);
     transform->m_local_pos = Vector3D(kLabelOffset, 0.0f, 0.0f);
