@@ -26,6 +26,7 @@ constexpr float kForcePerSpeed = 10.0f;
 constexpr float kForceTime = 0.1f;  ///< of a launch, a blast or a pull (unit: seconds)
 constexpr float kForcePerBlast = 100.0f;
 constexpr float kFadeSteps = 10.0f;    ///< the light at rest fades off in so many steps
+constexpr float kFlashOfLight = 4.0f;  ///< of a hit, as a multiple of the light at rest
 constexpr float kSpinPerStep = 10.0f;  ///< (unit: degrees)
 constexpr float kShakeTime = 0.5f;     ///< (unit: seconds)
 constexpr const char* kHitSound = "default_hit.ogg";
@@ -59,6 +60,11 @@ float SpeedOf(GameObj* shot) {
   return shot->GetComponent<RigidBody>()->m_vel.Length();
 }
 
+bool IsLevelOver(GameObj* shot) {
+  const GameController* controller = ControllerOf(shot);
+  return controller != nullptr && controller->m_state == TURN_LEVEL_END;
+}
+
 float LightAtRest(GameObj* shot) {
   const auto* light = FindComponent<Light>(shot);
   return light == nullptr ? 0.0f : light->m_diffuseStr;
@@ -72,6 +78,10 @@ void FadeLight(GameObj* shot, float at_rest) {
   } else {
     light->m_diffuseStr = at_rest;
   }
+}
+
+void FlashLight(GameObj* shot, float at_rest) {
+  SetLight(shot, at_rest * kFlashOfLight);
 }
 
 void SetLight(GameObj* shot, float strength) {
@@ -93,7 +103,7 @@ void Spin(GameObj* shot) {
 }
 
 void TurnTrail(GameObj* shot, float angle) {
-  ForEachChildWith<ParticleSystemC>(shot, "bullet_trail", [angle](ParticleSystemC* trail) {
+  ForEachChildWith<ParticleSystemC>(shot, kTrail, [angle](ParticleSystemC* trail) {
     TurnTo(trail->m_owner, angle - 90.0f);
     trail->m_start_rot = {angle, angle};
   });
@@ -111,6 +121,26 @@ bool PassesThrough(const ContactSides& sides, ContactInfo* contact) {
 void Wound(GameObj* unit, int damage) {
   *HealthOf(unit) -= damage;
   FlashUnit(unit);
+}
+
+void WoundAndShake(GameObj* shot, GameObj* unit, int damage) {
+  Wound(unit, damage);
+  ShakeCamera(shot, kSmallShake);
+}
+
+void HitAndEnd(GameObj* shot, GameObj* unit, int damage) {
+  WoundAndShake(shot, unit, damage);
+  PlayHitSound(shot);
+  shot->SetActive(false);
+  // Once more: the sparks went out with the shot.
+  EmitFeedback(shot);
+}
+
+void EndWithBang(GameObj* shot) {
+  PlaySoundOf(shot, "push_hit.ogg");
+  shot->SetActive(false);
+  EmitFeedback(shot);
+  ShowBurst(shot);
 }
 
 bool IsBossAtOwnMuzzle(GameObj* shot, const ContactSides& sides) {
@@ -155,6 +185,10 @@ void PlayBounceSound(GameObj* shot, const char* name) {
   source->PlaySound(name);
 }
 
+void PlayHitSound(GameObj* shot) {
+  PlaySoundOf(shot, kHitSound);
+}
+
 bool IsHitHeard(GameObj* shot) {
   auto* source = FindComponent<AudioSource>(shot);
   return source != nullptr && source->IsPlaying(kHitSound);
@@ -166,11 +200,14 @@ float DistanceBetween(GameObj* one, GameObj* other) {
       .Length();
 }
 
-void BlowAway(GameObj* shot, GameObj* object, float strength) {
+void BlowAway(GameObj* shot, RigidBody* body, float strength) {
+  if (!body->m_active) return;
+  GameObj* object = body->m_owner;
   const Vector3D away =
       object->GetComponent<Transform>()->m_world_pos - shot->GetComponent<Transform>()->m_world_pos;
-  AddForceToObject blast(object->id, away, 1.0f / away.Length() * strength * kForcePerBlast,
-                         kForceTime);
+  const float distance = away.Length();
+  if (distance == 0.0f) return;
+  AddForceToObject blast(object->id, away, 1.0f / distance * strength * kForcePerBlast, kForceTime);
   g_engine->Broadcast(&blast);
 }
 
