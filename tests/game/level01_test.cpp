@@ -189,6 +189,20 @@ TEST_F(Level01, TheEnemiesMoveAndThenItIsThePlayersTurn) {
   EXPECT_EQ(Controller().m_selected, Controller().m_players.front());
 }
 
+TEST_F(Level01, AClickFiresAndTheTurnWaitsForTheShot) {
+  for (int step = 0; step < 1200 && Controller().m_state != TURN_PLAYER_MOVE; ++step) {
+    m_world.Step();
+  }
+  ASSERT_EQ(Controller().m_state, TURN_PLAYER_MOVE);
+  m_world.Send(MouseButton(0, 1, Vector3D()));
+  m_world.Step(10);
+  GameObj* shooter = Controller().m_players.front();
+  EXPECT_EQ(Controller().m_selected, shooter);
+  EXPECT_EQ(Controller().m_state, TURN_PLAYER_SELECT) << "the next tank waits";
+  for (int step = 0; step < 600 && Controller().m_selected == shooter; ++step) m_world.Step();
+  EXPECT_EQ(Controller().m_selected, Controller().m_players.back());
+}
+
 TEST_F(Level01, WithoutAHandOnTheKeysItsTanksStayWhereTheyAre) {
   m_world.Step(60);
   std::vector<Vector3D> before;

@@ -119,6 +119,7 @@ class ShotStage {
     OutputOf(
         [&] { world.LoadObjects(Record("first", {}) + ", " + Record("level", root, children)); });
     if (parts.with_controller) Of<ZOVEngine::GameController>("level").m_camera = Find("camera");
+    Of<ZOVEngine::Camera>("camera").m_elapsed = 0.3f;  // of a shake that was
     Derive();
     Of<ZOVEngine::Light>("shot").m_diffuseStr = 100.0f;
     shot = Find("shot");

@@ -38,7 +38,7 @@ def damage(own):
 def rough(own):
     return record("EnvRough", {
         **place(own, 120),
-        "Render": render("Env_Rough", 1.5),
+        "Render": render("Env_Rough", 2),
         "iModel": sprite("")["iModel"],
         "EnvironmentRough": {},
         **shape("Box", "Hazard"),

@@ -8,6 +8,8 @@ from levels.shots import HIT, KINDS, shot
 # seconds after the key is let go. One push of an enemy carries it 95.
 MASS, DRAG, INERTIA = 350, 3, 360000
 SIZE = {"player": 90, "enemy": 90, "boss": 270}
+# A gun's size for the unit's. An enemy fires from gun / 1.2 before its middle, which must lie clear of its own shape.
+GUN = 0.82
 SNAP = 60  # arrival distance: more than half a push, or a patrol would step over its points
 SIDES = {
     "player": dict(look="Player", gun="Green", colour=(0.18, 0.9, 0.65)),
@@ -49,7 +51,7 @@ def enemy(unit, boss):
 
 def gun(own, index, texture, size):
     return record(f"Weapon{index}Barrel", {
-        "Transform": attached(own, (0, size * 0.13), (size, size), follow=True),
+        "Transform": attached(own, (0, size * 0.1), (size * GUN, size * GUN), follow=True),
         **sprite(texture, visible=index == 0),
     })
 

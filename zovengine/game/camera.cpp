@@ -77,7 +77,7 @@ void Camera::Update(float dt) {
 }
 
 /// The edge of the map's half is compared, and the view is set to the limit itself, deliberately.
-/// It holds for the frame that is drawn: the next derivation rebuilds the world position.
+/// It holds until the next derivation, which rebuilds the world position.
 void Camera::Limit() {
   auto* transform = FindComponent<Transform>(m_owner);
   auto* controller = m_owner->parent ? FindComponent<GameController>(m_owner->parent) : nullptr;

@@ -178,8 +178,8 @@ void Pathfinding::Search() {
 }
 
 /// A* (Hart, Nilsson and Raphael 1968), in three points deliberately unrefined: a cell's way is
-/// overwritten without a comparison, a cell may be open several times and is then expanded several
-/// times, and the closed cells are searched one by one.
+/// overwritten without a comparison, a cell may be open several times, and the closed cells are
+/// searched one by one.
 void Pathfinding::SearchFrom(PathNode* start, PathNode* end) {
   start->h = Heuristic(start->grid_pos, end->grid_pos);
   start->g = 0.0f;
@@ -193,7 +193,9 @@ void Pathfinding::SearchFrom(PathNode* start, PathNode* end) {
   open.Push(start);
   while (!open.IsEmpty()) {
     PathNode* node = open.Pop();
-    if (!is_closed(node)) closed.push_back(node);
+    // Expanding it once more for each time that it was open would take time without bounds.
+    if (is_closed(node)) continue;
+    closed.push_back(node);
     if (node == end) {
       TakePath(start, end);
       return;
