@@ -63,7 +63,10 @@ void EnvironmentBlackhole::Update(float) {
   if (!m_init) Init();
   if (!m_active) return;
   m_owner->GetComponent<Transform>()->m_local_rotate += kTurnPerStep;
-  for (const RigidBody* body : m_bodies->Components()) Pull(body->m_owner);
+  for (const RigidBody* body : m_bodies->Components()) {
+    // What is switched off does not age its forces: they would only pile up.
+    if (body->m_active) Pull(body->m_owner);
+  }
 }
 
 /// The direction has the length of the distance, which the magnitude divides by: the force is the
