@@ -69,6 +69,9 @@ def shots(own, parent):
     for component in ("Transform", "RigidBody"):
         if component not in own:
             yield f"is a shot without {component}"
+    for part in [own, *own["Childs"]]:
+        if part.get("Transform", {}).get("m_rotate_with_parent"):
+            yield f"turns {part['name']} with the unit, which would carry it off its way"
     if own.get("RigidBody", {}).get("m_drag", 0) > 0:
         yield "is a shot that drag would stop before its range is out, and the turn with it"
 

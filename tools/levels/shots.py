@@ -25,7 +25,7 @@ KINDS = {
     "VACUUM": dict(component="ProjectileVacuum", picture="Vacuum", gun="Vacuum", size=34, colour=(0.35, 0.88, 1.0),
                    fields={"m_damage": 0, "m_aoe": 220.0, "m_suction_force": 9000.0}, sounds=("push_hit.ogg",)),
 }
-# These turn their trail themselves, to point backwards; the others' trail turns with the shot.
+# These point their trail backwards; the others puff all around.
 TURNS_TRAIL = {"BOUNCE", "EXPLOSION", "PUSH", "SWAP", "VACUUM"}
 
 
@@ -36,11 +36,13 @@ def lamp_of(name, kind):
 
 
 def children(name, kind, own):
+    """None follows: a shot does not turn with its unit, but a child that follows turns with both, and is carried off."""
     size, colour = kind["size"], kind["colour"]
-    trail = attached(own, (0, 0), (size * 0.5, size * 0.5), 0 if name in TURNS_TRAIL else -90, name not in TURNS_TRAIL)
+    backwards = name in TURNS_TRAIL
     yield record("bullet_trail", {
-        "Transform": trail,
-        **particles(24, 48, ((*colour, 0.7), (*colour, 0.0)), (size * 0.6, 4), force=500),
+        "Transform": attached(own, (0, 0), (size * 0.5, size * 0.5)),
+        **particles(24, 48, ((*colour, 0.7), (*colour, 0.0)), (size * 0.6, 4), force=500 if backwards else 150,
+                    arc=0 if backwards else 359),
     })
     yield record("bullet_feedback", {
         "Transform": attached(own, (0, 0), (10, 10)),
@@ -48,7 +50,7 @@ def children(name, kind, own):
                     duration=0.15, arc=359),
     })
     yield record("bullet_hit", {
-        "Transform": attached(own, (0, 0), (110, 110), follow=True),
+        "Transform": attached(own, (0, 0), (110, 110)),
         **sprite("Sheet_Shot_Hit", alpha=0),
         **animation(0.04, once=HIT),
     })
