@@ -21,12 +21,15 @@ std::int32_t WindowHeight() {
   return static_cast<std::int32_t>(g_window_system->m_size.y);
 }
 
+/// Half of an odd size is deliberately cut to whole pixels.
 float HalfWidth() {
-  return static_cast<float>(WindowWidth() / 2);
+  const std::int32_t half = WindowWidth() / 2;
+  return static_cast<float>(half);
 }
 
 float HalfHeight() {
-  return static_cast<float>(WindowHeight() / 2);
+  const std::int32_t half = WindowHeight() / 2;
+  return static_cast<float>(half);
 }
 
 /// The cells, of `count`, that the stretch from `begin` to `end` reaches into.
