@@ -113,9 +113,11 @@ TEST(Enemy, FiresAlongItsBodyWhateverItsTargetAndAim) {
 
 TEST(Enemy, TheMuzzleIsAsFarAsItsFirstBarrelIsLong) {
   // The barrels are 1.5 and 2 times as long as the unit of 36.
-  Driver whole;
-  whole.Unit().Fire();
-  ExpectNear(whole.PlaceOfShot(0), 100.0f, 50.0f + 54.0f / 1.2f);
+  {
+    Driver whole;
+    whole.Unit().Fire();
+    ExpectNear(whole.PlaceOfShot(0), 100.0f, 50.0f + 54.0f / 1.2f);
+  }
   Driver second_only({.without = {"Weapon0Barrel"}});
   second_only.Unit().Fire();
   ExpectNear(second_only.PlaceOfShot(0), 100.0f, 50.0f + 72.0f / 1.2f);

@@ -114,9 +114,11 @@ TEST(ProjectileExplosion, UnitsInReachAreWoundedWhiteAndBlownAway) {
 }
 
 TEST(ProjectileExplosion, AUnitThatIsHitIsWoundedByTheBlastAlone) {
-  ShotStage stage = StageWith({UnitAt("unit", "Enemy", 28, 0)});
-  stage.Enter(Awake(stage), "unit", "shot");
-  EXPECT_EQ(stage.Of<Enemy>("unit").m_health, 4);
+  {
+    ShotStage stage = StageWith({UnitAt("unit", "Enemy", 28, 0)});
+    stage.Enter(Awake(stage), "unit", "shot");
+    EXPECT_EQ(stage.Of<Enemy>("unit").m_health, 4);
+  }
   ShotStage large = StageWith({UnitAt("unit", "Enemy", 28, 0)});
   large.Of<ProjectileExplosion>("shot").m_aoe = 27.0f;
   large.Enter(Awake(large), "unit", "shot");
