@@ -32,9 +32,10 @@ def read_list():
             yield (name, source, *map(int, numbers))
 
 
-def fill_in(text, frame, frames):
-    """Replaces each {{expression}} of a source by its value in this frame."""
+def fill_in(text, name, frame, frames):
+    """Replaces each {{expression}} of a source by its value of the picture `name` in this frame."""
     names = {
+        "name": name,
         "frame": frame,
         "frames": frames,
         "t": frame / frames,
@@ -83,7 +84,7 @@ def make(name, source, width, height, frames=1):
     if width * frames > LARGEST_SIDE or height > LARGEST_SIDE:
         sys.exit(f"{name}: larger than {LARGEST_SIDE} pixels")
     text = (SOURCES / source).read_text()
-    strip = [draw(fill_in(text, frame, frames), width, height) for frame in range(frames)]
+    strip = [draw(fill_in(text, name, frame, frames), width, height) for frame in range(frames)]
     pixels = numpy.concatenate(strip, axis=1)
     if pixels[..., 3].min() == 255:
         picture = Image.fromarray(pixels[..., :3])

@@ -9,8 +9,11 @@
 #include "core/random.h"
 #include "core/statemachine.h"
 #include "game/camera.h"
+#include "game/objectquery.h"
 #include "game/tileworld.h"
+#include "game/turnworld.h"
 #include "objects/statec.h"
+#include "render/particle.h"
 #include "ui/splashcontroller.h"
 
 namespace ZOVEngine {
@@ -28,6 +31,9 @@ using carapace_test::ReadRecord;
 using carapace_test::Record;
 using carapace_test::RecordOf;
 using carapace_test::TileWorld;
+using carapace_test::TransformOf;
+using carapace_test::TurnWorld;
+using carapace_test::UnitAt;
 using carapace_test::World;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
@@ -47,7 +53,12 @@ std::string Root(const std::vector<std::string>& children = {}) {
 }
 
 std::string Unit(const std::string& name, const std::string& component) {
-  return Record(name, {{component, "{}"}, {"StateC", R"({"m_state": "default"})"}});
+  return Record(name, {{"Transform", PlacedAt(0, 0)},
+                       {"RigidBody", "{}"},
+                       {"Render", "{}"},
+                       {"iModel", "{}"},
+                       {component, "{}"},
+                       {"StateC", R"({"m_state": "default"})"}});
 }
 
 std::string CameraNamed(const std::string& name) {
@@ -200,8 +211,11 @@ TEST(GameController, UnitsAreGatheredInTheOrderOfTheChildren) {
 }
 
 TEST(GameController, UnitsSpawnAndAUnitWithoutAStateIsNoFault) {
-  RunningLevel level({Unit("e", "Enemy"), Unit("p", "Player"), Unit("bystander", "Waypoint"),
-                      Record("stateless", {{"Player", "{}"}})});
+  RunningLevel level(
+      {Unit("e", "Enemy"), Unit("p", "Player"), Unit("bystander", "Waypoint"),
+       Record(
+           "stateless",
+           {{"Transform", PlacedAt(0, 0)}, {"Render", "{}"}, {"iModel", "{}"}, {"Player", "{}"}})});
   level.world.Step();
   EXPECT_EQ(level.StateOf("e"), "spawn");
   EXPECT_EQ(level.StateOf("p"), "spawn");
@@ -317,6 +331,120 @@ TEST(GameController, ARestartComesBeforeTheMenu) {
   level.Controller().m_restart = level.Controller().m_quit_to_menu = true;
   level.world.Step(2);
   EXPECT_EQ(g_state_machine->m_current, kDefaultState);
+}
+
+TEST(GameController, ARequestForARestartSilencesTheLevel) {
+  const TurnWorld level;
+  level.Sounds().sounds["theme.ogg"] = {};
+  level.Controller().RequestRestart();
+  EXPECT_TRUE(level.Controller().m_restart);
+  EXPECT_TRUE(level.Sounds().sounds["theme.ogg"].stop_request);
+}
+
+TEST(GameController, ARequestForTheMenuSilencesTheLevelAndEndsThePause) {
+  const TurnWorld level;
+  level.Sounds().sounds["theme.ogg"] = {};
+  g_engine->paused = true;
+  level.Controller().RequestQuitToMenu();
+  EXPECT_TRUE(level.Controller().m_quit_to_menu);
+  EXPECT_TRUE(level.Sounds().sounds["theme.ogg"].stop_request);
+  EXPECT_FALSE(g_engine->paused);
+}
+
+// Questions
+
+TEST(GameController, ASideIsDeadWhenNoneOfItsUnitsLives) {
+  const TurnWorld level({UnitAt("Enemy", "e", 0, 0), UnitAt("Enemy", "e2", 0, 0),
+                         UnitAt("Player", "p", 0, 0), UnitAt("Player", "p2", 0, 0)});
+  GameController& controller = level.Controller();
+  level.PlayerOf("p").m_alive = level.EnemyOf("e2").m_alive = false;
+  EXPECT_FALSE(controller.AllPlayersDead());
+  EXPECT_FALSE(controller.AllEnemiesDead());
+  EXPECT_EQ(controller.m_ui_state, "ui_default");
+  level.PlayerOf("p2").m_alive = false;
+  EXPECT_TRUE(controller.AllPlayersDead());
+  EXPECT_EQ(controller.m_ui_state, "ui_level_end");
+  controller.m_ui_state = "ui_pause";
+  level.EnemyOf("e").m_alive = false;
+  EXPECT_TRUE(controller.AllEnemiesDead());
+  EXPECT_EQ(controller.m_ui_state, "ui_level_end");
+}
+
+TEST(GameController, AnEmptySideIsDead) {
+  GameController controller(nullptr);
+  EXPECT_TRUE(controller.AllPlayersDead());
+  EXPECT_TRUE(controller.AllEnemiesDead());
+  EXPECT_TRUE(controller.AllEnemiesActed());
+}
+
+TEST(GameController, EnemiesHaveActedWhenTheLivingOnesHaveMoved) {
+  const TurnWorld level({UnitAt("Enemy", "e", 0, 0), UnitAt("Enemy", "e2", 0, 0)});
+  EXPECT_FALSE(level.Controller().AllEnemiesActed());
+  level.EnemyOf("e").m_moved = true;
+  EXPECT_FALSE(level.Controller().AllEnemiesActed());
+  level.EnemyOf("e2").m_alive = false;
+  EXPECT_TRUE(level.Controller().AllEnemiesActed());
+}
+
+TEST(GameController, OnlyLivingEnemiesAreReset) {
+  const TurnWorld level({UnitAt("Enemy", "e", 0, 0), UnitAt("Enemy", "dead", 0, 0)});
+  level.EnemyOf("dead").m_alive = false;
+  for (const char* name : {"e", "dead"}) {
+    level.EnemyOf(name).m_moved = level.EnemyOf(name).m_fired = true;
+  }
+  level.Controller().ResetEnemies();
+  EXPECT_FALSE(level.EnemyOf("e").m_moved || level.EnemyOf("e").m_fired);
+  EXPECT_TRUE(level.EnemyOf("dead").m_moved && level.EnemyOf("dead").m_fired);
+}
+
+TEST(GameController, RestIsASpeedBelowThreeOnEveryAxisAndInTurning) {
+  const TurnWorld level;
+  RigidBody& body = level.BodyOf("stone");
+  const auto rests = [&](float x, float y, float turn) {
+    body.m_vel = Vector3D(x, y, 1000);
+    body.m_rot_vel = turn;
+    return level.Controller().AllBodiesAtRest();
+  };
+  EXPECT_TRUE(rests(2.99f, -2.99f, 2.99f));
+  EXPECT_FALSE(rests(3, 0, 0));
+  EXPECT_FALSE(rests(-3, 0, 0));
+  EXPECT_FALSE(rests(0, 3, 0));
+  EXPECT_FALSE(rests(0, -3, 0));
+  EXPECT_FALSE(rests(0, 0, 3));
+  EXPECT_FALSE(rests(0, 0, -3));
+}
+
+TEST(GameController, ParticlesAndSwitchedOffBodiesDoNotDisturbTheRest) {
+  const TurnWorld level;
+  level.Disturb();
+  EXPECT_FALSE(level.Controller().AllBodiesAtRest());
+  level.Find("stone")->AddComponent<Particle>();
+  EXPECT_TRUE(level.Controller().AllBodiesAtRest());
+  level.BodyOf("e").m_vel.x = 50;
+  EXPECT_FALSE(level.Controller().AllBodiesAtRest());
+  level.BodyOf("e").m_active = false;
+  EXPECT_TRUE(level.Controller().AllBodiesAtRest());
+}
+
+TEST(GameController, BeforeItsInitNothingMoves) {
+  const GameController controller(nullptr);
+  EXPECT_TRUE(controller.AllBodiesAtRest());
+}
+
+TEST(GameController, TheMousePointsIntoTheLevelFromTheCamerasPlace) {
+  TurnWorld level;
+  level.PointAt(300, -150);
+  EXPECT_EQ(level.Controller().MouseWorldPos(), Vector3D(300, -150, 1));
+  TransformOf(level.Find("view")).m_world_pos = Vector3D(10, 20, 5);
+  EXPECT_EQ(level.Controller().MouseWorldPos(), Vector3D(310, -130, 1));
+  level.Controller().m_camera = nullptr;
+  EXPECT_EQ(level.Controller().MouseWorldPos(), Vector3D(300, -150, 1));
+}
+
+TEST(GameController, ItAnswersTheQueryOfWhatIsBelowIt) {
+  const TurnWorld level;
+  EXPECT_EQ(ControllerOf(level.Find("p")), &level.Controller());
+  EXPECT_EQ(ControllerOf(level.Find("level")), &level.Controller());
 }
 
 }  // namespace

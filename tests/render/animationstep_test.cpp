@@ -186,6 +186,8 @@ TEST_F(AnimationStepTest, DeathShowsItsSheet) {
 TEST_F(AnimationStepTest, DeathWhitensAUnitAndKeepsItsAlpha) {
   Make("death");
   object->AddComponent<Player>();
+  Of<Player>(object).m_init = true;  // and dead: its own step leaves the looks alone
+  Of<Player>(object).m_alive = false;
   Sprite().m_colour = {9.0f, 8.0f, 7.0f, 0.5f};
   scene.Draw();
   ExpectSpriteColour(1.0f, 1.0f, 1.0f, 0.5f);
@@ -260,6 +262,8 @@ TEST_F(AnimationStepTest, OnceEndsInVanishingWithoutSwitchingOff) {
 TEST_F(AnimationStepTest, OnceBringsAPlayerBackToItsPlainSprite) {
   Make("once");
   object->AddComponent<Player>();
+  Of<Player>(object).m_init = true;  // and dead: its own step leaves the looks alone
+  Of<Player>(object).m_alive = false;
   for (int i = 0; i < 4; ++i) scene.Draw();
   EXPECT_TRUE(Sprite().m_visible);
   ExpectSpriteColour(1.0f, 1.0f, 1.0f, 1.0f);
@@ -269,6 +273,8 @@ TEST_F(AnimationStepTest, OnceBringsAPlayerBackToItsPlainSprite) {
 TEST_F(AnimationStepTest, OnceBringsAnEnemyBackToItsPlainSprite) {
   Make("once");
   object->AddComponent<Enemy>();
+  Of<Enemy>(object).m_init = true;  // and dead: its own step leaves the looks alone
+  Of<Enemy>(object).m_alive = false;
   for (int i = 0; i < 4; ++i) scene.Draw();
   EXPECT_TRUE(Sprite().m_visible);
 }
@@ -276,6 +282,8 @@ TEST_F(AnimationStepTest, OnceBringsAnEnemyBackToItsPlainSprite) {
 TEST_F(AnimationStepTest, TheLastDrawOfOnceIsThePlainTextureWhole) {
   Make("once");
   object->AddComponent<Player>();
+  Of<Player>(object).m_init = true;  // and dead: its own step leaves the looks alone
+  Of<Player>(object).m_alive = false;
   for (int i = 0; i < 3; ++i) scene.Draw();
   const DrawCommand draw = scene.DrawOne();
   EXPECT_EQ(draw.texture, 1u);
@@ -351,6 +359,7 @@ TEST_F(AnimationStepTest, TheNameAloneMakesItLoopTheCommonSheet) {
   scene.System().m_textures["Sheet_Env_Damaging"] = 33;
   Make("loop", "zone");
   object->AddComponent<EnvironmentDamage>();
+  Of<EnvironmentDamage>(object).m_init = true;
   EXPECT_EQ(scene.DrawOne().texture, 5u);
 }
 

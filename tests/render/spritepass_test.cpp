@@ -71,6 +71,7 @@ TEST(SpritePasses, InvisibleSpritesAreSkippedByAll) {
   GameObj* camera = scene.AddCamera();
   GameObj* zone = scene.AddSprite("zone", "two");
   zone->AddComponent<EnvironmentRough>();
+  Of<EnvironmentRough>(zone).m_init = true;  // its first step would switch it on
   for (GameObj* object :
        {scene.AddSprite("unit", "one"), zone, scene.AddSprite("bar", "one", camera)}) {
     Of<Render>(object).m_visible = false;
@@ -180,6 +181,7 @@ TEST(PlainStates, DamagedIsPlainInTheWorldAndInTheHazardPass) {
   GameObj* unit = scene.AddAnimated("unit", "damaged");
   GameObj* zone = scene.AddAnimated("zone", "damaged");
   zone->AddComponent<EnvironmentDamage>();
+  Of<EnvironmentDamage>(zone).m_init = true;  // its first step would switch it on
   EXPECT_EQ(scene.DrawTextures(), (std::vector<int>{1, 1}));
   EXPECT_EQ(Of<Animation>(unit).m_timer, 0.0f);
   EXPECT_EQ(Of<Animation>(zone).m_timer, 0.0f);

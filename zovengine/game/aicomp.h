@@ -4,15 +4,25 @@
 
 namespace ZOVEngine {
 
-/// Decides for an enemy.
-///
-/// Known to the files, the tables and the passes by its name; it has no fields and no behaviour
-/// yet.
-class AIComp final : public EmptyLogicComponent {
-  RTTR_ENABLE(EmptyLogicComponent)
+/// Walks an enemy along its patrol, one push whenever the turn controller finds all at rest.
+class AIComp final : public LogicComponent {
+  RTTR_ENABLE(LogicComponent)
 
  public:
-  using EmptyLogicComponent::EmptyLogicComponent;
+  using LogicComponent::LogicComponent;
+
+  void Unserialize(const Value&) override {}
+  void Serialize(Writer&) override {}
+  void Init() override {}
+  void Update(float dt) override { m_dt = dt; }
+  void Destroy() override {}
+  void OnMessage(Message*) override {}
+
+  /// One push towards the next waypoint of the owner's Enemy, an arrival, or the end of its move.
+  /// An owner without waypoints, Transform or RigidBody stays as it is.
+  void MoveAlongWaypoints();
+
+  float m_dt = 0.0f;  ///< of the last step (unit: seconds)
 };
 
 }  // namespace ZOVEngine

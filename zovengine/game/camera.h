@@ -6,8 +6,11 @@ namespace ZOVEngine {
 
 /// Gives the view its position: the renderer reads the object's world position and `m_offset`.
 ///
-/// What hangs on the camera's object is interface and is drawn over the world. A new camera is
-/// inactive; the view follows active cameras only.
+/// It keeps the view within the level's map and a margin of tiles, and it shakes; it follows
+/// nothing, what moves is its object. Who wants a shake writes the fields: `m_shaking`,
+/// `m_shake_duration`, `m_shakemag`, and `m_elapsed` to begin anew. What hangs on the camera's
+/// object is interface and is drawn over the world. A new camera is inactive; the view follows
+/// active cameras only.
 class Camera final : public LogicComponent {
   RTTR_ENABLE(LogicComponent)
 
@@ -16,9 +19,12 @@ class Camera final : public LogicComponent {
 
   void Unserialize(const Value& value) override;
   void Serialize(Writer& writer) override;
-  void Init() override { m_init = true; }
+  /// Says so on standard output and seeds the random numbers from the time of day.
+  void Init() override;
+  /// Limits the view, if the parent runs a level, and shakes it.
   void Update(float dt) override;
-  void Destroy() override {}
+  /// Says so on standard output.
+  void Destroy() override;
   void OnMessage(Message*) override {}
 
   float m_elapsed = 0.0f;  ///< of the shake (unit: seconds)
@@ -28,7 +34,11 @@ class Camera final : public LogicComponent {
   float m_shakemag = 1.0f;
   int m_xlimit = 1;  ///< tiles allowed beyond the map's half width
   int m_ylimit = 1;  ///< tiles allowed beyond the map's half height
-  bool m_at_limit[4] = {false, false, false, false};  ///< right, top, left, bottom
+  bool m_at_limit[4] = {false, false, false, false};  ///< right, top, left, bottom; of this step
+
+ private:
+  void Limit();
+  void Shake(float dt);
 };
 
 }  // namespace ZOVEngine

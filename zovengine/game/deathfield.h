@@ -4,15 +4,25 @@
 
 namespace ZOVEngine {
 
-/// A field that kills what touches it.
-///
-/// Known to the files, the tables and the passes by its name; it has no fields and no behaviour
-/// yet.
-class DeathField final : public EmptyLogicComponent {
-  RTTR_ENABLE(EmptyLogicComponent)
+/// The boss's aura: follows the boss and wounds a player unit each time that it enters. Everything
+/// passes through it.
+class DeathField final : public LogicComponent {
+  RTTR_ENABLE(LogicComponent)
 
  public:
-  using EmptyLogicComponent::EmptyLogicComponent;
+  using LogicComponent::LogicComponent;
+
+  void Unserialize(const Value& value) override;
+  void Serialize(Writer& writer) override;
+  void Init() override;
+  void Update(float dt) override;
+  void Destroy() override {}
+  void OnMessage(Message*) override {}
+  void OnCollisionEnter(ContactInfo* contact) override;
+  void OnCollisionStay(ContactInfo* contact) override;
+  void OnCollisionExit(ContactInfo* contact) override;
+
+  int m_damage = 10;
 };
 
 }  // namespace ZOVEngine

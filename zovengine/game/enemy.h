@@ -1,18 +1,86 @@
 #pragma once
 
+#include <array>
+#include <cstdint>
+#include <string>
+#include <vector>
+
 #include "objects/logiccomponent.h"
 
 namespace ZOVEngine {
 
-/// A unit that the program drives.
+class GameController;
+
+/// A unit that the game drives; built like a Player.
 ///
-/// Known to the files, the tables and the passes by its name; it has no fields and no behaviour
-/// yet.
-class Enemy final : public EmptyLogicComponent {
-  RTTR_ENABLE(EmptyLogicComponent)
+/// It fires along its body, which it turned in the round before, so that every shot is seen
+/// coming. A boss has three shots instead of a weapon, a second phase from half health on, in which
+/// a shield and the level's death field fade in, and takes five seconds to die.
+class Enemy final : public LogicComponent {
+  RTTR_ENABLE(LogicComponent)
 
  public:
-  using EmptyLogicComponent::EmptyLogicComponent;
+  using LogicComponent::LogicComponent;
+
+  void Unserialize(const Value& value) override;
+  void Serialize(Writer& writer) override;
+  void Init() override;
+  void Update(float dt) override;
+  void Destroy() override;
+  void OnMessage(Message*) override {}
+
+  /// Fires along the body. Does nothing without a target or for a boss that is dying.
+  void Fire();
+  /// Lets the name of the weapon in hand rise beside the unit.
+  void ShowWeaponLabel();
+
+  float m_dt = 0.0f;  ///< of the last step (unit: seconds)
+  int m_health = 1;
+  int m_max_health = 1;
+  float m_hp_bar_width = 0.0f;  ///< world width of the full bar
+  float m_hp_bar_scale = 0.0f;  ///< its local x scale
+  float m_hp_bar_left = 0.0f;   ///< its left edge
+  float m_hp_bar_x = 0.0f;      ///< its local x position
+  bool m_show_weapon_label = false;
+  std::string m_weapon_label_tex = "BASIC";
+  std::string m_status = "default";                         ///< or "damaged", or "slowed"
+  std::array<float, 2> m_weapon_label_size = {0.0f, 0.0f};  ///< width and height
+  float m_flash_timer = 0.0f;                               ///< (unit: seconds)
+  float m_label_timer = 0.0f;                               ///< (unit: seconds)
+  bool m_alive = true;
+  bool m_turning = false;    ///< the body turns towards m_aim_angle
+  float m_aim_angle = 0.0f;  ///< to reach and to fire along (unit: degrees)
+  bool m_selected_first_weapon = true;
+  bool m_pierce_pending = false;  ///< set by a pierce shot, read by nothing
+  bool m_fired = false;           ///< in this round
+  bool m_boss = false;
+  bool m_phase_two = false;      ///< the boss has entered its second phase
+  bool m_phase_change = false;   ///< the change to it has begun
+  bool m_phase_ready = false;    ///< shield and field have faded in
+  bool m_dying = false;          ///< the boss's death has begun
+  bool m_death_done = false;     ///< the boss's death has run its time
+  float m_death_timer = 0.0f;    ///< (unit: seconds)
+  bool m_moved = false;          ///< finished its move of this round
+  bool m_waypoints_off = false;  ///< suspends the walk along the waypoints; set by tools only
+  std::vector<Vector3D> m_waypoints;
+  float m_snap_range = 10.0f;   ///< arrival distance (unit: world units)
+  float m_move_timer = 0.0f;    ///< spent moving in this turn (unit: seconds)
+  float m_move_limit = 0.001f;  ///< of moving in a turn (unit: seconds)
+  std::uint32_t m_waypoint_index = 0;
+  float m_move_speed = 1000.0f;  ///< the force is this times 100
+  GameObj* m_target = nullptr;   ///< the player unit aimed at
+
+ private:
+  bool ShotOfBoss(const GameObj& child, float* spread) const;
+  void FireAsBoss(const Vector3D& muzzle, float angle);
+  void BeginPhaseTwo(GameController* controller);
+  void FadePhaseIn(GameController* controller);
+  void Turn();
+  void Die(GameController* controller);
+  void DieAsBoss(GameController* controller, float dt);
+  void EndAsBoss();
+  void RunExplosions();
+  void EndExplosions();
 };
 
 }  // namespace ZOVEngine

@@ -4,15 +4,23 @@
 
 namespace ZOVEngine {
 
-/// A hazard that hurts what stands on it. Drawn under units by the hazard pass.
-///
-/// Known to the files, the tables and the passes by its name; it has no fields and no behaviour
-/// yet.
-class EnvironmentDamage final : public EmptyLogicComponent {
-  RTTR_ENABLE(EmptyLogicComponent)
+/// A zone that wounds units that stand in it at each of their turns. Units and shots pass through
+/// it; a unit that touches it has the status "damaged" until it leaves.
+class EnvironmentDamage final : public LogicComponent {
+  RTTR_ENABLE(LogicComponent)
 
  public:
-  using EmptyLogicComponent::EmptyLogicComponent;
+  using LogicComponent::LogicComponent;
+
+  void Unserialize(const Value&) override {}
+  void Serialize(Writer&) override {}
+  void Init() override;
+  void Update(float dt) override;
+  void Destroy() override {}
+  void OnMessage(Message*) override {}
+  void OnCollisionEnter(ContactInfo* contact) override;
+  void OnCollisionStay(ContactInfo* contact) override;
+  void OnCollisionExit(ContactInfo* contact) override;
 };
 
 }  // namespace ZOVEngine

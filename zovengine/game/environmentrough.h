@@ -4,15 +4,23 @@
 
 namespace ZOVEngine {
 
-/// A hazard that slows what crosses it. Drawn under units by the hazard pass.
-///
-/// Known to the files, the tables and the passes by its name; it has no fields and no behaviour
-/// yet.
-class EnvironmentRough final : public EmptyLogicComponent {
-  RTTR_ENABLE(EmptyLogicComponent)
+/// A zone that slows units that move in it. Units and shots pass through it; a unit that touches it
+/// has the status "slowed" until it leaves.
+class EnvironmentRough final : public LogicComponent {
+  RTTR_ENABLE(LogicComponent)
 
  public:
-  using EmptyLogicComponent::EmptyLogicComponent;
+  using LogicComponent::LogicComponent;
+
+  void Unserialize(const Value&) override {}
+  void Serialize(Writer&) override {}
+  void Init() override;
+  void Update(float dt) override;
+  void Destroy() override {}
+  void OnMessage(Message*) override {}
+  void OnCollisionEnter(ContactInfo* contact) override;
+  void OnCollisionStay(ContactInfo* contact) override;
+  void OnCollisionExit(ContactInfo* contact) override;
 };
 
 }  // namespace ZOVEngine

@@ -3,15 +3,19 @@
 #include <ctime>
 
 #include "audio/audiosource.h"
+#include "core/engine.h"
 #include "core/random.h"
 #include "core/statemachine.h"
 #include "game/camera.h"
 #include "game/enemy.h"
+#include "game/objectquery.h"
 #include "game/player.h"
 #include "objects/gameobjfactory.h"
 #include "objects/reflection.h"
 #include "objects/statec.h"
-#include "ui/splashcontroller.h"
+#include "physics/transform.h"
+#include "platform/inputsystem.h"
+#include "render/particle.h"
 
 RTTR_REGISTRATION {
   using ZOVEngine::GameController;
@@ -22,6 +26,12 @@ RTTR_REGISTRATION {
 }
 
 namespace ZOVEngine {
+namespace {
+
+/// From this speed on a body moves (unit: world units, or degrees, per second).
+constexpr float kRestSpeed = 3.0f;
+
+}  // namespace
 
 void GameController::Unserialize(const Value& value) {
   ReadValue(value, "m_level_theme", &m_level_theme);
@@ -77,18 +87,63 @@ void GameController::GatherChildren() {
   }
 }
 
-void GameController::Update(float) {
-  if (!m_init) Init();
-  if (m_restart) {
-    ChangeState(kReenterState, "");
-    return;
+void GameController::ResetEnemies() {
+  for (GameObj* object : m_enemies) {
+    Enemy& enemy = *object->GetComponent<Enemy>();
+    if (enemy.m_alive) enemy.m_moved = enemy.m_fired = false;
   }
-  if (m_quit_to_menu) {
-    g_menu_entry_click = false;
-    ChangeState(kMainMenuState, "");
-    return;
+}
+
+void GameController::RequestRestart() {
+  if (auto* source = FindComponent<AudioSource>(m_owner)) source->StopAllSounds();
+  m_restart = true;
+}
+
+void GameController::RequestQuitToMenu() {
+  if (auto* source = FindComponent<AudioSource>(m_owner)) source->StopAllSounds();
+  m_quit_to_menu = true;
+  g_engine->paused = false;
+}
+
+bool GameController::AllPlayersDead() {
+  for (GameObj* object : m_players) {
+    if (object->GetComponent<Player>()->m_alive) return false;
   }
-  if (m_camera != nullptr) m_camera->GetComponent<Camera>()->m_active = true;
+  m_ui_state = "ui_level_end";
+  return true;
+}
+
+bool GameController::AllEnemiesDead() {
+  for (GameObj* object : m_enemies) {
+    if (object->GetComponent<Enemy>()->m_alive) return false;
+  }
+  m_ui_state = "ui_level_end";
+  return true;
+}
+
+bool GameController::AllBodiesAtRest() const {
+  if (m_rigid_bodies == nullptr) return true;
+  const auto moves = [](float speed) { return speed <= -kRestSpeed || speed >= kRestSpeed; };
+  for (const RigidBody* body : m_rigid_bodies->Components()) {
+    if (!body->m_active || body->m_owner->HasComponent<Particle>()) continue;
+    if (moves(body->m_vel.x) || moves(body->m_vel.y) || moves(body->m_rot_vel)) return false;
+  }
+  return true;
+}
+
+bool GameController::AllEnemiesActed() const {
+  for (GameObj* object : m_enemies) {
+    const Enemy& enemy = *object->GetComponent<Enemy>();
+    if (enemy.m_alive && !enemy.m_moved) return false;
+  }
+  return true;
+}
+
+Vector3D GameController::MouseWorldPos() const {
+  const Vector3D mouse = GetCursorScreenPosition();
+  if (m_camera == nullptr) return mouse;
+  const Vector3D& view = m_camera->GetComponent<Transform>()->m_world_pos;
+  return Vector3D(view.x + mouse.x, view.y + mouse.y, mouse.z);
 }
 
 }  // namespace ZOVEngine

@@ -4,15 +4,31 @@
 
 namespace ZOVEngine {
 
-/// A shot that swaps the places of shooter and target.
-///
-/// Known to the files, the tables and the passes by its name; it has no fields and no behaviour
-/// yet.
-class ProjectileSwap final : public EmptyLogicComponent {
-  RTTR_ENABLE(EmptyLogicComponent)
+/// A shot that has the unit whose turn it is trade places with what it hits: a unit, or anything
+/// else that can be moved. It passes into its target without a push; at walls it rebounds until its
+/// range is out.
+class ProjectileSwap final : public LogicComponent {
+  RTTR_ENABLE(LogicComponent)
 
  public:
-  using EmptyLogicComponent::EmptyLogicComponent;
+  using LogicComponent::LogicComponent;
+
+  void Unserialize(const Value& value) override;
+  void Serialize(Writer& writer) override;
+  void Init() override;
+  void Update(float dt) override;
+  void Destroy() override {}
+  void OnMessage(Message*) override {}
+  void OnCollisionEnter(ContactInfo* contact) override;
+
+  /// Wakes the shot at `position` (unit: world units) and sends it off along `direction`, whose
+  /// length counts.
+  void Fire(const Vector3D& position, const Vector3D& direction);
+
+  float m_max_range = 2000.0f;  ///< ends the flight (unit: world units)
+  float m_curr_range = 0.0f;    ///< flown so far (unit: world units)
+  float m_speed = 1000.0f;      ///< of the launch (unit: world units per second)
+  float m_base_light = 0.0f;    ///< strength of the Light at rest
 };
 
 }  // namespace ZOVEngine

@@ -1,18 +1,45 @@
 #pragma once
 
+#include <cstdint>
+#include <vector>
+
 #include "objects/logiccomponent.h"
 
 namespace ZOVEngine {
 
-/// A stop on a patrol path.
+/// Moves its object along a list of points, to and fro for ever, by a small force in every step.
 ///
-/// Known to the files, the tables and the passes by its name; it has no fields and no behaviour
-/// yet.
-class Waypoint final : public EmptyLogicComponent {
-  RTTR_ENABLE(EmptyLogicComponent)
+/// For things that are no units and take no turns. At the end of the list the list is reversed, so
+/// its first point is always where the way began. A leg that takes longer than the limit is given
+/// up for a step and begins anew.
+class Waypoint final : public LogicComponent {
+  RTTR_ENABLE(LogicComponent)
 
  public:
-  using EmptyLogicComponent::EmptyLogicComponent;
+  using LogicComponent::LogicComponent;
+
+  void Unserialize(const Value& value) override;
+  void Serialize(Writer& writer) override;
+  void Init() override { m_init = true; }
+  /// Draws the path if it is to be seen, then pushes the object. An owner without Transform or
+  /// RigidBody is not moved.
+  void Update(float dt) override;
+  void Destroy() override {}
+  void OnMessage(Message*) override {}
+
+  bool m_draw = false;            ///< shows the path
+  bool m_reached = false;         ///< a point was reached or time ran out; never cleared
+  std::uint32_t m_lastIndex = 0;  ///< of the point last left
+  float m_snappingDist = 0.0f;    ///< arrival distance (unit: world units)
+  float m_speed = 0.0f;           ///< force
+  float m_curr_movement = 0.0f;   ///< since the last arrival (unit: seconds)
+  float m_limit = 0.0f;           ///< allowed between arrivals; at 0 nothing moves (unit: seconds)
+  std::vector<Vector3D> m_path;   ///< (unit: world units)
+
+ private:
+  void Draw() const;
+  void Move(float dt);
+  void TurnRound();
 };
 
 }  // namespace ZOVEngine

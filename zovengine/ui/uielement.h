@@ -1,18 +1,27 @@
 #pragma once
 
+#include <string>
+
 #include "objects/logiccomponent.h"
 
 namespace ZOVEngine {
 
-/// A piece of the interface that shows itself by the interface state.
-///
-/// Known to the files, the tables and the passes by its name; it has no fields and no behaviour
-/// yet.
-class UIElement final : public EmptyLogicComponent {
-  RTTR_ENABLE(EmptyLogicComponent)
+/// A piece of the interface that shows itself by the interface state; its name tells which.
+class UIElement final : public LogicComponent {
+  RTTR_ENABLE(LogicComponent)
 
  public:
-  using EmptyLogicComponent::EmptyLogicComponent;
+  using LogicComponent::LogicComponent;
+
+  void Unserialize(const Value& value) override;
+  void Serialize(Writer& writer) override;
+  void Init() override { m_init = true; }
+  void Update(float dt) override;
+  void Destroy() override {}
+  void OnMessage(Message*) override {}
+
+  std::string m_ui_element_name = "ui_element_default";
+  float m_dt = 0.0f;  ///< of the last step (unit: seconds)
 };
 
 }  // namespace ZOVEngine

@@ -1,0 +1,218 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <set>
+
+#include "audio/audiosource.h"
+#include "core/messages.h"
+#include "core/statemachine.h"
+#include "game/enemy.h"
+#include "game/environmentblackhole.h"
+#include "game/environmentdamage.h"
+#include "game/environmentdestructible.h"
+#include "game/environmentrough.h"
+#include "game/gamecontroller.h"
+#include "game/levelsave.h"
+#include "game/player.h"
+#include "objects/gameobjfactory.h"
+#include "physics/rigidbody.h"
+#include "physics/transform.h"
+#include "render/particle.h"
+#include "render/render.h"
+#include "support/reports.h"
+#include "support/world.h"
+#include "ui/uielement.h"
+
+namespace carapace_test {
+namespace {
+
+using namespace ZOVEngine;
+using ::testing::HasSubstr;
+using ::testing::IsSupersetOf;
+using ::testing::Not;
+using ::testing::SizeIs;
+
+/// The first level as it is shipped, entered from the menu, after its first step.
+class Level01 : public ::testing::Test {
+ protected:
+  Level01() : m_world(WithLevel()) {
+    g_current_level_path = LevelPaths("Level01").level;
+    ChangeState(kDefaultState, "");
+    m_world.Step();
+  }
+
+  static Files WithLevel() {
+    Files files = World::ShippedFiles();
+    const LevelPaths paths("Level01");
+    for (const std::string& path : {paths.level, paths.tile_map, paths.tiles, paths.objects}) {
+      files[path] = ShippedFile(path);
+    }
+    return files;
+  }
+
+  GameController& Controller() { return *m_world.Find("level")->GetComponent<GameController>(); }
+
+  static const Vector3D& PlaceOf(GameObj* object) {
+    return object->GetComponent<Transform>()->m_world_pos;
+  }
+
+  static std::multiset<std::string> ChildrenOf(GameObj* object) {
+    std::multiset<std::string> names;
+    for (GameObj* child : object->children) names.insert(child->name);
+    return names;
+  }
+
+  template <class T>
+  static std::size_t Count() {
+    return ComponentTable<T>().Components().size();
+  }
+
+  World m_world;
+};
+
+TEST(Level01Files, LoadingThemComplainsOfNothing) {
+  const std::string output = OutputOf([] {
+    Files files = World::ShippedFiles();
+    const LevelPaths paths("Level01");
+    for (const std::string& path : {paths.level, paths.tile_map, paths.tiles, paths.objects}) {
+      files[path] = ShippedFile(path);
+    }
+    World world(files);
+    g_current_level_path = paths.level;
+    ChangeState(kDefaultState, "");
+    world.Step(3);
+  });
+  EXPECT_THAT(output, Not(HasSubstr("Cant find Key: m_")));
+  EXPECT_THAT(output, Not(HasSubstr(" not found")));
+  EXPECT_THAT(output, Not(HasSubstr("Not Object")));
+}
+
+TEST_F(Level01, TwoTanksStandAgainstTwo) {
+  EXPECT_THAT(Controller().m_players, SizeIs(2));
+  EXPECT_THAT(Controller().m_enemies, SizeIs(2));
+  EXPECT_NE(Controller().m_camera, nullptr);
+}
+
+TEST_F(Level01, EveryTankHasTheChildrenThatTheGameLooksFor) {
+  std::vector<GameObj*> tanks = Controller().m_players;
+  tanks.insert(tanks.end(), Controller().m_enemies.begin(), Controller().m_enemies.end());
+  ASSERT_THAT(tanks, SizeIs(4));
+  for (GameObj* tank : tanks) {
+    EXPECT_THAT(ChildrenOf(tank),
+                IsSupersetOf({"Weapon0Barrel", "Weapon1Barrel", "Weapon0Projectile",
+                              "Weapon1Projectile", "electricvfx", "WeaponText", "unit_fire",
+                              "ui_selected", "ui_hp_frame", "ui_hp_frame_filled",
+                              "ui_hp_frame_empty", "hp_font", "turn_font", "unit_damaged"}))
+        << tank->name;
+    for (GameObj* child : tank->children) {
+      if (child->name != "Weapon0Projectile" && child->name != "Weapon1Projectile") continue;
+      EXPECT_THAT(ChildrenOf(child),
+                  IsSupersetOf({"bullet_trail", "bullet_feedback", "bullet_hit"}))
+          << tank->name << "/" << child->name;
+      EXPECT_FALSE(child->active) << "a shot sleeps until it is fired";
+    }
+  }
+}
+
+TEST_F(Level01, ThereIsOneHazardOfEachKind) {
+  EXPECT_EQ(Count<EnvironmentBlackhole>(), 1u);
+  EXPECT_EQ(Count<EnvironmentDamage>(), 1u);
+  EXPECT_EQ(Count<EnvironmentRough>(), 1u);
+  EXPECT_EQ(Count<EnvironmentDestructible>(), 2u);
+  EXPECT_NE(m_world.Find("MovableBarrier"), nullptr);
+}
+
+TEST_F(Level01, TheMusicPlaysAndTheTanksAreHeardToSpawn) {
+  m_world.Step();
+  EXPECT_EQ(m_world.mixer.CountPlays("Resources/Sound/BGM/maintheme03.ogg"), 1);
+  EXPECT_EQ(m_world.mixer.CountPlays("Resources/Sound/SFX/unit_spawn.ogg"), 4);
+}
+
+TEST_F(Level01, TheHealthBarFillsItsFrameAndFollowsTheTank) {
+  m_world.Step(3);
+  GameObj* tank = Controller().m_players.front();
+  for (GameObj* child : tank->children) {
+    if (child->name != "ui_hp_frame_filled") continue;
+    const auto* bar = child->GetComponent<Transform>();
+    EXPECT_NEAR(bar->m_world_scale.x, 73.0f, 0.5f);
+    EXPECT_NEAR(bar->m_world_pos.x, PlaceOf(tank).x, 0.5f);
+    EXPECT_GT(bar->m_world_pos.y, PlaceOf(tank).y + 45.0f);
+  }
+}
+
+/// Down the hall, where nothing is in its way.
+TEST_F(Level01, AFullBarCarriesATankTwoHundredToThreeHundredUnitsAndItRestsWithinTwoSeconds) {
+  GameObj* tank = Controller().m_players.front();
+  const auto* player = tank->GetComponent<Player>();
+  const float start = PlaceOf(tank).y;
+  const int steps = static_cast<int>(player->m_movement_limit / 0.016f);
+  for (int step = 0; step < steps; ++step) {
+    m_world.Send(
+        AddForceToObject(tank->id, Vector3D(0.0f, -1.0f, 0.0f), player->m_movement_mag, 0.1f));
+    m_world.Step();
+  }
+  m_world.Step(120);
+  EXPECT_GT(start - PlaceOf(tank).y, 200.0f);
+  EXPECT_LT(start - PlaceOf(tank).y, 300.0f);
+  EXPECT_LT(tank->GetComponent<RigidBody>()->m_vel.Length(), 3.0f);
+}
+
+/// Off the left wall and the ceiling and along the hall; straight up it would come back to its
+/// tank.
+TEST_F(Level01, AShotFliesFifteenHundredUnits) {
+  GameObj* tank = Controller().m_players.front();
+  m_world.Step(60);
+  tank->GetComponent<Player>()->Fire(PlaceOf(tank) + Vector3D(-100.0f, 40.0f, 0.0f));
+  GameObj* shot = nullptr;
+  for (GameObj* child : tank->children) {
+    if (child->name == "Weapon0Projectile") shot = child;
+  }
+  ASSERT_NE(shot, nullptr);
+  float flown = 0.0f;
+  for (int step = 0; step < 300 && shot->active; ++step) {
+    m_world.Step();
+    flown += shot->GetComponent<RigidBody>()->m_vel.Length() / 60.0f;
+  }
+  EXPECT_GT(flown, 1500.0f);
+  EXPECT_FALSE(shot->active) << "its range or a tank ends it";
+}
+
+TEST_F(Level01, TheEnemiesMoveAndThenItIsThePlayersTurn) {
+  const Vector3D first = PlaceOf(Controller().m_enemies[0]);
+  const Vector3D second = PlaceOf(Controller().m_enemies[1]);
+  for (int step = 0; step < 1200 && Controller().m_state != TURN_PLAYER_MOVE; ++step) {
+    m_world.Step();
+  }
+  EXPECT_EQ(Controller().m_state, TURN_PLAYER_MOVE);
+  EXPECT_GT((PlaceOf(Controller().m_enemies[0]) - first).Length(), 60.0f);
+  EXPECT_GT((PlaceOf(Controller().m_enemies[1]) - second).Length(), 60.0f);
+  EXPECT_EQ(Controller().m_selected, Controller().m_players.front());
+}
+
+TEST_F(Level01, AClickFiresAndTheTurnWaitsForTheShot) {
+  for (int step = 0; step < 1200 && Controller().m_state != TURN_PLAYER_MOVE; ++step) {
+    m_world.Step();
+  }
+  ASSERT_EQ(Controller().m_state, TURN_PLAYER_MOVE);
+  m_world.Send(MouseButton(0, 1, Vector3D()));
+  m_world.Step(10);
+  GameObj* shooter = Controller().m_players.front();
+  EXPECT_EQ(Controller().m_selected, shooter);
+  EXPECT_EQ(Controller().m_state, TURN_PLAYER_SELECT) << "the next tank waits";
+  for (int step = 0; step < 600 && Controller().m_selected == shooter; ++step) m_world.Step();
+  EXPECT_EQ(Controller().m_selected, Controller().m_players.back());
+}
+
+TEST_F(Level01, WithoutAHandOnTheKeysItsTanksStayWhereTheyAre) {
+  m_world.Step(60);
+  std::vector<Vector3D> before;
+  for (GameObj* tank : Controller().m_players) before.push_back(PlaceOf(tank));
+  m_world.Step(300);
+  for (std::size_t k = 0; k < before.size(); ++k) {
+    EXPECT_LT((PlaceOf(Controller().m_players[k]) - before[k]).Length(), 1.0f);
+    EXPECT_EQ(Controller().m_players[k]->GetComponent<Player>()->m_health, 4);
+  }
+}
+
+}  // namespace
+}  // namespace carapace_test

@@ -1,0 +1,248 @@
+#include "support/autoplayer.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "core/messages.h"
+#include "game/deathfield.h"
+#include "game/enemy.h"
+#include "game/environmentblackhole.h"
+#include "game/environmentdamage.h"
+#include "game/environmentrough.h"
+#include "game/player.h"
+#include "objects/gameobjfactory.h"
+#include "physics/colliderholder.h"
+#include "physics/transform.h"
+#include "platform/inputsystem.h"
+
+namespace carapace_test {
+
+using namespace ZOVEngine;
+
+namespace {
+
+constexpr Vector3D kDirections[] = {{0, 1, 0}, {0, -1, 0}, {-1, 0, 0}, {1, 0, 0}};
+constexpr float kStride = 130.0f;         ///< of one drive, about (unit: world units)
+constexpr int kDriveSteps = 36;           ///< a key is held for a drive
+constexpr int kMostDrives = 3;            ///< in a turn
+constexpr int kAimSteps = 3;              ///< from the aim to the click
+constexpr float kUnitReach = 45.0f;       ///< about half of a unit
+constexpr float kLineReach = 70.0f;       ///< a shot that passes at this distance misses
+constexpr std::uint64_t kSkipKey = 70;    // F
+constexpr std::uint64_t kSwitchKey = 81;  // Q
+
+const Vector3D& PlaceOf(GameObj* object) {
+  return object->GetComponent<Transform>()->m_world_pos;
+}
+
+float DistanceOf(const Vector3D& a, const Vector3D& b) {
+  return std::hypot(a.x - b.x, a.y - b.y);
+}
+
+/// Whether the segment from `from` to `to` meets a box that is wider by `margin` (the slab method).
+bool MeetsBox(const Vector3D& from, const Vector3D& to, const iCollider& box, float margin) {
+  float enter = 0.0f;
+  float leave = 1.0f;
+  for (int axis = 0; axis < 2; ++axis) {
+    const float way = to.v[axis] - from.v[axis];
+    const float low = box.m_min.v[axis] - margin - from.v[axis];
+    const float high = box.m_max.v[axis] + margin - from.v[axis];
+    if (way == 0.0f) {
+      if (low > 0.0f || high < 0.0f) return false;
+      continue;
+    }
+    enter = std::max(enter, std::min(low / way, high / way));
+    leave = std::min(leave, std::max(low / way, high / way));
+  }
+  return enter <= leave;
+}
+
+/// Zones that one can drive and shoot through.
+bool IsPassable(const GameObj& object) {
+  return object.HasComponent<EnvironmentRough>() || object.HasComponent<EnvironmentDamage>() ||
+         object.HasComponent<DeathField>();
+}
+
+bool IsAlive(GameObj* object) {
+  if (object->HasComponent<Player>()) return object->GetComponent<Player>()->m_alive;
+  return object->GetComponent<Enemy>()->m_alive;
+}
+
+bool NoneAlive(const std::vector<GameObj*>& units) {
+  return std::none_of(units.begin(), units.end(), IsAlive);
+}
+
+}  // namespace
+
+AutoPlayer::AutoPlayer(World* world, Style style) : m_world(*world), m_style(style) {}
+
+GameController* AutoPlayer::Controller() {
+  for (GameObj* object : g_game_obj_factory->m_objects) {
+    if (object->HasComponent<GameController>()) return object->GetComponent<GameController>();
+  }
+  return nullptr;
+}
+
+bool AutoPlayer::HasLost() const {
+  return NoneAlive(Controller()->m_players);
+}
+
+bool AutoPlayer::HasWon() const {
+  return !HasLost() && NoneAlive(Controller()->m_enemies);
+}
+
+int AutoPlayer::Rounds() const {
+  return Controller()->m_round;
+}
+
+bool AutoPlayer::Play(int rounds, int most_steps) {
+  for (int step = 0; step < most_steps && Rounds() < rounds; ++step) {
+    if (!Step()) return true;
+  }
+  return false;
+}
+
+bool AutoPlayer::Step() {
+  GameController& controller = *Controller();
+  if (controller.m_state == TURN_LEVEL_END) return false;
+  Decide(controller);
+  m_world.Step();
+  return true;
+}
+
+void AutoPlayer::Decide(GameController& controller) {
+  if (controller.m_state != TURN_PLAYER_MOVE && controller.m_state != TURN_PLAYER_AIM) return;
+  if (controller.m_selected != m_unit || controller.m_round != m_round) BeginTurn(controller);
+  if (m_style == Style::kSkip) {
+    m_world.Send(KeyUp(kSkipKey));
+    return;
+  }
+  switch (m_phase) {
+    case Phase::kPlan:
+      Plan(controller);
+      break;
+    case Phase::kDrive:
+      Drive(controller);
+      break;
+    case Phase::kSettle:
+      if (controller.AllBodiesAtRest()) m_phase = Phase::kPlan;
+      break;
+    case Phase::kAim:
+      AimAndFire(controller);
+      break;
+  }
+}
+
+void AutoPlayer::BeginTurn(const GameController& controller) {
+  m_unit = controller.m_selected;
+  m_round = controller.m_round;
+  m_phase = Phase::kPlan;
+  m_drives = 0;
+  m_aim_steps = 0;
+}
+
+/// Chooses between the place where the unit is and those that one drive leads to.
+void AutoPlayer::Plan(GameController& controller) {
+  const Point here = PlaceOf(controller.m_selected);
+  m_direction = -1;
+  float best = ScoreOf(here, controller);
+  const bool can_drive = m_drives < kMostDrives && controller.m_state == TURN_PLAYER_MOVE;
+  for (int i = 0; can_drive && i < 4; ++i) {
+    const Point there = here + kDirections[i] * kStride;
+    if (!IsClear(here, there + kDirections[i] * kUnitReach)) continue;
+    const float score = ScoreOf(there, controller);
+    if (score <= best) continue;
+    best = score;
+    m_direction = i;
+  }
+  m_phase = m_direction < 0 ? Phase::kAim : Phase::kDrive;
+  m_drive_steps = kDriveSteps;
+  ++m_drives;
+}
+
+void AutoPlayer::Drive(GameController& controller) {
+  if (m_drive_steps-- > 0 && controller.m_state == TURN_PLAYER_MOVE) {
+    m_world.Send(PlayerDirectionKey(static_cast<std::uint32_t>(m_direction), 1));
+  } else {
+    m_phase = Phase::kSettle;
+  }
+}
+
+void AutoPlayer::AimAndFire(GameController& controller) {
+  const Point here = PlaceOf(controller.m_selected);
+  if (m_aim_steps == 0 && m_round % 2 == 1) m_world.Send(KeyUp(kSwitchKey));
+  PointAt(PlaceOf(ChooseTarget(here, controller)), controller);
+  if (++m_aim_steps < kAimSteps) return;
+  m_world.Send(MouseButton(0, 1, Point(0, 0, 1)));
+  ++m_shots;
+  m_unit = nullptr;
+}
+
+/// How good it is to stand at a place: to see an enemy counts most, then not to be aimed at, then
+/// to be near.
+float AutoPlayer::ScoreOf(const Point& place, const GameController& controller) const {
+  float nearest = 4000.0f;
+  bool sees = false;
+  for (GameObj* enemy : controller.m_enemies) {
+    if (!IsAlive(enemy)) continue;
+    nearest = std::min(nearest, DistanceOf(place, PlaceOf(enemy)));
+    sees = sees || IsClear(place, PlaceOf(enemy));
+  }
+  return (sees ? 5000.0f : 0.0f) - (IsAimedAt(place, controller) ? 3000.0f : 0.0f) - nearest;
+}
+
+/// Whether nothing stands between two places: walls, holes, and units but the acting one and those
+/// at the ends.
+bool AutoPlayer::IsClear(const Point& from, const Point& to) const {
+  for (GameObj* object : g_game_obj_factory->m_objects) {
+    if (object == nullptr || !object->active || !object->HasComponent<ColliderHolder>()) continue;
+    const ColliderHolder& holder = *object->GetComponent<ColliderHolder>();
+    const bool shot = object->name.find("Proj") != std::string::npos;
+    if (!holder.m_active || object == m_unit || shot || IsPassable(*object)) continue;
+    const bool at_end = DistanceOf(PlaceOf(object), to) < kUnitReach;
+    if (!at_end && MeetsBox(from, to, *holder.m_collider, 12.0f)) return false;
+  }
+  return true;
+}
+
+bool AutoPlayer::IsAimedAt(const Point& place, const GameController& controller) const {
+  for (GameObj* enemy : controller.m_enemies) {
+    if (!IsAlive(enemy)) continue;
+    const auto& transform = *enemy->GetComponent<Transform>();
+    const float angle = DegreesToRadians(transform.m_world_rotate + 90.0f);
+    const Point way = place - transform.m_world_pos;
+    const float along = way.x * std::cos(angle) + way.y * std::sin(angle);
+    const float aside = std::abs(way.y * std::cos(angle) - way.x * std::sin(angle));
+    if (along > 0.0f && aside < kLineReach && IsClear(transform.m_world_pos, place)) return true;
+  }
+  return false;
+}
+
+/// The nearest living enemy in sight, or the nearest one.
+GameObj* AutoPlayer::ChooseTarget(const Point& from, const GameController& controller) const {
+  GameObj* chosen = nullptr;
+  float best = 0.0f;
+  for (GameObj* enemy : controller.m_enemies) {
+    if (!IsAlive(enemy)) continue;
+    const float unseen = IsClear(from, PlaceOf(enemy)) ? 0.0f : 10000.0f;
+    const float cost = DistanceOf(from, PlaceOf(enemy)) + unseen;
+    if (chosen != nullptr && cost >= best) continue;
+    chosen = enemy;
+    best = cost;
+  }
+  return chosen;
+}
+
+/// Moves the cursor to a place in the world, to the pixel.
+void AutoPlayer::PointAt(const Point& place, const GameController& controller) const {
+  const Point from_camera = place - PlaceOf(controller.m_camera);
+  m_world.native.cursor = {0, 0};
+  const Point origin = GetCursorScreenPosition();
+  m_world.native.cursor = {1, 1};
+  const Point next = GetCursorScreenPosition();
+  m_world.native.cursor = {
+      static_cast<int>(std::lround((from_camera.x - origin.x) / (next.x - origin.x))),
+      static_cast<int>(std::lround((from_camera.y - origin.y) / (next.y - origin.y)))};
+}
+
+}  // namespace carapace_test

@@ -1,0 +1,94 @@
+"""Hazards: what a level has against its units, and what they can hide behind."""
+import sys
+
+from levels.parts import animation, body, collider, light, record, render, sprite, transform
+
+
+def place(own, side, turn=0):
+    size = own.get("size", [side, side])
+    return {"Transform": transform(own["at"], size, own.get("turn", turn))}
+
+
+def shape(kind, category, part=1.0):
+    return {"ColliderHolder": {**collider({"shape": kind, "category": category}), "m_local_scale": [part, part, 1.0]}}
+
+
+def black_hole(own):
+    return record("EnvBlackhole", {
+        **place(own, 180),
+        **sprite("Sheet_Menu_Blackhole"),
+        **animation(0.06, loop=("Sheet_Menu_Blackhole", 10)),
+        **light((0.45, 0.6, 1.0), 0.8, 20),
+        "EnvironmentBlackhole": {"m_suction_force": float(own.get("force", 4)), "m_suction_range": float(own.get("range", 220))},
+        **shape("Circle", "Blackhole", 0.42),
+    })
+
+
+def damage(own):
+    return record("EnvDamage", {
+        **place(own, 120),
+        **sprite("Sheet_Env_Damaging"),
+        **animation(0.1, loop=("Sheet_Env_Damaging", 6)),
+        **light((1.0, 0.5, 0.2), 0.6, 20),
+        "EnvironmentDamage": {},
+        **shape("Box", "Hazard"),
+    })
+
+
+def rough(own):
+    return record("EnvRough", {
+        **place(own, 120),
+        "Render": render("Env_Rough", 2),
+        "iModel": sprite("")["iModel"],
+        "EnvironmentRough": {},
+        **shape("Box", "Hazard"),
+    })
+
+
+def destructible(own):
+    return record("EnvDestructible", {
+        **place(own, 66),
+        **sprite("Sheet_Env_DestructibleA"),
+        **animation(0.18, loop=("Sheet_Env_DestructibleA", 4)),
+        "EnvironmentDestructible": {"m_health": own.get("health", 3)},
+        **shape("Box", "Destructible"),
+    })
+
+
+def barrier(own):
+    return record("MovableBarrier", {
+        **place(own, 72),
+        "RigidBody": body({"mass": 300, "inertia": 260000, "drag": 3, "angular_drag": 5, "rest": 0.4}),
+        "Render": render("Env_MovableBarrier", 1.5),
+        "iModel": sprite("")["iModel"],
+        **shape("Box", "Barrier"),
+    })
+
+
+def death_field(own):
+    """Asleep until the boss's second phase wakes it."""
+    out = record("DeathField", {
+        **place(own, 600),
+        **sprite("Boss_DeathField", visible=False, alpha=0),
+        "DeathField": {"m_damage": own.get("damage", 10)},
+        **shape("Circle", "DeathField"),
+    })
+    out["ColliderHolder"]["m_active"] = out["active"] = False
+    return out
+
+
+KINDS = {
+    "black_hole": black_hole,
+    "damage": damage,
+    "rough": rough,
+    "destructible": destructible,
+    "barrier": barrier,
+    "death_field": death_field,
+}
+
+
+def hazard_record(own):
+    kind = own.get("kind")
+    if kind not in KINDS:
+        sys.exit(f"hazard at {own.get('at')}: {kind} is none of {', '.join(KINDS)}")
+    return KINDS[kind](own)

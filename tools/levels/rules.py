@@ -1,0 +1,147 @@
+"""What a level must not do. Every message names the object."""
+import json
+import math
+
+SHOTS = ("ProjectileDefault", "ProjectileBounce", "ProjectileExplosion", "ProjectilePierce", "ProjectilePush", "ProjectileSwap",
+         "ProjectileVacuum")
+UNIT_NEEDS = ("Transform", "RigidBody", "ColliderHolder", "Render", "iModel", "StateC", "Animation", "AudioSource")
+UNIT_CHILDREN = ("Weapon0Barrel", "Weapon1Barrel", "electricvfx", "WeaponText", "unit_fire", "ui_selected", "ui_hp_frame",
+                 "ui_hp_frame_filled", "ui_hp_frame_empty", "hp_font", "turn_font", "unit_damaged")
+SHOT_CHILDREN = ("Weapon0Projectile", "Weapon1Projectile")
+BOSS_CHILDREN = ("MiddleProj", "LeftProjPhase1", "RightProjPhase1", "LeftProjPhase2", "RightProjPhase2", "ShieldPhase1",
+                 "ShieldPhase2", *(f"DeathExplosion{k:02}" for k in range(11)))
+
+
+def walk(records, parent=None):
+    """Every record with its parent's, parents first."""
+    for own in records:
+        yield own, parent
+        yield from walk(own["Childs"], own)
+
+
+def is_unit(own):
+    return own is not None and ("Player" in own or "Enemy" in own)
+
+
+def patrols(own):
+    path, snap = own.get("Enemy", {}).get("m_waypoints", []), own.get("Enemy", {}).get("m_snap_range", 0)
+    if "AIComp" in own and not path:
+        yield "has an AIComp without a path, and its move would never end"
+    if path and "AIComp" not in own:
+        yield "has a path without an AIComp to walk it"
+    if len(path) == 1:
+        yield "has one waypoint only, and its move would never end"
+    if any(math.dist(a, b) <= snap for a, b in zip(path, path[1:])):
+        yield f"has neighbouring waypoints within {snap:g} units, its arrival distance"
+
+
+def units(own, parent):
+    if not is_unit(own):
+        return
+    own_part = own.get("Player") or own["Enemy"]
+    if parent is None or "GameController" not in parent:
+        yield "is a unit, but no child of the object that runs the level"
+    if "Player" in own and "Enemy" in own:
+        yield "is a Player and an Enemy at once"
+    if own_part["m_max_health"] < 1 or own_part["m_health"] < 1:
+        yield "starts without health"
+    if own.get("Player", {"m_movement_limit": 1})["m_movement_limit"] <= 0:
+        yield "has no energy to move with"
+    if own_part.get("m_boss") and own["name"] != "Boss":
+        yield "is a boss, but not named Boss, so a DeathField does not find it"
+    for component in UNIT_NEEDS:
+        if component not in own:
+            yield f"is a unit without {component}"
+    names = {child["name"] for child in own["Childs"]}
+    wanted = UNIT_CHILDREN + (BOSS_CHILDREN if own_part.get("m_boss") else SHOT_CHILDREN)
+    wanted += ("pierce_fire",) if "Player" in own else ()
+    for name in wanted:
+        if name not in names:
+            yield f"lacks its child {name}"
+    yield from patrols(own)
+
+
+def shots(own, parent):
+    if not any(kind in own for kind in SHOTS):
+        return
+    if not is_unit(parent):
+        yield "is a shot, but no child of a unit"
+    for component in ("Transform", "RigidBody"):
+        if component not in own:
+            yield f"is a shot without {component}"
+    for part in [own, *own["Childs"]]:
+        if part.get("Transform", {}).get("m_rotate_with_parent"):
+            yield f"turns {part['name']} with the unit, which would carry it off its way"
+    if own.get("RigidBody", {}).get("m_drag", 0) > 0:
+        yield "is a shot that drag would stop before its range is out, and the turn with it"
+
+
+def pictures(own, known):
+    if "Render" in own:
+        for component in ("Transform", "iModel"):
+            if component not in own:
+                yield f"has a Render without {component}"
+        wanted = {own["Render"]["m_tex"], own["Render"]["m_hl_tex"]}
+        sheets = own.get("Animation", {})
+        for state in ("spawn", "death", "once", "loop"):
+            if sheets.get(f"m_{state}"):
+                wanted.add(sheets[f"m_{state}"])
+                if not 1 <= sheets[f"m_{state}_frames"] <= 10:
+                    yield f"has a {state} sheet of {sheets[f'm_{state}_frames']} frames, not 1 to 10"
+        for texture in sorted(wanted - known):
+            yield f"shows {texture}, which graphics.json does not list"
+
+
+def hearing(own, root):
+    source = own.get("AudioSource", {"sounds": [], "sound_type": []})
+    for name, kind in zip(source["sounds"], source["sound_type"]):
+        if not (root / "Resources/Sound" / ("BGM" if kind == "BGM" else "SFX") / name).exists():
+            yield f"lists the sound {name}, of which there is no file"
+
+
+def rest(own, fights):
+    """A turn waits until all bodies rest."""
+    restless = "RigidBody" in own and own["RigidBody"]["m_drag"] <= 0 and not any(kind in own for kind in SHOTS)
+    if fights and restless:
+        yield "is a body without drag, which may never rest, and every turn waits for that"
+
+
+def whole(records):
+    """What is wrong with the level itself."""
+    roots = [own for own, _ in walk(records) if "GameController" in own]
+    if len(roots) != 1:
+        yield f"has {len(roots)} objects with a GameController"
+        return
+    for component in ("Transform", "AudioSource"):
+        if component not in roots[0]:
+            yield f"runs on an object without {component}"
+    if sum("Camera" in child for child in roots[0]["Childs"]) != 1:
+        yield "has not one camera below the object that runs it"
+    sides = {side: sum(side in own for own, _ in walk(records)) for side in ("Player", "Enemy")}
+    if any(sides.values()) and not all(sides.values()):
+        yield f"has no {'Player' if not sides['Player'] else 'Enemy'} and would end on its first step"
+
+
+def outside(own, tile_map):
+    """Units and their paths stand on free cells of the map."""
+    size, width, height = (tile_map[key] for key in ("TileSize", "Width", "Height"))
+    points = [own["Transform"]["m_pos"], *own.get("Enemy", {}).get("m_waypoints", [])] if is_unit(own) else []
+    for x, y, _ in points:
+        column, row = int((x + size * width / 2) // size), int((size * height / 2 - y) // size)
+        if not (0 <= column < width and 0 <= row < height) or tile_map["TileMap"][row][column]:
+            yield f"stands or walks at ({x:g}, {y:g}), in a wall or off the map"
+
+
+def faults(name, records, tile_map, root):
+    """All that is wrong, a line each."""
+    listed = json.loads((root / "Resources/Textures/graphics.json").read_text())["texPath"]
+    known = {path.removeprefix("Resources/Textures/").rsplit(".", 1)[0] for path in listed}
+    fights = any(is_unit(own) for own, _ in walk(records))
+    yield from (f"{name}: {fault}" for fault in whole(records))
+    for own, parent in walk(records):
+        found = [*units(own, parent), *shots(own, parent), *pictures(own, known), *hearing(own, root), *rest(own, fights),
+                 *outside(own, tile_map)]
+        if "DeathField" in own and parent is None:
+            found.append("is a DeathField without a parent")
+        where = f"{parent['name']}/{own['name']}" if parent else own["name"]
+        yield from (f"{name}: {where} {fault}" for fault in found)

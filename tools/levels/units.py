@@ -1,0 +1,177 @@
+"""Units: a tank of either side, or a boss, with everything that the game finds by name among its children."""
+import sys
+
+from levels.parts import (animation, attached, body, collider, floats, light, particles, record, render, sounds, sprite, transform)
+from levels.shots import HIT, KINDS, shot
+
+# With mass 350 and a loss of 3 a second, a full bar of energy (2 seconds) carries a player 248 units, and it rests 1.3
+# seconds after the key is let go. One push of an enemy carries it 95.
+MASS, DRAG, INERTIA = 350, 3, 360000
+SIZE = {"player": 90, "enemy": 90, "boss": 270}
+# A gun's size for the unit's. An enemy fires from gun / 1.2 before its middle, which must lie clear of its own shape.
+GUN = 0.82
+SNAP = 60  # arrival distance: more than half a push, or a patrol would step over its points
+SIDES = {
+    "player": dict(look="Player", gun="Green", colour=(0.18, 0.9, 0.65)),
+    "enemy": dict(look="Enemy", gun="Red", colour=(1.0, 0.35, 0.37)),
+    "boss": dict(look="Boss", gun="Boss", colour=(0.63, 0.42, 1.0)),
+}
+BOSS_SHOTS = {"MiddleProj": "EXPLOSION", "LeftProjPhase1": "BASIC", "RightProjPhase1": "BASIC",
+              "LeftProjPhase2": "EXPLOSION", "RightProjPhase2": "EXPLOSION"}
+
+
+def player(unit):
+    energy = float(unit.get("energy", 2))
+    return {"Player": {
+        "m_health": unit["health"],
+        "m_max_health": unit["health"],
+        "m_movement_curr": energy,
+        "m_movement_limit": energy,
+        "m_movement_mag": 25000.0,
+        "m_alive": True,
+        "m_selected_first_weapon": unit.get("hand", 0) == 0,
+    }}
+
+
+def enemy(unit, boss):
+    path = unit.get("waypoints", [])
+    out = {"Enemy": {
+        "m_health": unit["health"],
+        "m_max_health": unit["health"],
+        "m_alive": True,
+        "m_selected_first_weapon": unit.get("hand", 0) == 0,
+        "m_boss": boss,
+        "m_waypoints": [floats((*point, 1)) for point in path],
+        "m_move_speed": 1000.0,
+        "m_move_limit": unit.get("pushes", 1) / 60 - 0.005,  # each push counts for one step
+        "m_snap_range": float(SNAP),
+    }}
+    return {**out, "AIComp": {}} if unit.get("walks", bool(path)) else out
+
+
+def gun(own, index, texture, size):
+    return record(f"Weapon{index}Barrel", {
+        "Transform": attached(own, (0, size * 0.1), (size * GUN, size * GUN), follow=True),
+        **sprite(texture, visible=index == 0),
+    })
+
+
+def effects(own, size, is_player):
+    yield record("unit_damaged", {
+        "Transform": attached(own, (0, 0), (size * 0.3, size * 0.3)),
+        **particles(16, 12, ((0.35, 0.37, 0.45, 0.65), (0.1, 0.1, 0.15, 0.0)), (16, 44), seconds=1.2, force=500, arc=359),
+    })
+    yield record("electricvfx", {
+        "Transform": attached(own, (0, 0), (size * 1.25, size * 1.25), follow=True),
+        **sprite("Sheet_Unit_Electric", visible=False),
+        **animation(0.08, loop=("Sheet_Unit_Electric", 4)),
+        "StateC": {"m_state": "loop"},
+    })
+    fires = {"unit_fire": (0.6, 0.6), "pierce_fire": (0.34, 1.1)} if is_player else {"unit_fire": (0.6, 0.6)}
+    for name, (width, height) in fires.items():
+        yield record(name, {
+            "Transform": attached(own, (0, size * (0.5 + height * 0.42)), (size * width, size * height), follow=True),
+            **sprite("Sheet_Unit_Fire", visible=False, alpha=0),
+            **animation(0.05, once=("Sheet_Unit_Fire", 4)),
+        })
+
+
+def marks(own, size, filling):
+    """The bar with its numbers, and the label that names a weapon."""
+    top = size * 0.5 + 18
+    for name, texture, wide, high in (("ui_hp_frame_empty", "UI_HpBarEmpty", 80, 14), ("ui_hp_frame_filled", filling, 73, 9),
+                                      ("ui_hp_frame", "UI_HpBarFrame", 80, 14)):
+        yield record(name, {"Transform": attached(own, (0, top), (wide, high)), **sprite(texture)})
+    for name, left, colour in (("hp_font", 44, (0.95, 0.96, 1.0, 1.0)), ("turn_font", -60, (1.0, 0.79, 0.3, 1.0))):
+        yield record(name, {
+            "Transform": attached(own, (left, top - 9), (0.52, 0.52)),
+            "Font": {"m_text": "", "m_colour": list(colour)},
+        })
+    yield record("WeaponText", {
+        "Transform": attached(own, (120, 0), (size * 2.32, size * 1.104)),
+        **sprite("WeaponFloat_Basic", alpha=0),
+    })
+
+
+def ring(own, size):
+    """It waits closed and unseen; being selected opens it."""
+    return record("ui_selected", {
+        "Transform": attached(own, (0, 0), (size, size), follow=True),
+        **sprite("UnitBeetle_SelectedOutline", visible=False),
+        "UIElement": {"m_ui_element_name": "ui_selection_circle_off"},
+    })
+
+
+def boss_pieces(own, size):
+    for name, weapon in BOSS_SHOTS.items():
+        yield shot(weapon, name, own)
+    for name in ("ShieldPhase1", "ShieldPhase2"):
+        yield record(name, {"Transform": attached(own, (0, 0), (size * 1.2, size * 1.2), follow=True), **sprite(f"Boss_{name}")})
+    for k in range(11):
+        at = (size * 0.3 * ((k * 5) % 7 - 3) / 3, size * 0.3 * ((k * 3) % 7 - 3) / 3)
+        yield record(f"DeathExplosion{k:02}", {
+            "Transform": attached(own, at, (size * 0.4, size * 0.4)),
+            **sprite("Sheet_Shot_Hit"),
+            **animation(0.05, loop=HIT),
+            **sounds("unit_death.ogg"),
+        })
+
+
+def pieces(unit, kind, own):
+    size, side = SIZE[kind], SIDES[kind]
+    yield ring(own, size)
+    if kind == "boss":
+        for index in (0, 1):
+            yield gun(own, index, "Gun_Boss", size)
+    else:
+        for index, weapon in enumerate(unit["weapons"]):
+            yield gun(own, index, f"Gun_{KINDS[weapon]['gun']}_{side['gun']}", size)
+    yield from effects(own, size, kind == "player")
+    if kind == "boss":
+        yield from boss_pieces(own, size)
+    else:
+        for index, weapon in enumerate(unit["weapons"]):
+            yield shot(weapon, f"Weapon{index}Projectile", own)
+    yield from marks(own, size, "UI_HpBarFilledGreen" if kind == "player" else "UI_HpBarFilledRed")
+
+
+def read(unit, number):
+    """The kind and the name of a unit; ends the program when the description has slipped."""
+    name = unit.get("name", f"{unit.get('side', 'unit')}{number}")
+    if unit.get("side") not in ("player", "enemy"):
+        sys.exit(f"{name}: its side is neither player nor enemy")
+    if unit.get("boss"):
+        return "boss", "Boss"
+    weapons = unit.get("weapons", [])
+    if len(weapons) != 2 or not set(weapons) <= KINDS.keys():
+        sys.exit(f"{name}: needs two weapons out of {', '.join(KINDS)}")
+    return unit["side"], name
+
+
+def unit_record(unit, number):
+    kind, name = read(unit, number)
+    size, look = SIZE[kind], f"UnitBeetle_{SIDES[kind]['look']}"
+    own = transform(unit["at"], (size, size), unit.get("turn", 0))
+    weight = (size / 90) ** 2
+    components = {
+        "Transform": own,
+        "RigidBody": body({"mass": MASS * weight, "inertia": INERTIA * weight * weight, "drag": DRAG, "angular_drag": 5, "rest": 0.5}),
+        "Render": {**render(look), "m_hl_tex": f"{look}_Selected", "m_shader": "default"},
+        **{"iModel": sprite(look)["iModel"]},
+        **animation(0.07, spawn=(f"Sheet_{look}_Spawn", 6), death=(f"Sheet_{look}_Death", 6), once=(f"Sheet_{look}_Once", 4)),
+        **sounds("unit_spawn.ogg", "unit_fire.ogg", "unit_death.ogg"),
+        **light(SIDES[kind]["colour"], 0.45, 10),
+        **(player(unit) if kind == "player" else enemy(unit, kind == "boss")),
+        "ColliderHolder": {**collider({"shape": "Circle", "category": "Player" if kind == "player" else "Enemy"}),
+                           "m_local_scale": [0.9, 0.9, 1.0]},
+    }
+    return record(name, components, pieces(unit, kind, own))
+
+
+def unit_records(described):
+    """The units in order, numbered for each side."""
+    count = {}
+    for unit in described:
+        side = unit.get("side")
+        count[side] = count.get(side, 0) + 1
+        yield unit_record(unit, count[side])

@@ -1,0 +1,79 @@
+#include "game/environmentdestructible.h"
+
+#include "game/contactsides.h"
+#include "game/projectilebounce.h"
+#include "game/projectiledefault.h"
+#include "game/projectilepierce.h"
+#include "game/projectilepush.h"
+#include "objects/reflection.h"
+#include "objects/statec.h"
+#include "render/animation.h"
+
+RTTR_REGISTRATION {
+  using ZOVEngine::EnvironmentDestructible;
+  ZOVEngine::ComponentRegistration<EnvironmentDestructible>("EnvironmentDestructible")
+      .Field("m_health", &EnvironmentDestructible::m_health, "int", "Health");
+}
+
+namespace ZOVEngine {
+namespace {
+
+/// The damage of the shots of one kind on either side of a contact.
+template <class Shot>
+int DamageOf(const ContactSides& sides) {
+  int damage = 0;
+  for (GameObj* side : {sides.a, sides.b}) {
+    if (const auto* shot = FindComponent<Shot>(side)) damage += shot->m_damage;
+  }
+  return damage;
+}
+
+}  // namespace
+
+void EnvironmentDestructible::Unserialize(const Value& value) {
+  ReadValue(value, "m_health", &m_health);
+}
+
+void EnvironmentDestructible::Serialize(Writer& writer) {
+  WriteValue(writer, "m_health", m_health);
+}
+
+void EnvironmentDestructible::Init() {
+  m_init = true;
+  m_owner->SetActive(true);
+  m_active = true;
+  SetStateOf(m_owner, "loop");
+  m_initial_health = m_health;
+  if (auto* animation = FindComponent<Animation>(m_owner)) {
+    animation->m_loop = "Sheet_Env_DestructibleA";
+  }
+}
+
+void EnvironmentDestructible::Update(float) {
+  if (!m_init) Init();
+  auto* animation = FindComponent<Animation>(m_owner);
+  if (m_health < m_initial_health && animation != nullptr && m_owner->HasComponent<StateC>()) {
+    animation->m_loop = "Sheet_Env_DestructibleB";
+  }
+  if (m_health > 0) return;
+  m_owner->SetActive(false);
+  m_active = false;
+}
+
+void EnvironmentDestructible::OnCollisionEnter(ContactInfo* contact) {
+  const ContactSides sides(*contact);
+  if (!sides.BothActive()) return;
+  GameObj* bouncer = sides.Facing<EnvironmentDestructible>(
+      [](const GameObj* object) { return object->HasComponent<ProjectileBounce>(); });
+  if (bouncer != nullptr) {
+    const int damage = bouncer->GetComponent<ProjectileBounce>()->m_curr_damage;
+    if (damage == 0) return;
+    // One less: the shot has raised its damage on this contact already if it was told first.
+    m_health += 1 - damage;
+  }
+  m_health -= DamageOf<ProjectileDefault>(sides);
+  m_health -= DamageOf<ProjectilePierce>(sides);
+  m_health -= DamageOf<ProjectilePush>(sides);
+}
+
+}  // namespace ZOVEngine
