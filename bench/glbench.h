@@ -16,6 +16,7 @@
 #include <vector>
 
 #include "core/matrix4x4.h"
+#include "platform/gldriver.h"
 #include "render/gldevice.h"
 
 namespace carapace_bench {
@@ -30,6 +31,7 @@ inline constexpr int kHeight = 720;
 class BenchWindow {
  public:
   BenchWindow() {
+    ZOVEngine::PrepareGLDriver();
     SDL_Init(SDL_INIT_VIDEO);
     window =
         SDL_CreateWindow("bench", 0, 0, kWidth, kHeight, SDL_WINDOW_OPENGL | SDL_WINDOW_HIDDEN);

@@ -30,6 +30,8 @@ constexpr int kSystems = 4;
 constexpr int kParticles = 20000;
 constexpr int kSettlingSteps = 240;  // four seconds: every particle has been born again
 constexpr double kTarget = 8.0;      // (unit: milliseconds a step)
+constexpr const char* kTextures[kSystems] = {"Particle_Glow", "Shot_Basic", "Shot_Bounce",
+                                             "Shot_Pierce"};
 constexpr const char* kParts[] = {"Update", "Motion", "Picture"};
 
 /// Goes up to the root of the repository, whose data the systems read.
@@ -118,8 +120,7 @@ class Stage {
     system.m_start_force_mag = {100.0f, 900.0f};
     system.m_start_torque_mag = {0.0f, 900.0f};
     system.m_start_color_max = {1.0f, 1.0f, 1.0f, 1.0f};
-    const auto& textures = g_render_system->m_textures;
-    system.particle_tex = std::next(textures.begin(), index)->first;
+    system.particle_tex = kTextures[index];
   }
 
   BenchWindow m_window;

@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "platform/gldriver.h"
 #include "support/tempdirectory.h"
 
 namespace carapace_test {
@@ -21,6 +22,7 @@ namespace {
 }  // namespace
 
 GLContext::GLContext(int width, int height) : m_width(width), m_height(height) {
+  ZOVEngine::PrepareGLDriver();
   if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0) Die("no video");
   m_window =
       SDL_CreateWindow("gl test", 0, 0, width, height, SDL_WINDOW_OPENGL | SDL_WINDOW_HIDDEN);

@@ -66,14 +66,15 @@ def barrier(own):
 
 
 def death_field(own):
-    """Asleep until the boss's second phase wakes it."""
+    """Asleep until the boss's second phase wakes it, unless it is described as awake."""
+    awake = own.get("awake", False)
     out = record("DeathField", {
         **place(own, 600),
-        **sprite("Boss_DeathField", visible=False, alpha=0),
+        **sprite("Boss_DeathField", visible=awake, alpha=int(awake)),
         "DeathField": {"m_damage": own.get("damage", 10)},
         **shape("Circle", "DeathField"),
     })
-    out["ColliderHolder"]["m_active"] = out["active"] = False
+    out["ColliderHolder"]["m_active"] = out["active"] = awake
     return out
 
 

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <utility>
 
+#include "platform/gldriver.h"
 #include "platform/native.h"
 #include "platform/virtualkeys.h"
 #include "platform/xpointer.h"
@@ -141,6 +142,7 @@ SdlNative::~SdlNative() {
 
 std::string SdlNative::OpenWindow(const WindowRequest& request) {
   SetHints(request);
+  PrepareGLDriver();
   if (SDL_Init(SDL_INIT_VIDEO) != 0) return SdlReason("The display cannot be opened");
   if (DriverShowsNothing() && !DriverWasAskedFor()) {
     return "There is no display to open a window on";

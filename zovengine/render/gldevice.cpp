@@ -6,10 +6,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
-#if defined(__GLIBC__)
-#include <malloc.h>
-#endif
 
 #include "render/glatlas.h"
 #include "render/gloptions.h"
@@ -51,18 +47,6 @@ void ReserveTextureNames() {
 
 bool IsAtLeast33(GLint major, GLint minor) {
   return major > 3 || (major == 3 && minor >= 3);
-}
-
-/// Lets the process keep what it frees. A software rasteriser allocates its scene anew each frame,
-/// and memory that went back to the system costs a page fault for every 4 KiB when it is wanted
-/// again: with 10,000 sprites that is half of the time of a frame's submission.
-void KeepFreedMemory() {
-#if defined(__GLIBC__)
-  constexpr int kKeptBytes = 256 << 20;
-  constexpr int kLargestOnHeap = 32 << 20;  // the most that the C library takes
-  mallopt(M_TRIM_THRESHOLD, kKeptBytes);
-  mallopt(M_MMAP_THRESHOLD, kLargestOnHeap);
-#endif
 }
 
 /// The device on OpenGL 3.3, compatibility profile.
@@ -121,7 +105,6 @@ class RealGLDevice final : public GLDevice {
 };
 
 std::string RealGLDevice::Start() {
-  KeepFreedMemory();
   glewExperimental = GL_TRUE;
   const GLenum status = glewInit();
   if (status != GLEW_OK && status != kNoGlxDisplay) {

@@ -1,5 +1,7 @@
 #include "render/spritelists.h"
 
+#include <string_view>
+
 #include "game/camera.h"
 #include "game/environmentdamage.h"
 #include "game/environmentrough.h"
@@ -13,6 +15,8 @@
 
 namespace ZOVEngine {
 namespace {
+
+constexpr std::string_view kInstanced = "instanced";
 
 std::uint32_t TraitOf(ComponentType type) {
   if (type == &typeid(Transform)) return kHasTransform;
@@ -58,7 +62,7 @@ void SpriteLists::Fill(const std::vector<Render*>& components) {
     if (last == nullptr || last->components != object.components) traits = TraitsOf(object);
     last = &object;
     const Sprite sprite{render, traits};
-    if ((sprite.traits & kHasParticle) != 0 && render->m_shader == "instanced") {
+    if ((sprite.traits & kHasParticle) != 0 && render->m_shader == kInstanced) {
       instances.push_back(sprite);
     }
     if (render->m_tile) {
