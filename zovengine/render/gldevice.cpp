@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <unordered_set>
 
 #include "render/glatlas.h"
 #include "render/gloptions.h"
@@ -80,6 +81,7 @@ class RealGLDevice final : public GLDevice {
   void PointAtVertices();
   void PointAtInstances(std::uint32_t first);
   void Upload(GLuint buffer, std::size_t bytes, const void* data);
+  void MakeMipmaps(GLuint texture);
   void UploadPlan();
   void Draw(const DrawRun& run, const Frame& frame);
   void Prepare(const DrawRun& run, const Frame& frame);
@@ -93,6 +95,8 @@ class RealGLDevice final : public GLDevice {
   FramePlanner::Reaches m_reaches{};
   GlyphAtlas m_atlas;
   TextureUnits m_units;
+  std::unordered_set<std::uint32_t> m_uploaded;  ///< but texture 0
+  std::unordered_set<std::uint32_t> m_without_mipmaps;
   FramePlanner m_planner{&m_programs, &m_atlas, &m_units};
   Matrix4x4 m_projection;
   std::uint64_t m_projection_number = 0;
@@ -165,8 +169,19 @@ void RealGLDevice::UploadTexture(std::uint32_t position, const Image& image) {
   m_state.UseTexture(kUploadUnit, position);
   glTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA, image.width, image.height, 0, GL_RGBA, GL_UNSIGNED_BYTE,
                image.pixels.data());
-  glGenerateMipmap(GL_TEXTURE_2D);
   m_units.NoteSize(position, image.width, image.height);
+  // Who replaces a texture may have it on a unit already, as every unit has texture 0 at first.
+  const bool known = position == 0 || !m_uploaded.insert(position).second;
+  if (known) glGenerateMipmap(GL_TEXTURE_2D);
+  if (!known) m_without_mipmaps.insert(position);
+}
+
+/// Mipmaps are made when a texture is bound for the first time: most of a start's textures are not
+/// for its first picture.
+void RealGLDevice::MakeMipmaps(GLuint texture) {
+  if (m_without_mipmaps.erase(texture) == 0) return;
+  m_state.UseTexture(kUploadUnit, texture);
+  glGenerateMipmap(GL_TEXTURE_2D);
 }
 
 std::uint32_t RealGLDevice::UploadGlyph(int width, int height, const std::uint8_t* coverage) {
@@ -267,6 +282,7 @@ void RealGLDevice::UploadPlan() {
 void RealGLDevice::Draw(const DrawRun& run, const Frame& frame) {
   for (std::size_t i = 0; i < run.bind_count; ++i) {
     const TextureBind& bind = m_units.Binds()[run.first_bind + i];
+    MakeMipmaps(bind.texture);
     m_state.BindTexture(bind.unit, bind.texture);
   }
   if (run.glyph_page != 0) m_state.UseTexture(kGlyphUnit, run.glyph_page);

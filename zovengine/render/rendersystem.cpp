@@ -18,6 +18,7 @@
 #include "render/animation.h"
 #include "render/gldevice.h"
 #include "render/graphicsconfig.h"
+#include "render/imagequeue.h"
 #include "render/imodel.h"
 
 RTTR_REGISTRATION {
@@ -95,11 +96,12 @@ void RenderSystem::Init() {
     document.Parse();
     ReadGraphicsConfig(document.Root(), this);
   }
+  ImageQueue pictures(m_texture_paths);
   FetchTables();
   StartDevice();
   GlyphLoader loader;
   loader.Open(m_font_path);
-  LoadTextures();
+  UploadTextures(&pictures);
   loader.Load(g_gl_device, &m_glyphs);
 }
 
@@ -139,14 +141,20 @@ std::uint32_t RenderSystem::CompileShader(Program program, const std::string& ve
 }
 
 void RenderSystem::LoadTextures() {
+  ImageQueue pictures(m_texture_paths);
+  UploadTextures(&pictures);
+}
+
+/// `pictures` are those of `m_texture_paths`.
+void RenderSystem::UploadTextures(ImageQueue* pictures) {
   ZOV_ASSERT(m_texture_paths.size() <= kMaxTextures,
              std::string(kGraphicsConfigPath) + ": key \"texPath\": more than 1024 textures");
   m_textures.clear();
   for (std::size_t i = 0; i < m_texture_paths.size(); ++i) {
     const std::string& path = m_texture_paths[i];
     const bool has_key = path.size() >= kKeyStart + kKeyTail;
-    const std::optional<Image> image = has_key ? LoadImage(path) : std::nullopt;
-    if (!image) {
+    const std::optional<Image> image = pictures->Take();
+    if (!has_key || !image) {
       std::cout << "ERROR: Failed to load texture." << '\n';
       continue;
     }

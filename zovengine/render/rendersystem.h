@@ -22,6 +22,8 @@
 
 namespace ZOVEngine {
 
+class ImageQueue;
+
 /// The largest number of particles of one frame.
 inline constexpr std::size_t kMaxInstances = 150000;
 
@@ -127,6 +129,7 @@ class RenderSystem final : public UnpausedSystem {
  private:
   void FetchTables();
   void StartDevice();
+  void UploadTextures(ImageQueue* pictures);
   std::uint32_t CompileShader(Program program, const std::string& vertexPath,
                               const std::string& fragmentPath);
   void DrawPasses();
