@@ -109,6 +109,16 @@ TEST(GameController, ANewControllerHasItsDefaults) {
   EXPECT_TRUE(controller.m_sfx_on);
 }
 
+TEST(GameController, ANewControllerHasNoRoundBehindItAndNoFlagSet) {
+  const GameController controller(nullptr);
+  EXPECT_EQ(controller.m_turn_start_pos, Vector3D());
+  EXPECT_EQ(controller.m_round, 0);
+  EXPECT_FALSE(controller.m_debug || controller.m_fade_done || controller.m_banner_done);
+  EXPECT_FALSE(controller.m_restart || controller.m_quit_to_menu);
+  EXPECT_THAT(controller.m_players, IsEmpty());
+  EXPECT_THAT(controller.m_enemies, IsEmpty());
+}
+
 TEST(GameController, TheTurnStatesHaveTheirNumbers) {
   EXPECT_EQ(TURN_ENEMY_NEXT, 0u);
   EXPECT_EQ(TURN_ENEMY_SHOOT, 1u);
@@ -131,6 +141,16 @@ TEST(GameController, TwoKeysAreReadAndWrittenInTheirOrder) {
   EXPECT_EQ(controller.m_level_map, "a.json");
   EXPECT_EQ(controller.m_round, 0);
   EXPECT_THAT(KeysOf(RecordOf(controller)), ElementsAre("m_level_theme", "m_level_map"));
+}
+
+TEST(GameController, EachStringIsWrittenUnderItsOwnKey) {
+  GameController controller(nullptr);
+  controller.m_level_theme = "b.ogg";
+  controller.m_level_map = "a.json";
+  GameController copy(nullptr);
+  ReadRecord(RecordOf(controller), copy);
+  EXPECT_EQ(copy.m_level_theme, "b.ogg");
+  EXPECT_EQ(copy.m_level_map, "a.json");
 }
 
 TEST(GameController, AMissingKeyPrintsItsLineAndKeepsTheDefault) {
@@ -245,6 +265,18 @@ TEST(GameController, ALevelWithoutACameraRuns) {
   EXPECT_EQ(level.Controller().m_camera, nullptr);
 }
 
+TEST(GameController, ALevelWithUnitsOfOneSideOnlyEndsInItsVeryFirstUpdate) {
+  for (const bool won : {false, true}) {
+    RunningLevel level({Unit("unit", won ? "Player" : "Enemy")});
+    level.world.Step(0);
+    level.Start();
+    EXPECT_EQ(level.Controller().m_state, TURN_LEVEL_END) << won;
+    EXPECT_EQ(level.Controller().m_ui_state, "ui_level_end") << won;
+    EXPECT_EQ(level.IsAskedFor("victory.ogg"), won);
+    EXPECT_EQ(level.IsAskedFor("defeat.ogg"), !won);
+  }
+}
+
 /// What a controller's Init asks of its AudioSource in a state.
 std::map<std::string, SoundRecord> SoundsAskedForIn(std::int32_t state) {
   RunningLevel level;
@@ -348,6 +380,16 @@ TEST(GameController, ARequestForTheMenuSilencesTheLevelAndEndsThePause) {
   level.Controller().RequestQuitToMenu();
   EXPECT_TRUE(level.Controller().m_quit_to_menu);
   EXPECT_TRUE(level.Sounds().sounds["theme.ogg"].stop_request);
+  EXPECT_FALSE(g_engine->paused);
+}
+
+TEST(GameController, WithoutASourceARequestIsTakenInSilence) {
+  TileWorld level(PlainLevel({"x"}));
+  level.Controller().RequestRestart();
+  EXPECT_TRUE(level.Controller().m_restart);
+  g_engine->paused = true;
+  level.Controller().RequestQuitToMenu();
+  EXPECT_TRUE(level.Controller().m_quit_to_menu);
   EXPECT_FALSE(g_engine->paused);
 }
 

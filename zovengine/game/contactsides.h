@@ -6,6 +6,8 @@
 #include "game/objectquery.h"
 #include "game/unit.h"
 #include "objects/gameobjfactory.h"
+#include "physics/colliderholder.h"
+#include "physics/rigidbody.h"
 
 namespace ZOVEngine {
 
@@ -35,6 +37,13 @@ struct ContactSides {
   GameObj* a;
   GameObj* b;
 };
+
+/// True for what a hole swallows and a swap carries: units, and things that have a body and a
+/// shape.
+inline bool IsCarriable(const GameObj& object) {
+  return IsUnit(object) ||
+         (object.HasComponent<RigidBody>() && object.HasComponent<ColliderHolder>());
+}
 
 /// Sets the status of a unit that touches an active zone of type Zone.
 template <class Zone>

@@ -37,7 +37,8 @@ void DeathField::Update(float) {
              "object \"" + m_owner->name + "\": a DeathField needs a parent");
   auto* transform = m_owner->GetComponent<Transform>();
   if (GameObj* boss = FirstChildNamed(m_owner->parent, "Boss")) {
-    transform->m_local_pos = boss->GetComponent<Transform>()->m_world_pos;
+    if (const auto* place = FindComponent<Transform>(boss))
+      transform->m_local_pos = place->m_world_pos;
   }
   transform->m_local_rotate += kTurnPerStep;
 }
@@ -49,7 +50,7 @@ void DeathField::OnCollisionEnter(ContactInfo* contact) {
   for (GameObj* side : {sides.a, sides.b}) {
     auto* player = FindComponent<Player>(side);
     if (player == nullptr) continue;
-    player->m_health -= m_damage;
+    player->m_health = AfterDamage(player->m_health, m_damage);
     return;
   }
 }

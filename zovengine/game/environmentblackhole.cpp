@@ -4,6 +4,7 @@
 #include "core/messages.h"
 #include "game/camera.h"
 #include "game/contactsides.h"
+#include "game/projectile.h"
 #include "objects/reflection.h"
 #include "physics/colliderholder.h"
 #include "physics/transform.h"
@@ -23,10 +24,8 @@ namespace ZOVEngine {
 namespace {
 
 constexpr float kTurnPerStep = 0.5f;  ///< (unit: degrees)
-constexpr float kForcePerSuction = 100.0f;
-constexpr float kPullTime = 0.1f;  ///< of one step's force (unit: seconds)
 
-/// What is not drawn: pictures, units, and barriers, which only players move.
+/// What is not drawn: pictures, units and barriers.
 bool IsLeftAlone(GameObj* object) {
   if (object->HasComponent<Particle>() || object->HasComponent<Camera>() || IsUnit(*object)) {
     return true;
@@ -63,33 +62,20 @@ void EnvironmentBlackhole::Update(float) {
   if (!m_init) Init();
   if (!m_active) return;
   m_owner->GetComponent<Transform>()->m_local_rotate += kTurnPerStep;
-  for (const RigidBody* body : m_bodies->Components()) {
-    // What is switched off does not age its forces: they would only pile up.
-    if (body->m_active) Pull(body->m_owner);
-  }
+  for (const RigidBody* body : m_bodies->Components()) Pull(body);
 }
 
-/// The direction has the length of the distance, which the magnitude divides by: the force is the
-/// same at all distances.
-void EnvironmentBlackhole::Pull(GameObj* object) const {
-  if (IsLeftAlone(object)) return;
-  const Vector3D away = object->GetComponent<Transform>()->m_world_pos -
-                        m_owner->GetComponent<Transform>()->m_world_pos;
-  const float distance = away.Length();
-  // A body on the very centre is drawn nowhere: its force would not be a number.
-  if (m_suction_range < distance || distance == 0.0f) return;
-  AddForceToObject pull(object->id, away, -1.0f / distance * m_suction_force * kForcePerSuction,
-                        kPullTime);
-  g_engine->Broadcast(&pull);
+void EnvironmentBlackhole::Pull(const RigidBody* body) const {
+  if (IsLeftAlone(body->m_owner)) return;
+  if (DistanceBetween(m_owner, body->m_owner) > m_suction_range) return;
+  BlowAway(m_owner, body, -m_suction_force);
 }
 
 void EnvironmentBlackhole::OnCollisionEnter(ContactInfo* contact) {
   const ContactSides sides(*contact);
   if (!sides.BothActive()) return;
-  GameObj* caught = sides.Facing<EnvironmentBlackhole>([](const GameObj* object) {
-    return IsUnit(*object) ||
-           (object->HasComponent<RigidBody>() && object->HasComponent<ColliderHolder>());
-  });
+  GameObj* caught = sides.Facing<EnvironmentBlackhole>(
+      [](const GameObj* object) { return IsCarriable(*object); });
   if (caught == nullptr) return;
   if (int* health = HealthOf(caught)) {
     *health = 0;

@@ -29,7 +29,7 @@ class EnvironmentBlackhole final : public LogicComponent {
   std::shared_ptr<ComponentManager<RigidBody>> m_bodies;
 
  private:
-  void Pull(GameObj* object) const;
+  void Pull(const RigidBody* body) const;
 };
 
 }  // namespace ZOVEngine

@@ -18,14 +18,14 @@ RTTR_REGISTRATION {
 namespace ZOVEngine {
 namespace {
 
-/// The damage of the shots of one kind on either side of a contact.
+/// Takes the damage of the shots of one kind, on either side of a contact, off `health`.
 template <class Shot>
-int DamageOf(const ContactSides& sides) {
-  int damage = 0;
+void TakeDamageOf(const ContactSides& sides, int* health) {
   for (GameObj* side : {sides.a, sides.b}) {
-    if (const auto* shot = FindComponent<Shot>(side)) damage += shot->m_damage;
+    if (const auto* shot = FindComponent<Shot>(side)) {
+      *health = AfterDamage(*health, shot->m_damage);
+    }
   }
-  return damage;
 }
 
 }  // namespace
@@ -69,11 +69,11 @@ void EnvironmentDestructible::OnCollisionEnter(ContactInfo* contact) {
     const int damage = bouncer->GetComponent<ProjectileBounce>()->m_curr_damage;
     if (damage == 0) return;
     // One less: the shot has raised its damage on this contact already if it was told first.
-    m_health += 1 - damage;
+    m_health = AfterDamage(AfterDamage(m_health, damage), -1);
   }
-  m_health -= DamageOf<ProjectileDefault>(sides);
-  m_health -= DamageOf<ProjectilePierce>(sides);
-  m_health -= DamageOf<ProjectilePush>(sides);
+  TakeDamageOf<ProjectileDefault>(sides, &m_health);
+  TakeDamageOf<ProjectilePierce>(sides, &m_health);
+  TakeDamageOf<ProjectilePush>(sides, &m_health);
 }
 
 }  // namespace ZOVEngine

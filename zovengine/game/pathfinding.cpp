@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <unordered_set>
 
 #include "core/engine.h"
 #include "core/messages.h"
@@ -75,8 +76,23 @@ void ResetNodes(const PathGrid& grid) {
     for (const auto& node : column) {
       node->g = node->h = std::numeric_limits<float>::max();
       node->f = 0.0f;
+      node->closed = false;
     }
   }
+}
+
+/// Whether the neighbours lead from `start` to `end`, by a flood from `start`.
+bool AreConnected(const PathNode* start, const PathNode* end) {
+  std::unordered_set<const PathNode*> seen = {start};
+  std::vector<const PathNode*> rest = {start};
+  while (!rest.empty()) {
+    const PathNode* node = rest.back();
+    rest.pop_back();
+    for (const PathNode* next : node->neighbours) {
+      if (seen.insert(next).second) rest.push_back(next);
+    }
+  }
+  return seen.contains(end);
 }
 
 }  // namespace
@@ -177,31 +193,29 @@ void Pathfinding::Search() {
   SearchFrom(start, end);
 }
 
-/// A* (Hart, Nilsson and Raphael 1968), in three points deliberately unrefined: a cell's way is
-/// overwritten without a comparison, a cell may be open several times, and the closed cells are
-/// searched one by one.
+/// A* (Hart, Nilsson and Raphael 1968), in two points deliberately unrefined: a cell's way is
+/// overwritten without a comparison, and a cell can be open several times, each of which expands it
+/// anew. The paths that come out rest on both.
+///
+/// Without a way to the target it would expand cells for very long and find nothing, so that is
+/// looked at first.
 void Pathfinding::SearchFrom(PathNode* start, PathNode* end) {
+  if (!AreConnected(start, end)) return;
   start->h = Heuristic(start->grid_pos, end->grid_pos);
   start->g = 0.0f;
   end->g = start->h;
   start->parent = end->parent = nullptr;
   OpenList open;
-  std::vector<PathNode*> closed;
-  const auto is_closed = [&closed](const PathNode* node) {
-    return std::find(closed.begin(), closed.end(), node) != closed.end();
-  };
   open.Push(start);
   while (!open.IsEmpty()) {
     PathNode* node = open.Pop();
-    // Expanding it once more for each time that it was open would take time without bounds.
-    if (is_closed(node)) continue;
-    closed.push_back(node);
+    node->closed = true;
     if (node == end) {
       TakePath(start, end);
       return;
     }
     for (PathNode* next : node->neighbours) {
-      if (is_closed(next)) continue;
+      if (next->closed) continue;
       next->g = node->g + Heuristic(node->grid_pos, next->grid_pos);
       next->h = Heuristic(next->grid_pos, end->grid_pos);
       next->f = next->g + next->h;

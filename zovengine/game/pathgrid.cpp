@@ -32,6 +32,11 @@ float HalfHeight() {
   return static_cast<float>(half);
 }
 
+/// False for a place or size that is no number.
+bool IsPlaced(const Transform& transform) {
+  return std::isfinite((transform.m_world_pos + transform.m_world_scale).Length());
+}
+
 /// The cells, of `count`, that the stretch from `begin` to `end` reaches into.
 struct CellRange {
   CellRange(float begin, float end, std::int32_t cell_size, std::int32_t count) {
@@ -89,7 +94,7 @@ std::vector<std::vector<bool>> PathGrid::BlockedBy(const std::vector<GameObj*>& 
                                          std::vector<bool>(static_cast<std::size_t>(m_height)));
   for (GameObj* tile : tiles) {
     const auto* transform = FindComponent<Transform>(tile);
-    if (transform == nullptr) continue;
+    if (transform == nullptr || !IsPlaced(*transform)) continue;
     const Vector3D half = transform->m_world_scale * 0.5f;
     const float left = HalfWidth() + transform->m_world_pos.x;
     const float down = HalfHeight() - transform->m_world_pos.y;

@@ -19,6 +19,7 @@ struct PathNode {
   Vector3D grid_pos;                  ///< column, row, 1
   Vector3D world_pos;                 ///< of the middle, z 1 (unit: world units)
   PathNode* parent = nullptr;
+  bool closed = false;  ///< a search has taken it up
 };
 
 /// The grid of square cells over the window that all searches share.

@@ -1,6 +1,7 @@
 #include "game/projectile.h"
 
 #include <cmath>
+#include <limits>
 
 #include "audio/audiosource.h"
 #include "core/engine.h"
@@ -119,7 +120,8 @@ bool PassesThrough(const ContactSides& sides, ContactInfo* contact) {
 }
 
 void Wound(GameObj* unit, int damage) {
-  *HealthOf(unit) -= damage;
+  int& health = *HealthOf(unit);
+  health = AfterDamage(health, damage);
   FlashUnit(unit);
 }
 
@@ -195,17 +197,20 @@ bool IsHitHeard(GameObj* shot) {
 }
 
 float DistanceBetween(GameObj* one, GameObj* other) {
-  return (one->GetComponent<Transform>()->m_world_pos -
-          other->GetComponent<Transform>()->m_world_pos)
-      .Length();
+  const auto* here = FindComponent<Transform>(one);
+  const auto* there = FindComponent<Transform>(other);
+  if (here == nullptr || there == nullptr) return std::numeric_limits<float>::infinity();
+  return (here->m_world_pos - there->m_world_pos).Length();
 }
 
-void BlowAway(GameObj* shot, RigidBody* body, float strength) {
+void BlowAway(GameObj* centre, const RigidBody* body, float strength) {
+  // What is switched off does not age its forces: they would only pile up.
   if (!body->m_active) return;
   GameObj* object = body->m_owner;
-  const Vector3D away =
-      object->GetComponent<Transform>()->m_world_pos - shot->GetComponent<Transform>()->m_world_pos;
+  const Vector3D away = object->GetComponent<Transform>()->m_world_pos -
+                        centre->GetComponent<Transform>()->m_world_pos;
   const float distance = away.Length();
+  // On the very centre there is no direction: the force would not be a number.
   if (distance == 0.0f) return;
   AddForceToObject blast(object->id, away, 1.0f / distance * strength * kForcePerBlast, kForceTime);
   g_engine->Broadcast(&blast);

@@ -147,12 +147,14 @@ void PlayHitSound(GameObj* shot);
 /// True while the sound of a hit is heard.
 bool IsHitHeard(GameObj* shot);
 
-/// A force of one hit on a body: away from the shot, or towards it with a negative `strength`; the
-/// same at all distances. A body in the very place of the shot, as the shot itself, has no
-/// direction to go and gets none. Nor does a body that is switched off: the physics would neither
-/// apply nor drop the force, and forces would pile up in memory.
-void BlowAway(GameObj* shot, RigidBody* body, float strength);
-/// The distance between the world positions of two objects, depth included (unit: world units).
+/// A force on a body away from `centre`, or towards it with a negative `strength`: of a shot's hit,
+/// or of one step of a hole. It is the same at all distances: the direction has the length of the
+/// distance, which the magnitude divides by. A body in the very place of the centre, as a shot
+/// itself, has no direction to go and gets none. Nor does a body that is switched off: the physics
+/// would neither apply nor drop the force, and forces would pile up in memory.
+void BlowAway(GameObj* centre, const RigidBody* body, float strength);
+/// The distance between the world positions of two objects, depth included (unit: world units);
+/// infinite if one has no place.
 float DistanceBetween(GameObj* one, GameObj* other);
 
 }  // namespace ZOVEngine

@@ -44,9 +44,13 @@ void ProjectileExplosion::Serialize(Writer& writer) {
 }
 
 void ProjectileExplosion::Init() {
+  FetchTables();
+  BindShot(this);
+}
+
+void ProjectileExplosion::FetchTables() {
   m_bodies = FetchTable<RigidBody>();
   m_destructibles = FetchTable<EnvironmentDestructible>();
-  BindShot(this);
 }
 
 void ProjectileExplosion::Fire(const Vector3D& position, const Vector3D& direction) {
@@ -79,6 +83,8 @@ void ProjectileExplosion::OnCollisionEnter(ContactInfo* contact) {
     contact->ignored = true;
     return;
   }
+  // In a pause contacts reach a shot that was never stepped.
+  if (m_bodies == nullptr) FetchTables();
   ShakeCamera(m_owner, kBigShake);
   EmitFeedback(m_owner);
   for (EnvironmentDestructible* thing : m_destructibles->Components()) Crack(thing);
@@ -89,7 +95,7 @@ void ProjectileExplosion::OnCollisionEnter(ContactInfo* contact) {
 
 void ProjectileExplosion::Crack(EnvironmentDestructible* destructible) const {
   if (DistanceBetween(m_owner, destructible->m_owner) > m_aoe) return;
-  destructible->m_health -= m_damage;
+  destructible->m_health = AfterDamage(destructible->m_health, m_damage);
 }
 
 void ProjectileExplosion::Blast(RigidBody* body) const {

@@ -41,6 +41,7 @@ class ProjectileExplosion final : public LogicComponent {
   std::shared_ptr<ComponentManager<EnvironmentDestructible>> m_destructibles;
 
  private:
+  void FetchTables();
   void PlaceTrail(const Vector3D& place);
   void Crack(EnvironmentDestructible* destructible) const;
   void Blast(RigidBody* body) const;

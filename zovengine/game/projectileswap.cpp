@@ -17,11 +17,6 @@ RTTR_REGISTRATION {
 namespace ZOVEngine {
 namespace {
 
-bool CanBeMoved(const GameObj& object) {
-  return IsUnit(object) ||
-         (object.HasComponent<RigidBody>() && object.HasComponent<ColliderHolder>());
-}
-
 void Respawn(GameObj* object) {
   SetStateOf(object, "spawn");
   PlaySoundOf(object, "unit_spawn.ogg");
@@ -74,7 +69,7 @@ void ProjectileSwap::OnCollisionEnter(ContactInfo* contact) {
   EmitFeedback(m_owner);
   ShowBurst(m_owner);
   GameObj* target = sides.Facing<ProjectileSwap>(
-      [this](const GameObj* object) { return object != m_owner && CanBeMoved(*object); });
+      [this](const GameObj* object) { return object != m_owner && IsCarriable(*object); });
   if (target == nullptr) return;
   contact->ignored = true;
   const GameController* controller = ControllerOf(m_owner);

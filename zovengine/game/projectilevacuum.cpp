@@ -49,6 +49,8 @@ void ProjectileVacuum::Update(float dt) {
 void ProjectileVacuum::OnCollisionEnter(ContactInfo* contact) {
   const ContactSides sides(*contact);
   if (PassesThrough(sides, contact)) return;
+  // In a pause contacts reach a shot that was never stepped.
+  if (m_bodies == nullptr) m_bodies = FetchTable<RigidBody>();
   EmitFeedback(m_owner);
   for (RigidBody* body : m_bodies->Components()) Pull(body);
   EndWithBang(m_owner);

@@ -333,7 +333,7 @@ bool GameController::SurvivesStatus(GameObj* unit) {
   if (*StatusOf(unit) != "damaged") return true;
   FlashUnit(unit);
   int& health = *HealthOf(unit);
-  --health;
+  health = AfterDamage(health, 1);
   if (health >= 1) return true;
   m_state = unit->HasComponent<Enemy>() ? TURN_ENEMY_NEXT : TURN_PLAYER_NEXT;
   return false;

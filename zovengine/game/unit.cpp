@@ -1,6 +1,8 @@
 #include "game/unit.h"
 
 #include <algorithm>
+#include <climits>
+#include <cstdint>
 
 #include "audio/audiosource.h"
 #include "core/random.h"
@@ -54,6 +56,11 @@ void HideBarrels(GameObj* unit) {
 
 bool IsUnit(const GameObj& object) {
   return object.HasComponent<Player>() || object.HasComponent<Enemy>();
+}
+
+int AfterDamage(int health, int damage) {
+  const std::int64_t left = std::int64_t{health} - damage;
+  return static_cast<int>(std::clamp<std::int64_t>(left, INT_MIN, INT_MAX));
 }
 
 int* HealthOf(GameObj* object) {

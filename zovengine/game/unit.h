@@ -20,6 +20,8 @@ inline constexpr float kScalePerMuzzle = 1.2f;  ///< of what carries a muzzle to
 bool IsUnit(const GameObj& object);
 /// The health of a unit, or null for an object that is none.
 int* HealthOf(GameObj* object);
+/// What `damage` leaves of `health`, within the range of an int.
+int AfterDamage(int health, int damage);
 /// The status of a unit ("default", "damaged" or "slowed"), or null for an object that is none.
 std::string* StatusOf(GameObj* object);
 
