@@ -18,4 +18,11 @@ void LoadScreen(const std::string& path) {
   g_render_system->m_background_tex = background;
 }
 
+void ShowBackgroundOf(const std::string& path) {
+  JsonDocument document;
+  document.Open(path);
+  document.Parse();
+  ReadValue(document.Root(), "Background", &g_render_system->m_background_tex);
+}
+
 }  // namespace ZOVEngine

@@ -8,4 +8,7 @@ namespace ZOVEngine {
 /// background texture. A missing key prints its line and counts as empty.
 void LoadScreen(const std::string& path);
 
+/// Shows the background that the file at `path` names, without its objects.
+void ShowBackgroundOf(const std::string& path);
+
 }  // namespace ZOVEngine

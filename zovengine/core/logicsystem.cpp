@@ -73,9 +73,9 @@ void LogicSystem::Init() {
   states[kDefaultState] = std::make_unique<DefaultState>();
   states[kLevelEditorState] = std::make_unique<LevelEditorState>();
   states[kMainMenuState] = std::make_unique<MainMenuState>();
-  m_machine.m_current = kSplashState;
-  m_machine.m_next = kSplashState;
-  m_machine.At(kSplashState).Enter();
+  m_machine.m_current = g_start_state;
+  m_machine.m_next = g_start_state;
+  m_machine.At(g_start_state).Enter();
   m_machine.m_levelPath.clear();
 }
 

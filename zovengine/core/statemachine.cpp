@@ -6,6 +6,7 @@
 namespace ZOVEngine {
 
 StateMachine* g_state_machine = nullptr;
+std::int32_t g_start_state = kSplashState;
 std::string g_current_level_path = "Level Editor/Levels/Level01/Level01.json";
 
 State& StateMachine::At(std::int32_t id) const {

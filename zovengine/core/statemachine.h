@@ -48,6 +48,9 @@ struct StateMachine {
 /// Gives components read access to `m_current`; set by the logic system.
 extern StateMachine* g_state_machine;
 
+/// The state that a program starts in; the logic system enters it in its Init.
+extern std::int32_t g_start_state;
+
 /// The level that DefaultState loads when it is entered; set by the level buttons.
 extern std::string g_current_level_path;
 

@@ -6,7 +6,9 @@
 
 #include "audio/audiosystem.h"
 #include "audio/mixer.h"
+#include "core/loadscreen.h"
 #include "core/logicsystem.h"
+#include "core/statemachine.h"
 #include "objects/gameobjfactory.h"
 #include "physics/collidersystem.h"
 #include "physicssystem.h"
@@ -67,6 +69,8 @@ int WinMain() {
   g_mixer = mixer.get();
   CreateEngine();
   InitSystems();
+  // A level keeps the background of the screen before it; here there was none.
+  if (g_start_state == kDefaultState) ShowBackgroundOf(g_current_level_path);
   MainLoop(*g_engine, NowNanoseconds, BeginStep);
   DestroyEngine();
   g_mixer = nullptr;
