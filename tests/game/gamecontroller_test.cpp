@@ -265,15 +265,14 @@ TEST(GameController, ALevelWithoutACameraRuns) {
   EXPECT_EQ(level.Controller().m_camera, nullptr);
 }
 
-TEST(GameController, ALevelWithUnitsOfOneSideOnlyEndsInItsVeryFirstUpdate) {
+TEST(GameController, ALevelWithUnitsOfOneSideOnlyEndsInItsVeryFirstStep) {
   for (const bool won : {false, true}) {
     RunningLevel level({Unit("unit", won ? "Player" : "Enemy")});
-    level.world.Step(0);
-    level.Start();
+    level.world.Step();
     EXPECT_EQ(level.Controller().m_state, TURN_LEVEL_END) << won;
     EXPECT_EQ(level.Controller().m_ui_state, "ui_level_end") << won;
-    EXPECT_EQ(level.IsAskedFor("victory.ogg"), won);
-    EXPECT_EQ(level.IsAskedFor("defeat.ogg"), !won);
+    EXPECT_EQ(level.world.mixer.CountPlays("Resources/Sound/SFX/victory.ogg"), won ? 1 : 0);
+    EXPECT_EQ(level.world.mixer.CountPlays("Resources/Sound/SFX/defeat.ogg"), won ? 0 : 1);
   }
 }
 

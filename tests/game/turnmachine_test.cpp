@@ -236,11 +236,10 @@ TEST(TurnMachine, AFastMoveIsHeardWhileItLasts) {
 }
 
 TEST(TurnMachine, ASelectedUnitWithoutABodyIsAThrow) {
-  const TurnWorld level({Record("e", {{"Transform", PlacedAt(0, 0)},
-                                      {"Render", "{}"},
-                                      {"iModel", "{}"},
-                                      {"Enemy", "{}"}}),
-                         UnitAt("Player", "p", 0, 0)});
+  const TurnWorld level(
+      {Record("e",
+              {{"Transform", PlacedAt(0, 0)}, {"Render", "{}"}, {"iModel", "{}"}, {"Enemy", "{}"}}),
+       UnitAt("Player", "p", 0, 0)});
   level.Controller().m_selected = level.Find("e");
   level.Controller().m_state = TURN_ENEMY_MOVE;
   level.Disturb();
@@ -583,8 +582,8 @@ TEST(LevelEnd, TheSoundsAreAskedForInEveryStep) {
 }
 
 TEST(LevelEnd, ABossIsBeatenWhenItsDeathIsOverAndNotBefore) {
-  TurnWorld level({UnitAt("Enemy", "e", -300, 0, R"({"m_boss": true})"),
-                   UnitAt("Player", "p", 300, 0)});
+  TurnWorld level(
+      {UnitAt("Enemy", "e", -300, 0, R"({"m_boss": true})"), UnitAt("Player", "p", 300, 0)});
   level.Key(72);
   OutputOf([&] { level.world.Step(290); });
   EXPECT_TRUE(level.EnemyOf("e").m_alive);

@@ -5,6 +5,7 @@
 
 #include "audio/audiosource.h"
 #include "core/engine.h"
+#include "core/random.h"
 #include "core/statemachine.h"
 #include "game/enemy.h"
 #include "game/player.h"
