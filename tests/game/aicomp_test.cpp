@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
-#include <tuple>
+#include <utility>
 
 #include "core/engine.h"
 #include "game/enemy.h"
@@ -93,6 +93,15 @@ TEST(AIComp, TheDistanceCountsTheDepth) {
   EXPECT_EQ(walker.Body().m_forces[0]->direction, Vector3D(0, 0, 1));
 }
 
+TEST(AIComp, TheWayIsThatOfTheWorldPosition) {
+  Walker walker("[[40, 60, 1]]");
+  walker.Place().m_local_pos = Vector3D(500, 500, 1);
+  walker.Move();
+  ASSERT_THAT(walker.Body().m_forces, SizeIs(1));
+  EXPECT_FLOAT_EQ(walker.Body().m_forces[0]->direction.x, 0.6f);
+  EXPECT_FLOAT_EQ(walker.Body().m_forces[0]->direction.y, 0.8f);
+}
+
 TEST(AIComp, ArrivalEndsTheMoveWithALimitOfZeroOrLess) {
   for (const float limit : {0.0f, -1.0f}) {
     Walker walker("[[10, 20, 1], [90, 20, 1]]");
@@ -118,16 +127,28 @@ TEST(AIComp, TheMoveIsOverWhereverTheUnitStandsWhenItsTimeIsUp) {
 }
 
 TEST(AIComp, TheLimitCountsPushes) {
-  for (const auto& [limit, fewest, most] :
-       {std::tuple(0.001f, 1u, 1u), std::tuple(0.05f, 3u, 4u), std::tuple(0.0f, 0u, 0u)}) {
-    // A wall holds the unit where it is.
+  // Three steps of a sixtieth of a second sum up to a float just above a twentieth.
+  for (const auto& [limit, pushes] :
+       {std::pair(0.0f, 0u), std::pair(0.001f, 1u), std::pair(0.02f, 2u), std::pair(0.05f, 3u)}) {
     Walker walker("[[400, 20, 1]]");
     walker.Unit().m_move_limit = limit;
-    for (int i = 0; i < 10 && !walker.Unit().m_moved; ++i) walker.Move();
+    for (unsigned i = 0; i < pushes; ++i) {
+      walker.Move();
+      EXPECT_FALSE(walker.Unit().m_moved) << limit << ", push " << i;
+    }
+    walker.Move();
     EXPECT_TRUE(walker.Unit().m_moved) << limit;
-    EXPECT_GE(walker.Body().m_forces.size(), fewest) << limit;
-    EXPECT_LE(walker.Body().m_forces.size(), most) << limit;
+    EXPECT_THAT(walker.Body().m_forces, SizeIs(pushes)) << limit;
   }
+}
+
+TEST(AIComp, TheTimerRunsByTheStoredStep) {
+  Walker walker("[[400, 20, 1]]");
+  walker.Mover().Update(0.25f);
+  walker.Unit().m_move_limit = 10.0f;
+  walker.Move();
+  walker.Move();
+  EXPECT_EQ(walker.Unit().m_move_timer, 0.5f);
 }
 
 TEST(AIComp, AtTheEndOfItsPathItWalksBack) {

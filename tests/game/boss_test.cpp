@@ -25,6 +25,8 @@ namespace {
 using carapace_test::AsksFor;
 using carapace_test::BossRecord;
 using carapace_test::Hush;
+using carapace_test::Record;
+using carapace_test::ShotRecord;
 using carapace_test::SpriteRecord;
 using carapace_test::UnitParts;
 using carapace_test::UnitRecord;
@@ -180,6 +182,14 @@ TEST(Boss, EntersItsSecondPhaseOnce) {
   EXPECT_FALSE(fight.stage.Find("DeathField")->active);
 }
 
+TEST(Boss, ItsSecondPhaseShowsTheSecondBarrelInTheSameStep) {
+  BossFight fight;
+  fight.Boss().m_health = 4;
+  fight.Boss().Update(kStep);
+  EXPECT_FALSE(fight.stage.ChildOf<Render>("Boss", "Weapon0Barrel").m_visible);
+  EXPECT_TRUE(fight.stage.ChildOf<Render>("Boss", "Weapon1Barrel").m_visible);
+}
+
 TEST(Boss, ShieldAndFieldFadeInByTwoASecond) {
   BossFight fight;
   fight.Boss().m_health = 4;
@@ -222,6 +232,16 @@ TEST(Boss, AFadedPhaseLeavesTheAlphasAlone) {
 TEST(Boss, WithoutShieldAndFieldThePhaseIsReadyAtOnce) {
   UnitParts parts = Whole();
   parts.without = {"ShieldPhase1", "ShieldPhase2"};
+  BossFight fight(parts, {});
+  fight.Boss().m_health = 4;
+  fight.Boss().Update(kStep);
+  EXPECT_TRUE(fight.Boss().m_phase_ready);
+}
+
+TEST(Boss, AShieldWithoutAPictureHoldsNoPhaseUp) {
+  UnitParts parts = Whole();
+  parts.without = {"ShieldPhase2"};
+  parts.more = {Record("ShieldPhase2", {})};
   BossFight fight(parts, {});
   fight.Boss().m_health = 4;
   fight.Boss().Update(kStep);
@@ -327,6 +347,19 @@ TEST(Boss, AShotOfAnotherKindIsNotFired) {
   EXPECT_TRUE(fight.IsFired("RightProjPhase1"));
 }
 
+TEST(Boss, AShotOfAnotherKindIsNotFiredInTheSecondPhaseEither) {
+  UnitParts parts = Whole();
+  parts.without = {"LeftProjPhase2", "MiddleProj"};
+  parts.more = {ShotRecord("LeftProjPhase2", "ProjectileDefault"),
+                ShotRecord("MiddleProj", "ProjectileDefault")};
+  BossFight fight(parts);
+  fight.Boss().m_phase_two = true;
+  fight.Boss().Fire();
+  EXPECT_FALSE(fight.IsFired("LeftProjPhase2"));
+  EXPECT_FALSE(fight.IsFired("MiddleProj"));
+  EXPECT_TRUE(fight.IsFired("RightProjPhase2"));
+}
+
 TEST(Boss, AnAbsentShotIsNotMissed) {
   for (const char* absent : kShots) {
     UnitParts parts = Whole();
@@ -386,6 +419,17 @@ TEST(Boss, TheFirstStepOfItsDeathStopsItFromTakingPart) {
   EXPECT_EQ(fight.stage.ChildOf<Transform>("Boss", "ui_hp_frame_filled").m_local_scale.x, 0.0f);
   EXPECT_TRUE(fight.stage.ChildOf<Render>("Boss", "Weapon1Barrel").m_visible) << "not yet hidden";
   EXPECT_EQ(fight.Place().m_local_scale.x, 24.0f);
+}
+
+TEST(Boss, KilledOutrightItEntersItsSecondPhaseAndTheFieldIsOutInTheSameStep) {
+  BossFight fight;
+  fight.Boss().m_health = 0;
+  fight.Boss().Update(kStep);
+  EXPECT_TRUE(fight.Boss().m_phase_two);
+  EXPECT_TRUE(fight.Boss().m_dying);
+  EXPECT_TRUE(fight.stage.Find("ShieldPhase2")->active);
+  EXPECT_FALSE(fight.stage.Of<Render>("ShieldPhase2").m_visible);
+  EXPECT_FALSE(fight.stage.Find("DeathField")->active);
 }
 
 TEST(Boss, TheFramesOfItsBarShrinkAtEachStepOfItsDeath) {
@@ -534,6 +578,17 @@ TEST(Boss, DiesWithoutShieldsExplosionsAndFields) {
   fight.DieForFiveSeconds();
   fight.Boss().Update(0.25f);
   EXPECT_FALSE(fight.Boss().m_alive);
+}
+
+TEST(Boss, AnExplosionWithoutItsComponentsIsNoFault) {
+  UnitParts parts = Whole();
+  parts.without = {"DeathExplosion03"};
+  parts.more = {Record("DeathExplosion03", {})};
+  BossFight fight(parts);
+  fight.DieForFiveSeconds();
+  fight.Boss().Update(0.25f);
+  EXPECT_FALSE(fight.Boss().m_alive);
+  EXPECT_FALSE(fight.stage.Find("DeathExplosion03")->active);
 }
 
 }  // namespace

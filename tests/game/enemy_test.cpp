@@ -7,6 +7,7 @@
 
 #include "core/random.h"
 #include "game/gamecontroller.h"
+#include "game/player.h"
 #include "objects/statec.h"
 #include "physics/rigidbody.h"
 #include "physics/transform.h"
@@ -139,6 +140,14 @@ TEST(Enemy, FiresTheWeaponThatTheLevelChose) {
   EXPECT_TRUE(enemy.Unit().m_pierce_pending);
 }
 
+TEST(Enemy, ALaterShotOfAnotherKindLeavesThePierceFlag) {
+  Driver enemy({.weapons = {"ProjectilePierce", "ProjectileDefault"}});
+  enemy.Unit().Fire();
+  enemy.Unit().m_selected_first_weapon = false;
+  enemy.Unit().Fire();
+  EXPECT_TRUE(enemy.Unit().m_pierce_pending);
+}
+
 TEST(Enemy, FiringSetsItsFlagAndShowsTheMuzzleFireWithItsSound) {
   Driver enemy;
   enemy.stage.ChildOf<Render>("unit", "unit_fire").m_visible = false;
@@ -160,12 +169,15 @@ TEST(Enemy, WithoutATargetItDoesNotFire) {
   EXPECT_FALSE(AsksFor(enemy.stage.Find("unit"), "unit_fire.ogg"));
 }
 
-TEST(Enemy, ATargetThatHasDiedSinceIsFiredAtAllTheSame) {
+TEST(Enemy, ATargetThatHasDiedSinceIsFiredAtAlongTheOldLine) {
   Driver enemy;
+  enemy.stage.Of<Player>("target").m_alive = false;
+  enemy.stage.Of<Transform>("target").m_world_pos = Vector3D(-900, -900, 1);
   enemy.stage.Find("target")->SetActive(false);
   enemy.Unit().Fire();
   EXPECT_TRUE(enemy.Unit().m_fired);
   EXPECT_TRUE(enemy.Shot(0)->active);
+  ExpectNear(enemy.LaunchOf(0).direction, 0.0f, 1.0f);
 }
 
 TEST(Enemy, ACommonEnemyFiresEvenWithoutHealth) {

@@ -28,6 +28,7 @@ namespace {
 
 using carapace_test::AsksFor;
 using carapace_test::OutputOf;
+using carapace_test::Record;
 using carapace_test::SpriteRecord;
 using carapace_test::UnitParts;
 using carapace_test::UnitRecord;
@@ -222,6 +223,27 @@ TEST(Player, FiringShowsTheMuzzleFireWithItsSound) {
   EXPECT_TRUE(AsksFor(unit.stage.Find("unit"), "unit_fire.ogg"));
 }
 
+TEST(Player, AMuzzleFireWithoutAnAnimationStaysAsItIs) {
+  Driven unit({.without = {"unit_fire"},
+               .more = {Record("unit_fire", {{"Transform", "{}"},
+                                             {"Render", R"({"m_visible": false})"},
+                                             {"iModel", "{}"},
+                                             {"StateC", R"({"m_state": "default"})"}})}});
+  unit.Unit().Fire(Vector3D(200, 50, 1));
+  EXPECT_EQ(unit.StateOf("unit_fire"), "default");
+  EXPECT_FALSE(unit.VisibleOf("unit_fire"));
+}
+
+TEST(Player, AMuzzleFireWithoutAStateIsShownAllTheSame) {
+  Driven unit({.without = {"unit_fire"},
+               .more = {Record("unit_fire", {{"Transform", "{}"},
+                                             {"Render", R"({"m_visible": false})"},
+                                             {"iModel", "{}"},
+                                             {"Animation", "{}"}})}});
+  unit.Unit().Fire(Vector3D(200, 50, 1));
+  EXPECT_TRUE(unit.VisibleOf("unit_fire"));
+}
+
 TEST(Player, WithoutAWeaponOrASourceFiringOnlyShowsTheMuzzleFire) {
   Driven unit({.without = {"Weapon0Projectile", "AudioSource"}});
   unit.Unit().Fire(Vector3D(200, 50, 1));
@@ -271,6 +293,14 @@ TEST(Player, OtherShotsShowNoPierceMuzzle) {
   for (int i = 0; i < 4; ++i) unit.Unit().Update(0.1f);
   EXPECT_EQ(unit.StateOf("pierce_fire"), "default");
   EXPECT_EQ(unit.Unit().m_pierce_timer, 0.0f);
+}
+
+TEST(Player, ALaterShotOfAnotherKindLeavesThePierceMuzzleWaiting) {
+  Driven unit({.weapons = {"ProjectilePierce", "ProjectileDefault"}});
+  unit.Unit().Fire(Vector3D(200, 50, 1));
+  unit.Unit().m_selected_first_weapon = false;
+  unit.Unit().Fire(Vector3D(200, 50, 1));
+  EXPECT_TRUE(unit.Unit().m_pierce_pending);
 }
 
 TEST(Player, ADeathPutsOutNoDeathField) {

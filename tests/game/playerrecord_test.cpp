@@ -79,6 +79,25 @@ TEST(PlayerRecord, SevenKeysAreReadAndWrittenInTheirOrder) {
   EXPECT_EQ(RecordOf(copy), RecordOf(player));
 }
 
+TEST(PlayerRecord, EachFieldIsWrittenUnderItsOwnKey) {
+  Player player(nullptr);
+  player.m_health = 3;
+  player.m_max_health = 9;
+  player.m_movement_curr = 1.5f;
+  player.m_movement_limit = 4.5f;
+  player.m_movement_mag = 100.5f;
+  player.m_alive = false;
+  Player copy(nullptr);
+  ReadRecord(RecordOf(player), copy);
+  EXPECT_EQ(copy.m_health, 3);
+  EXPECT_EQ(copy.m_max_health, 9);
+  EXPECT_EQ(copy.m_movement_curr, 1.5f);
+  EXPECT_EQ(copy.m_movement_limit, 4.5f);
+  EXPECT_EQ(copy.m_movement_mag, 100.5f);
+  EXPECT_FALSE(copy.m_alive);
+  EXPECT_TRUE(copy.m_selected_first_weapon);
+}
+
 TEST(PlayerRecord, AFileWithoutAnyKeyKeepsTheDefaultsAndPrintsALineForEach) {
   Player player(nullptr);
   player.m_health = 7;
@@ -149,6 +168,30 @@ TEST(EnemyRecord, NineKeysAreReadAndWrittenInTheirOrder) {
   EXPECT_THAT(KeysOf(RecordOf(enemy)),
               ElementsAre("m_health", "m_max_health", "m_alive", "m_selected_first_weapon",
                           "m_boss", "m_waypoints", "m_move_speed", "m_move_limit", "m_snap_range"));
+}
+
+TEST(EnemyRecord, EachFieldIsWrittenUnderItsOwnKey) {
+  for (const bool boss : {false, true}) {
+    Enemy enemy(nullptr);
+    enemy.m_health = 3;
+    enemy.m_max_health = 9;
+    enemy.m_alive = false;
+    enemy.m_selected_first_weapon = !boss;
+    enemy.m_boss = boss;
+    enemy.m_move_speed = 12.5f;
+    enemy.m_move_limit = 0.5f;
+    enemy.m_snap_range = 7.5f;
+    Enemy copy(nullptr);
+    ReadRecord(RecordOf(enemy), copy);
+    EXPECT_EQ(copy.m_health, 3);
+    EXPECT_EQ(copy.m_max_health, 9);
+    EXPECT_FALSE(copy.m_alive);
+    EXPECT_EQ(copy.m_selected_first_weapon, !boss);
+    EXPECT_EQ(copy.m_boss, boss);
+    EXPECT_EQ(copy.m_move_speed, 12.5f);
+    EXPECT_EQ(copy.m_move_limit, 0.5f);
+    EXPECT_EQ(copy.m_snap_range, 7.5f);
+  }
 }
 
 TEST(EnemyRecord, WaypointsComeBackInTheirOrder) {

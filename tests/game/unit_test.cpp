@@ -192,6 +192,16 @@ TYPED_TEST(BothUnits, AHitBurnsWhiteUntilTheTimerIsAboveTheFlashTime) {
   }
 }
 
+TYPED_TEST(BothUnits, TheFlashTimeItselfStillBurns) {
+  this->MakeSpawned();
+  FlashUnit(this->Object());
+  this->Unit().m_flash_timer = 0.09f;
+  this->Step(0.5f);
+  EXPECT_EQ(this->Body().m_colour[0], kWhite);
+  this->Step(0.5f);
+  EXPECT_EQ(this->Body().m_colour[0], 1.0f);
+}
+
 TYPED_TEST(BothUnits, WithoutAFlashBodyAndBarrelsKeepTheirOwnLookAndTheirAlpha) {
   this->MakeSpawned();
   this->Body().m_colour = {0.5f, 7.0f, 3.0f, 0.25f};
@@ -445,6 +455,12 @@ TYPED_TEST(BothUnits, AWholeUnitDoesNotSmoke) {
   EXPECT_FALSE(this->Smoke().m_emitting);
 }
 
+TYPED_TEST(BothUnits, MoreHealthThanTheMaximumDoesNotSmoke) {
+  this->MakeSpawned({.fields = R"({"m_health": 20, "m_max_health": 10})"});
+  this->Step();
+  EXPECT_FALSE(this->Smoke().m_emitting);
+}
+
 TYPED_TEST(BothUnits, AUnitWithoutAStateDoesNotSmoke) {
   this->MakeSpawned({.without = {"StateC"}});
   this->Step();
@@ -593,6 +609,24 @@ TYPED_TEST(BothUnits, AnAbsentChildOnlyMissesItsOwnStep) {
     EXPECT_FALSE(this->Unit().m_alive) << child;
     EXPECT_EQ(this->Text(font), "") << child;
   }
+}
+
+TYPED_TEST(BothUnits, ChildrenWithoutTheirComponentsAreNoFault) {
+  UnitParts parts;
+  for (const char* child :
+       {"Weapon0Barrel", "Weapon1Barrel", "Weapon0Projectile", "Weapon1Projectile", "electricvfx",
+        "WeaponText", "unit_fire", "pierce_fire", "ui_selected", "ui_hp_frame",
+        "ui_hp_frame_filled", "ui_hp_frame_empty", "hp_font", "turn_font", "unit_damaged"}) {
+    parts.without.push_back(child);
+    parts.more.push_back(Record(child, {}));
+  }
+  this->MakeSpawned(parts);
+  this->Unit().ShowWeaponLabel();
+  for (int i = 0; i < 8; ++i) this->Step(0.5f);
+  EXPECT_FALSE(this->Unit().m_show_weapon_label);
+  EXPECT_TRUE(this->Unit().m_alive);
+  this->Die();
+  EXPECT_FALSE(this->Unit().m_alive);
 }
 
 TYPED_TEST(BothUnits, AUnitWithoutChildrenLivesAndDies) {
