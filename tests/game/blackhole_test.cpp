@@ -175,6 +175,21 @@ TEST(EnvironmentBlackhole, ABodyExactlyAtItsRangeIsPulledAndNoneBeyond) {
   EXPECT_THAT(hole.ForcesOn("beyond"), IsEmpty());
 }
 
+TEST(EnvironmentBlackhole, ItsRangeIsItsField) {
+  Hole hole({BodyRecord("at", 50, 0), BodyRecord("beyond", 0, 60)});
+  hole.It().m_suction_range = 50.0f;
+  hole.Update();
+  EXPECT_THAT(hole.ForcesOn("at"), SizeIs(1));
+  EXPECT_THAT(hole.ForcesOn("beyond"), IsEmpty());
+}
+
+TEST(EnvironmentBlackhole, ABodyThatIsOffGathersNoForces) {
+  Hole hole({BodyRecord("body", 50, 0)});
+  hole.stage.Find("body")->SetActive(false);
+  hole.Update();
+  EXPECT_THAT(hole.ForcesOn("body"), IsEmpty());
+}
+
 TEST(EnvironmentBlackhole, DepthCountsAsDistance) {
   Hole hole({BodyRecord("deep", 60, 80)});
   hole.stage.Of<Transform>("deep").m_world_pos.z = 40.0f;

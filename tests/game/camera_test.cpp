@@ -136,6 +136,12 @@ TEST_F(CameraLimits, TheyGrowWithTheFields) {
   EXPECT_THAT(View().m_at_limit, ElementsAre(true, true, false, false));
 }
 
+TEST_F(CameraLimits, WhereTheyCrossLeftAndBottomComeLast) {
+  View().m_xlimit = View().m_ylimit = -1;
+  EXPECT_EQ(Limited(0, 0), Vector3D(-900, -400, 1));
+  EXPECT_THAT(View().m_at_limit, Each(true));
+}
+
 TEST_F(CameraLimits, TheClampLastsUntilTheNextDerivation) {
   Place().SetLocalPosition(Vector3D(150, 0, 1));
   EXPECT_EQ(Limited(150, 0).x, 1100.0f);
@@ -171,6 +177,35 @@ TEST_F(CameraShake, WithoutALevelItShakesAndIsNotLimited) {
   View().Update(kStep);
   EXPECT_NE(View().m_offset, Vector3D());
   EXPECT_EQ(TransformOf(world.Find("view")).m_world_pos.x, 9000.0f);
+}
+
+TEST(Camera, UnderAParentWithoutALevelItShakesAndIsNotLimited) {
+  World world;
+  OutputOf([&] {
+    world.LoadObjects(
+        Record("group", {{"Transform", PlacedAt(0, 0)}},
+               {Record("view", {{"Transform", PlacedAt(9000, 0)}, {"Camera", "{}"}})}));
+  });
+  Camera& view = *world.Find("view")->GetComponent<Camera>();
+  view.m_shaking = true;
+  view.m_shake_duration = 0.5f;
+  OutputOf([&] { view.Update(kStep); });
+  EXPECT_EQ(view.m_elapsed, kStep);
+  EXPECT_EQ(TransformOf(world.Find("view")).m_world_pos.x, 9000.0f);
+  EXPECT_THAT(view.m_at_limit, Each(false));
+}
+
+TEST(Camera, WithoutAPlaceInALevelItOnlyShakes) {
+  World world;
+  OutputOf([&] {
+    world.LoadObjects(
+        Record("level", {{"GameController", "{}"}}, {Record("view", {{"Camera", "{}"}})}));
+  });
+  Camera& view = *world.Find("view")->GetComponent<Camera>();
+  view.m_shaking = true;
+  view.m_shake_duration = 0.5f;
+  OutputOf([&] { view.Update(kStep); });
+  EXPECT_EQ(view.m_elapsed, kStep);
 }
 
 TEST_F(CameraShake, EachAxisIsADrawOfItsOwn) {

@@ -204,6 +204,21 @@ TEST_F(PathfindingTest, AFreeWayIsStraight) {
   EXPECT_THAT(WayOf(Cell(5, 5), Cell(3, 3)), ElementsAre(Cell(4, 4), Cell(3, 3)));
 }
 
+// A cell's cost is overwritten without a comparison, so a way may bend where it need not: a search
+// that compares finds (1, 1), (2, 2), (3, 2), (4, 2). The order in the heap and that of the
+// neighbours show in it too.
+TEST_F(PathfindingTest, TheWayIsTheOneOfASearchThatDoesNotCompareCosts) {
+  Build();
+  EXPECT_THAT(WayOf(Cell(0, 0), Cell(4, 2)),
+              ElementsAre(Cell(1, 0), Cell(1, 1), Cell(2, 1), Cell(3, 2), Cell(4, 2)));
+}
+
+TEST_F(PathfindingTest, BesideATileTheWayIsThatOfTheSameSearch) {
+  Build({{3, 2}});
+  EXPECT_THAT(WayOf(Cell(0, 4), Cell(3, 1)),
+              ElementsAre(Cell(1, 3), Cell(0, 3), Cell(1, 2), Cell(2, 1), Cell(3, 1)));
+}
+
 TEST_F(PathfindingTest, TheWayGoesRoundAWall) {
   Build({{4, 1}, {4, 2}, {4, 3}});
   const std::vector<Vector3D> way = WayOf(Cell(3, 2), Cell(5, 2));
@@ -228,6 +243,17 @@ TEST_F(PathfindingTest, AWayToTheOwnCellIsEmptyAndDone) {
   EXPECT_THAT(g_render_system->m_lines, IsEmpty());
 }
 
+TEST_F(PathfindingTest, ThePlaceInTheWorldCounts) {
+  Build();
+  Place("seeker", Cell(2, 2));
+  Place("goal", Cell(4, 2));
+  TransformOf(world.Find("seeker")).m_local_pos = Cell(9, 9);
+  TransformOf(world.Find("goal")).m_local_pos = Cell(8, 8);
+  Seeker().SetTarget(world.Find("goal"));
+  Seeker().Update(kStep);
+  EXPECT_THAT(Seeker().m_path, ElementsAre(Cell(3, 2), Cell(4, 2)));
+}
+
 TEST_F(PathfindingTest, AnUnreachableTargetIsSoughtAgainInEveryStep) {
   Build({{0, 1}, {1, 1}, {1, 0}});
   EXPECT_THAT(WayOf(Cell(1, 2), Cell(0, 0)), IsEmpty());
@@ -245,12 +271,49 @@ TEST_F(PathfindingTest, OutsideTheWindowThereIsNoWay) {
   EXPECT_FALSE(Seeker().m_found);
 }
 
+TEST_F(PathfindingTest, TheEdgesBelongToTheWindowAndMayHaveNoCell) {
+  Build();
+  EXPECT_TRUE(PathGrid::IsInWindow({-640, 360, 1}));
+  EXPECT_TRUE(PathGrid::IsInWindow({640, -360, 1}));
+  EXPECT_EQ(Grid().NodeAt({640, 0, 1}), Grid().m_nodes[21][6].get());
+  // 720 is a multiple of the cells' size: below the last row there is none.
+  EXPECT_EQ(Grid().NodeAt({0, -360, 1}), nullptr);
+  EXPECT_THAT(WayOf(Cell(5, 5), {0, -360, 1}), IsEmpty());
+}
+
 TEST_F(PathfindingTest, WithoutATargetOrSwitchedOffItDoesNotSearch) {
   Build();
   Seeker().Update(kStep);
   EXPECT_FALSE(Seeker().m_found);
   Seeker().m_active = false;
   EXPECT_THAT(WayOf(Cell(2, 2), Cell(5, 2)), IsEmpty());
+}
+
+TEST_F(PathfindingTest, ATargetWithoutAPlaceIsNotSought) {
+  Build();
+  world.LoadObjects(Record("idea", {}));
+  Seeker().SetTarget(world.Find("idea"));
+  Seeker().Update(kStep);
+  EXPECT_FALSE(Seeker().m_found);
+}
+
+TEST_F(PathfindingTest, ANewSearchBeginsAtItsFirstPoint) {
+  Build();
+  WayOf(Cell(2, 2), Cell(4, 2));
+  Place("seeker", Cell(3, 2));
+  Seeker().Update(kStep);
+  ASSERT_EQ(Seeker().m_curr_index, 1u);
+  EXPECT_THAT(WayOf(Cell(3, 2), Cell(6, 2)), SizeIs(3));
+  EXPECT_EQ(Seeker().m_curr_index, 0u);
+}
+
+TEST_F(PathfindingTest, TheFirstStepForgetsTargetAndWay) {
+  Seeker().m_target = world.Find("goal");
+  Seeker().m_found = true;
+  ASSERT_FALSE(Seeker().m_init);
+  Seeker().Update(kStep);
+  EXPECT_EQ(Seeker().m_target, nullptr);
+  EXPECT_FALSE(Seeker().m_found);
 }
 
 TEST_F(PathfindingTest, ASearchLeavesItsCostsInTheCells) {
@@ -306,6 +369,15 @@ TEST_F(PathfindingTest, PointsArePassedOneAStepAndPastTheLastIsTheArrival) {
   EXPECT_THAT(Body().m_forces, IsEmpty());
 }
 
+TEST_F(PathfindingTest, ExactlyAtTheArrivalDistanceAPointIsNotPassed) {
+  Build();
+  WayOf(Cell(2, 2), Cell(4, 2));
+  Seeker().m_snappingDist = 60.0f;
+  Seeker().Update(kStep);
+  EXPECT_EQ(Seeker().m_curr_index, 0u);
+  EXPECT_THAT(Body().m_forces, SizeIs(1));
+}
+
 TEST_F(PathfindingTest, WhenTheTimeIsOverTheWayCountsAsGone) {
   Build();
   WayOf(Cell(2, 2), Cell(4, 2));
@@ -342,6 +414,14 @@ TEST_F(PathfindingTest, TheWayIsDrawnFromTheSeekerOn) {
   g_render_system->m_lines.clear();
   Seeker().m_drawPath = false;
   Seeker().Update(kStep);
+  EXPECT_THAT(g_render_system->m_lines, IsEmpty());
+}
+
+TEST_F(PathfindingTest, AWayOfOnePointIsNotDrawn) {
+  Build();
+  WayOf(Cell(2, 2), Cell(3, 2));
+  Seeker().Update(kStep);
+  EXPECT_THAT(Body().m_forces, SizeIs(1));
   EXPECT_THAT(g_render_system->m_lines, IsEmpty());
 }
 

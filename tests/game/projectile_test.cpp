@@ -23,11 +23,13 @@ using carapace_test::KeysOf;
 using carapace_test::kLively;
 using carapace_test::OutputOf;
 using carapace_test::ReadRecord;
+using carapace_test::Record;
 using carapace_test::RecordOf;
 using carapace_test::ShotOf;
 using carapace_test::ShotParts;
 using carapace_test::ShotStage;
 using carapace_test::ThingAt;
+using carapace_test::TransformAt;
 using carapace_test::UnitAt;
 using ::testing::ElementsAreArray;
 
@@ -179,6 +181,36 @@ TYPED_TEST(EveryShot, WritesItsKeysInTheirOrderAndReadsThemBack) {
   EXPECT_NE(RecordOf(copy), RecordOf(*std::make_unique<TypeParam>(nullptr)));
 }
 
+TYPED_TEST(EveryShot, EachKeyGoesToItsOwnField) {
+  TypeParam shot(nullptr);
+  OutputOf([&] {
+    ReadRecord(
+        R"({"m_max_range": 11, "m_curr_range": 12, "m_speed": 13, "m_damage": 14, "m_aoe": 15,
+                 "m_knockback": 16, "m_suction_force": 17, "m_min_damage": 18,
+                 "m_max_damage": 19})",
+        shot);
+  });
+  EXPECT_EQ(shot.m_max_range, 11.0f);
+  EXPECT_EQ(shot.m_curr_range, 12.0f);
+  EXPECT_EQ(shot.m_speed, 13.0f);
+  if constexpr (requires { shot.m_damage; }) {
+    EXPECT_EQ(shot.m_damage, 14);
+  }
+  if constexpr (requires { shot.m_aoe; }) {
+    EXPECT_EQ(shot.m_aoe, 15.0f);
+  }
+  if constexpr (requires { shot.m_knockback; }) {
+    EXPECT_EQ(shot.m_knockback, 16.0f);
+  }
+  if constexpr (requires { shot.m_suction_force; }) {
+    EXPECT_EQ(shot.m_suction_force, 17.0f);
+  }
+  if constexpr (requires { shot.m_min_damage; }) {
+    EXPECT_EQ(shot.m_min_damage, 18);
+    EXPECT_EQ(shot.m_max_damage, 19);
+  }
+}
+
 TYPED_TEST(EveryShot, AMissingKeyPrintsItsLineAndKeepsTheDefault) {
   TypeParam shot(nullptr);
   std::string lines;
@@ -200,6 +232,18 @@ TYPED_TEST(EveryShot, TheInspectorKnowsItsSettings) {
     EXPECT_EQ(property.get_metadata("typeinfo").to_string(), whole ? "int" : "float");
   }
   EXPECT_FALSE(type.get_property("m_curr_range").is_valid());
+}
+
+TYPED_TEST(EveryShot, TheInspectorChangesTheFieldThatItNames) {
+  const rttr::type type = rttr::type::get_by_name(std::string("ZOVEngine::") + this->nature.name);
+  for (const auto& [field, label] : this->nature.inspected) {
+    TypeParam shot(nullptr);
+    const bool whole = std::string(field).find("damage") != std::string::npos;
+    const rttr::variant value = whole ? rttr::variant(77) : rttr::variant(77.0f);
+    ASSERT_TRUE(type.get_property(field).set_value(shot, value)) << label;
+    EXPECT_NE(RecordOf(shot).find("\"" + std::string(field) + "\": 77"), std::string::npos)
+        << field;
+  }
 }
 
 // Sleep and flight
@@ -336,12 +380,23 @@ TYPED_TEST(EveryShot, AHitLeavesTheRangeUntilTheNextFire) {
   EXPECT_EQ(this->Component(stage).m_curr_range, 0.0f);
 }
 
+TYPED_TEST(EveryShot, OnlyBasicAndPiercingShotsEndWithTheLevel) {
+  ShotParts parts = this->Parts();
+  parts.with_controller = true;
+  ShotStage stage(parts);
+  this->FireRight(stage);
+  stage.Of<GameController>("level").m_state = TURN_LEVEL_END;
+  this->Component(stage).Update(0.1f);
+  const bool ends =
+      std::is_same_v<TypeParam, ProjectileDefault> || std::is_same_v<TypeParam, ProjectilePierce>;
+  EXPECT_EQ(stage.shot->active, !ends);
+}
+
 TYPED_TEST(EveryShot, WithoutABodyItCanBeFiredButNotStepped) {
   ShotStage stage(this->Parts());
   const std::string kind = this->nature.name;
   OutputOf([&] {
-    stage.world.LoadObjects(carapace_test::Record(
-        "bare", {{"Transform", carapace_test::TransformAt(0, 0)}, {kind, "{}"}}));
+    stage.world.LoadObjects(Record("bare", {{"Transform", TransformAt(0, 0)}, {kind, "{}"}}));
   });
   stage.Bind("bare");
   auto& bare = stage.Of<TypeParam>("bare");
@@ -354,11 +409,10 @@ TYPED_TEST(EveryShot, WithoutLightSoundAndChildrenItFliesAndHits) {
   ShotStage stage(this->Parts({ThingAt("wall", 0, 0, 40)}));
   const std::string kind = this->nature.name;
   OutputOf([&] {
-    stage.world.LoadObjects(
-        carapace_test::Record("bare", {{"Transform", carapace_test::TransformAt(0, 0)},
-                                       {"RigidBody", kLively},
-                                       {"ColliderHolder", carapace_test::HolderOf("Circle")},
-                                       {kind, "{}"}}));
+    stage.world.LoadObjects(Record("bare", {{"Transform", TransformAt(0, 0)},
+                                            {"RigidBody", kLively},
+                                            {"ColliderHolder", carapace_test::HolderOf("Circle")},
+                                            {kind, "{}"}}));
   });
   stage.Bind("bare");
   auto& bare = stage.Of<TypeParam>("bare");
@@ -366,6 +420,15 @@ TYPED_TEST(EveryShot, WithoutLightSoundAndChildrenItFliesAndHits) {
   bare.Update(0.1f);
   EXPECT_FALSE(stage.Enter(bare, "bare", "wall").ignored);
   EXPECT_EQ(stage.Find("bare")->active, this->nature.rebounds);
+}
+
+// In a pause contacts are resolved while no shot is stepped.
+TYPED_TEST(EveryShot, AContactBeforeItsFirstStepIsAContactLikeOthers) {
+  ShotStage stage(this->Parts({ShotOf("fresh", this->nature.name), ThingAt("wall", 0, 0, 40)}));
+  auto& fresh = stage.Of<TypeParam>("fresh");
+  ASSERT_FALSE(fresh.m_init);
+  EXPECT_FALSE(stage.Enter(fresh, "fresh", "wall").ignored);
+  EXPECT_EQ(stage.Find("fresh")->active, this->nature.rebounds);
 }
 
 // What it meets
@@ -414,6 +477,18 @@ TYPED_TEST(EveryShot, ABlackHoleSwallowsIt) {
   this->FireRight(stage);
   ASSERT_TRUE(stage.StepUntil([&] { return !stage.shot->active; }));
   EXPECT_LT(stage.Of<Transform>("shot").m_world_pos.x, 0.0f) << "at its rim";
+}
+
+TYPED_TEST(EveryShot, ABlackHoleIsHitBeforeItSwallows) {
+  ShotStage stage(this->Parts({ThingAt("hole", 0, 0, 40, {{"EnvironmentBlackhole", "{}"}})}));
+  for (const bool shot_first : {true, false}) {
+    this->FireRight(stage);
+    stage.Douse();
+    const char* a = shot_first ? "shot" : "hole";
+    const char* b = shot_first ? "hole" : "shot";
+    EXPECT_FALSE(stage.Enter(this->Component(stage), a, b).ignored);
+    EXPECT_TRUE(stage.Bursts());
+  }
 }
 
 TYPED_TEST(EveryShot, AWallThrowsItBackOrEndsIt) {
@@ -504,15 +579,25 @@ TYPED_TEST(EveryShot, TwoOfAKindPassOrTheFirstToBeToldHitsTheOther) {
   EXPECT_TRUE(stage.Find("second")->active) << "the first is off when the second is told";
 }
 
-TYPED_TEST(EveryShot, ABasicShotInTheWayIsPassedByBasicAndExplodingShotsAndSwapped) {
-  ShotStage stage(
-      this->Parts({UnitAt("other", "Enemy", 300, 0, {ShotOf("basic", "ProjectileDefault")})}));
-  stage.Bind("basic");
-  this->FireRight(stage);
-  stage.Of<ProjectileDefault>("basic").Fire(Vector3D(0, 0, 1), Vector3D());
-  const bool ignored = stage.Enter(this->Component(stage), "shot", "basic").ignored;
-  const bool swaps = std::is_same_v<TypeParam, ProjectileSwap>;
-  EXPECT_EQ(ignored, this->nature.passes_own_kind || swaps) << "a swap has the shot for a target";
+TYPED_TEST(EveryShot, AShotOfEachKindInTheWayIsPassedHitOrSwapped) {
+  const auto is_light = [](const std::string& kind) {
+    return kind == "ProjectileDefault" || kind == "ProjectileExplosion";
+  };
+  for (const char* other :
+       {"ProjectileDefault", "ProjectilePush", "ProjectilePierce", "ProjectileBounce",
+        "ProjectileSwap", "ProjectileExplosion", "ProjectileVacuum"}) {
+    ShotStage stage(this->Parts({UnitAt("other", "Enemy", 300, 0, {ShotOf("second", other)})}));
+    const bool passes = is_light(this->nature.name) && is_light(other);
+    const bool swaps = std::is_same_v<TypeParam, ProjectileSwap>;
+    for (const bool shot_first : {true, false}) {
+      this->FireRight(stage);
+      stage.Find("second")->SetActive(true);
+      const char* a = shot_first ? "shot" : "second";
+      const char* b = shot_first ? "second" : "shot";
+      EXPECT_EQ(stage.Enter(this->Component(stage), a, b).ignored, passes || swaps) << other;
+      EXPECT_TRUE(stage.Find("second")->active) << "what it does is its own business";
+    }
+  }
 }
 
 TYPED_TEST(EveryShot, OnlyAPiercingShotDiesWithItsShooter) {
@@ -522,6 +607,74 @@ TYPED_TEST(EveryShot, OnlyAPiercingShotDiesWithItsShooter) {
   stage.Of<Player>("shooter").m_health = 0;
   stage.world.Step(3);
   EXPECT_EQ(stage.shot->active, (!std::is_same_v<TypeParam, ProjectilePierce>));
+}
+
+// The pieces
+
+const Components kPlace = {{"Transform", TransformAt(0, 0)}};
+const Components kParticles = {{"Transform", TransformAt(0, 0)},
+                               {"ParticleSystemC", R"({"m_num_of_particles": 0})"}};
+
+/// A shot "bare" with these children only.
+GameObj* BareShot(ShotStage& stage, const std::vector<std::string>& children) {
+  OutputOf([&] {
+    stage.world.LoadObjects(
+        Record("bare", {{"Transform", TransformAt(0, 0)}, {"RigidBody", kLively}}, children));
+  });
+  return stage.Find("bare");
+}
+
+TEST(ShotPieces, FeedbackStartsEveryChildOfItsNameAndNothingElse) {
+  ShotStage stage({.kind = "ProjectileDefault"});
+  GameObj* bare = BareShot(
+      stage, {Record("bullet_feedback", kParticles, {Record("bullet_feedback", kParticles)}),
+              Record("bullet_feedback", kPlace), Record("bullet_feedback", kParticles),
+              Record("bullet_trail", kParticles)});
+  const auto part = [](GameObj* object) { return object->GetComponent<ParticleSystemC>(); };
+  ParticleSystemC* const started[] = {part(bare->children[0]), part(bare->children[2])};
+  ParticleSystemC* const others[] = {part(bare->children[0]->children[0]), part(bare->children[3])};
+  for (ParticleSystemC* sparks : {started[0], started[1], others[0], others[1]}) {
+    sparks->m_active = sparks->m_emitting = false;
+  }
+  EmitFeedback(bare);
+  for (const ParticleSystemC* sparks : started) EXPECT_TRUE(sparks->m_active && sparks->m_emitting);
+  for (const ParticleSystemC* sparks : others) EXPECT_FALSE(sparks->m_active || sparks->m_emitting);
+}
+
+TEST(ShotPieces, ABurstStartsEveryChildWithAnAnimationAndNothingElse) {
+  ShotStage stage({.kind = "ProjectileDefault"});
+  const Components picture = {{"Transform", TransformAt(0, 0)},
+                              {"Render", "{}"},
+                              {"iModel", "{}"},
+                              {"StateC", R"({"m_state": "default"})"}};
+  Components sprite = picture;
+  sprite.emplace_back("Animation", "{}");
+  GameObj* bare =
+      BareShot(stage, {Record("one", sprite, {Record("below", sprite)}), Record("two", sprite),
+                       Record("still", picture),
+                       Record("blank", {{"Transform", TransformAt(0, 0)}, {"Animation", "{}"}})});
+  const auto state = [](GameObj* object) { return object->GetComponent<StateC>()->m_state; };
+  ShowBurst(bare);
+  EXPECT_EQ(state(bare->children[0]), "once");
+  EXPECT_EQ(state(bare->children[1]), "once");
+  EXPECT_EQ(state(bare->children[2]), "default") << "it is not animated";
+  EXPECT_EQ(state(bare->children[0]->children[0]), "default") << "it is no child of the shot";
+}
+
+TEST(ShotPieces, ATrailWithoutParticlesIsLeftAlone) {
+  ShotStage stage({.kind = "ProjectileDefault"});
+  GameObj* bare =
+      BareShot(stage, {Record("bullet_trail", kPlace), Record("bullet_trail", kParticles)});
+  TurnTrail(bare, 30.0f);
+  EXPECT_EQ(bare->children[0]->GetComponent<Transform>()->m_local_rotate, 0.0f);
+  EXPECT_EQ(bare->children[1]->GetComponent<Transform>()->m_local_rotate, -60.0f);
+}
+
+TEST(ShotPieces, WithoutACameraNothingShakes) {
+  ShotStage stage({.kind = "ProjectileDefault", .with_controller = true});
+  stage.Of<GameController>("level").m_camera = nullptr;
+  ShakeCamera(stage.shot, kBigShake);
+  EXPECT_EQ(stage.Shake(), 0.0f);
 }
 
 }  // namespace

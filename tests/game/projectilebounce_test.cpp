@@ -59,6 +59,14 @@ TEST_F(BouncingShot, EachBounceArmsItUpToItsMostAndItsSoundFollows) {
   }
 }
 
+TEST_F(BouncingShot, ItsMostIsTheCeiling) {
+  shot.m_max_damage = 1;
+  Bounce();
+  Bounce();
+  EXPECT_EQ(shot.m_curr_damage, 1);
+  EXPECT_TRUE(stage.AsksFor("shot", "bullet_bounce1.ogg"));
+}
+
 TEST_F(BouncingShot, ABounceSparksAndBursts) {
   Bounce();
   EXPECT_TRUE(stage.Sparks());

@@ -90,6 +90,13 @@ TEST(ProjectileExplosion, DepthCountsInTheDistance) {
   EXPECT_EQ(stage.ForcesOn("flat"), 1u);
 }
 
+TEST(ProjectileExplosion, DepthCountsForDestructibleThingsToo) {
+  ShotStage stage = StageWith({ThingAt("deep", 0, 150, 20, {{"EnvironmentDestructible", "{}"}})});
+  stage.Of<Transform>("deep").m_world_pos.z = 151.0f;
+  Burst(stage);
+  EXPECT_EQ(stage.Of<EnvironmentDestructible>("deep").m_health, 3);
+}
+
 TEST(ProjectileExplosion, TheBlastIsTheSameAtAllDistancesUpToItsReach) {
   ShotStage stage =
       StageWith({CrateAt("near", 0, 20), CrateAt("rim", -120, 160), CrateAt("far", 0, -200.1f)});
@@ -97,6 +104,22 @@ TEST(ProjectileExplosion, TheBlastIsTheSameAtAllDistancesUpToItsReach) {
   stage.ExpectForce("near", 0, 1000);
   stage.ExpectForce("rim", -600, 800);  // exactly at the reach
   EXPECT_EQ(stage.ForcesOn("far"), 0u);
+}
+
+TEST(ProjectileExplosion, TheBlastGrowsWithItsKnockback) {
+  ShotStage stage = StageWith({CrateAt("near", 0, 20)});
+  stage.Of<ProjectileExplosion>("shot").m_knockback = 25.0f;
+  Burst(stage);
+  stage.ExpectForce("near", 0, 2500);
+}
+
+TEST(ProjectileExplosion, ItsReachHoldsForThingsAndBodiesAlike) {
+  ShotStage stage = StageWith({ThingAt("thing", 0, 150, 20, {{"EnvironmentDestructible", "{}"}}),
+                               CrateAt("crate", 0, -150)});
+  stage.Of<ProjectileExplosion>("shot").m_aoe = 100.0f;
+  Burst(stage);
+  EXPECT_EQ(stage.Of<EnvironmentDestructible>("thing").m_health, 3);
+  EXPECT_EQ(stage.ForcesOn("crate"), 0u);
 }
 
 TEST(ProjectileExplosion, UnitsInReachAreWoundedWhiteAndBlownAway) {

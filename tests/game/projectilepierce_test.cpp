@@ -7,6 +7,7 @@
 namespace ZOVEngine {
 namespace {
 
+using carapace_test::ShotOf;
 using carapace_test::ShotParts;
 using carapace_test::ShotStage;
 using carapace_test::ThingAt;
@@ -61,6 +62,12 @@ TEST_F(PiercingShot, AUnitIsWoundedAndDoesNotStopIt) {
   EXPECT_TRUE(stage.shot->active);
 }
 
+TEST_F(PiercingShot, WoundsByItsDamage) {
+  shot.m_damage = 3;
+  stage.Enter(shot, "shot", "unit");
+  EXPECT_EQ(stage.Of<Enemy>("unit").m_health, 2);
+}
+
 TEST_F(PiercingShot, WoundsEachUnitOnceOnItsWayToTheWall) {
   const auto& body = stage.Of<RigidBody>("shot");
   ASSERT_TRUE(stage.StepUntil([&] { return stage.Of<Player>("next").m_health < 5; }));
@@ -99,6 +106,14 @@ TEST_F(PiercingShot, ALastingContactIsIgnoredWithUnitsZonesAndWhatIsOff) {
   EXPECT_FALSE(Stays("wall"));
   stage.Find("wall")->SetActive(false);
   EXPECT_TRUE(Stays("wall"));
+}
+
+TEST_F(PiercingShot, ALastingContactIsIgnoredWhicheverSideItIs) {
+  for (const char* other : {"unit", "rough", "damage"}) {
+    ContactInfo contact = stage.Between("shot", other);
+    shot.OnCollisionStay(&contact);
+    EXPECT_TRUE(contact.ignored) << other;
+  }
 }
 
 TEST_F(PiercingShot, AWoundedButLivingShooterKeepsIt) {
@@ -144,10 +159,47 @@ TEST_F(ControlledPiercingShot, TheEndOfTheLevelEndsTheFlight) {
   EXPECT_FALSE(stage.shot->active);
 }
 
+TEST_F(ControlledPiercingShot, TheEndOfTheLevelCallsItBack) {
+  controller.m_state = TURN_LEVEL_END;
+  shot.m_curr_range = 50.0f;
+  shot.Update(0.1f);
+  EXPECT_EQ(shot.m_curr_range, 0.0f);
+  EXPECT_EQ(stage.Of<Transform>("shot").m_local_pos, Vector3D(0, 0, 0));
+}
+
 TEST_F(PiercingShot, TheFlashFades) {
   stage.Enter(shot, "shot", "unit");
   shot.Update(0.0f);
   EXPECT_EQ(stage.Of<Light>("shot").m_diffuseStr, 390.0f);
+}
+
+TEST_F(PiercingShot, TurnsWithItsFlightAndLeavesItsTrailAlone) {
+  stage.Of<RigidBody>("shot").m_vel = Vector3D(0, -5, 0);
+  shot.Update(0.1f);
+  EXPECT_FLOAT_EQ(stage.Of<Transform>("shot").m_local_rotate, -180.0f);
+  EXPECT_EQ(stage.PartOf<Transform>("bullet_trail").m_local_rotate, 0.0f);
+  EXPECT_EQ(stage.PartOf<ParticleSystemC>("bullet_trail").m_start_rot[0], 0.0f);
+}
+
+TEST(ProjectilePierce, DiesWithAnEnemyToo) {
+  ShotStage stage({.kind = "ProjectilePierce", .unit = "Enemy"});
+  auto& shot = stage.Of<ProjectilePierce>("shot");
+  shot.Fire(Vector3D(-200, 0, 1), Vector3D(1, 0, 0));
+  shot.Update(0.1f);
+  EXPECT_TRUE(stage.shot->active);
+  stage.Of<Enemy>("shooter").m_health = -2;
+  shot.Update(0.1f);
+  EXPECT_FALSE(stage.shot->active);
+}
+
+TEST(ProjectilePierce, UnderAParentThatIsNoUnitNobodysDeathEndsIt) {
+  ShotStage stage({.kind = "ProjectilePierce", .more = {ShotOf("loose", "ProjectilePierce")}});
+  stage.Bind("loose");
+  auto& loose = stage.Of<ProjectilePierce>("loose");
+  loose.Fire(Vector3D(-200, 0, 1), Vector3D(1, 0, 0));
+  stage.Of<Player>("shooter").m_health = 0;
+  loose.Update(0.1f);
+  EXPECT_TRUE(stage.Find("loose")->active);
 }
 
 }  // namespace

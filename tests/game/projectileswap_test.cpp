@@ -9,6 +9,7 @@ namespace {
 
 using carapace_test::kLively;
 using carapace_test::Record;
+using carapace_test::ShotOf;
 using carapace_test::ShotStage;
 using carapace_test::ThingAt;
 using carapace_test::TransformAt;
@@ -132,6 +133,28 @@ TEST(ProjectileSwap, FliesOnFromAWallUntilItsRangeIsOut) {
   ASSERT_TRUE(stage.StepUntil([&] { return !stage.shot->active; }));
   EXPECT_EQ(stage.Of<Transform>("shot").m_local_pos, Vector3D(0, 0, 0)) << "called back";
   EXPECT_EQ(stage.Of<Transform>("shooter").m_local_pos, kShooterPlace);
+}
+
+TEST(ProjectileSwap, OfTwoSwappingShotsTheOtherIsTheTarget) {
+  for (const bool shot_first : {true, false}) {
+    ShotStage stage(
+        {.kind = "ProjectileSwap",
+         .more = {UnitAt("other", "Enemy", 300, 0, {ShotOf("second", "ProjectileSwap")})},
+         .with_controller = true});
+    stage.Bind("second");
+    stage.Of<GameController>("level").m_selected = stage.Find("shooter");
+    auto& shot = stage.Of<ProjectileSwap>("shot");
+    shot.Fire(Vector3D(-200, 0, 1), Vector3D(1, 0, 0));
+    stage.Of<ProjectileSwap>("second").Fire(Vector3D(200, 0, 1), Vector3D(-1, 0, 0));
+    const Vector3D theirs = stage.Of<Transform>("second").m_local_pos;
+    const char* a = shot_first ? "shot" : "second";
+    const char* b = shot_first ? "second" : "shot";
+    EXPECT_TRUE(stage.Enter(shot, a, b).ignored);
+    EXPECT_EQ(stage.Of<Transform>("shooter").m_local_pos, theirs);
+    EXPECT_EQ(stage.Of<Transform>("second").m_local_pos, kShooterPlace);
+    EXPECT_FALSE(stage.shot->active);
+    EXPECT_TRUE(stage.Find("second")->active);
+  }
 }
 
 }  // namespace

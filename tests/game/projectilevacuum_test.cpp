@@ -57,6 +57,14 @@ TEST_F(SuckingShot, DrawsBodiesWithTheSameForceAtAllDistancesUpToItsReach) {
   EXPECT_EQ(stage.ForcesOn("far"), 0u);
 }
 
+TEST_F(SuckingShot, ItsReachAndItsPullAreItsFields) {
+  shot.m_aoe = 60.0f;
+  shot.m_suction_force = 4.0f;
+  Hit();
+  stage.ExpectForce("crate", 0, 400);
+  EXPECT_EQ(stage.ForcesOn("unit"), 0u);
+}
+
 TEST_F(SuckingShot, PicturesTheCameraAndWhatIsOffAreLeftAlone) {
   Hit();
   for (const char* name : {"spark", "eye", "off"}) EXPECT_EQ(stage.ForcesOn(name), 0u) << name;

@@ -80,6 +80,21 @@ TEST_F(WaypointTest, APushGoesTowardsTheNextPoint) {
   EXPECT_FALSE(Mover().m_reached);
 }
 
+TEST_F(WaypointTest, ThePlaceInTheWorldCounts) {
+  Mover().m_path = {{0, 0, 1}, {4, 90, 1}, {100, 0, 1}};
+  Place().m_world_pos = Vector3D(0, 90, 1);
+  Mover().Update(kStep);
+  EXPECT_EQ(Mover().m_lastIndex, 1u);
+}
+
+TEST_F(WaypointTest, DepthCountsAsDistance) {
+  Mover().m_path = {{0, 0, 1}, {0, 0, 7}, {100, 0, 1}};
+  Mover().Update(kStep);
+  EXPECT_EQ(Mover().m_lastIndex, 0u);
+  ASSERT_THAT(Body().m_forces, SizeIs(1));
+  EXPECT_EQ(Body().m_forces[0]->direction, Vector3D(0, 0, 1));
+}
+
 TEST_F(WaypointTest, NearAPointTheMoverIsThereAndStops) {
   Mover().m_path = {{0, 0, 1}, {4, 0, 1}, {100, 0, 1}};
   Body().m_vel = Body().m_prev_vel = Vector3D(9, 0, 0);
@@ -94,10 +109,26 @@ TEST_F(WaypointTest, NearAPointTheMoverIsThereAndStops) {
   EXPECT_THAT(Body().m_forces, IsEmpty());
 }
 
+TEST_F(WaypointTest, ExactlyAtTheArrivalDistanceItIsNotThere) {
+  Mover().m_path = {{0, 0, 1}, {5, 0, 1}, {100, 0, 1}};
+  Mover().Update(kStep);
+  EXPECT_EQ(Mover().m_lastIndex, 0u);
+  EXPECT_THAT(Body().m_forces, SizeIs(1));
+}
+
 TEST_F(WaypointTest, AtTheLastPointThePathIsTurnedRound) {
   Mover().m_path = {{0, 0, 1}, {4, 0, 1}};
   Mover().Update(kStep);
   EXPECT_THAT(Mover().m_path, ElementsAre(Vector3D(4, 0, 1), Vector3D(0, 0, 1)));
+  EXPECT_EQ(Mover().m_lastIndex, 0u);
+}
+
+TEST_F(WaypointTest, AtTheEndOfThePathItStops) {
+  Mover().m_path = {{0, 0, 1}, {90, 0, 1}};
+  Mover().m_lastIndex = 1;
+  Body().m_vel = Vector3D(9, 0, 0);
+  Mover().Update(kStep);
+  EXPECT_EQ(Body().m_vel, Vector3D());
   EXPECT_EQ(Mover().m_lastIndex, 0u);
 }
 
@@ -158,6 +189,15 @@ TEST_F(WaypointTest, AnInactiveOneOrOneWithoutABodyIsNotMoved) {
   Waypoint& ghost = *world.Find("ghost")->GetComponent<Waypoint>();
   ghost.Update(kStep);
   EXPECT_FALSE(ghost.m_reached);
+}
+
+TEST_F(WaypointTest, OneWithoutAPlaceIsNotMoved) {
+  world.LoadObjects(Record("placeless", {{"RigidBody", "{}"}, {"Waypoint", "{}"}}));
+  Waypoint& placeless = *world.Find("placeless")->GetComponent<Waypoint>();
+  placeless.m_path = {{0, 0, 1}, {90, 0, 1}};
+  placeless.Update(kStep);
+  EXPECT_FALSE(placeless.m_reached);
+  EXPECT_THAT(world.Find("placeless")->GetComponent<RigidBody>()->m_forces, IsEmpty());
 }
 
 TEST_F(WaypointTest, AnIndexPastThePathIsItsEnd) {
