@@ -8,8 +8,6 @@
 
 #include <GL/glew.h>
 
-#include <filesystem>
-
 #include "core/engine.h"
 #include "core/logicsystem.h"
 #include "glbench.h"
@@ -19,6 +17,7 @@
 #include "platform/windowsystem.h"
 #include "render/particlesystemc.h"
 #include "render/rendersystem.h"
+#include "repository.h"
 
 namespace carapace_bench {
 
@@ -33,14 +32,6 @@ constexpr double kTarget = 8.0;      // (unit: milliseconds a step)
 constexpr const char* kTextures[kSystems] = {"Particle_Glow", "Shot_Basic", "Shot_Bounce",
                                              "Shot_Pierce"};
 constexpr const char* kParts[] = {"Update", "Motion", "Picture"};
-
-/// Goes up to the root of the repository, whose data the systems read.
-void EnterRepository() {
-  namespace fs = std::filesystem;
-  while (!fs::exists("Resources/Shaders") && fs::current_path().has_relative_path()) {
-    fs::current_path(fs::current_path().parent_path());
-  }
-}
 
 /// The engine as far as particles need it, in a level of four fountains.
 class Stage {

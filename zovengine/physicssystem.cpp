@@ -1,6 +1,7 @@
 #include "physicssystem.h"
 
 #include <iostream>
+#include <memory_resource>
 
 #include "core/messages.h"
 #include "core/profile.h"
@@ -49,8 +50,16 @@ GameObj* ObjectOf(std::uint32_t id) {
   return g_game_obj_factory->m_objects.at(id);
 }
 
+/// A force or torque in memory that is used again: shots, holes and sparks push in every step. The
+/// memory outlives all bodies.
+template <class T>
+std::shared_ptr<T> MakeForce() {
+  static std::pmr::unsynchronized_pool_resource memory;
+  return std::allocate_shared<T>(std::pmr::polymorphic_allocator<T>(&memory));
+}
+
 void AddForce(const AddForceToObject& message) {
-  auto force = std::make_shared<DirectionalForce>();
+  auto force = MakeForce<DirectionalForce>();
   force->lifetime = message.duration;
   force->direction = message.direction;
   force->magnitude = message.magnitude;
@@ -58,7 +67,7 @@ void AddForce(const AddForceToObject& message) {
 }
 
 void AddTorque(const AddTorqueToObject& message) {
-  auto torque = std::make_shared<RotationalForce>();
+  auto torque = MakeForce<RotationalForce>();
   torque->lifetime = message.duration;
   torque->torque = message.torque;
   ObjectOf(message.objectId)->GetComponent<RigidBody>()->m_torques.push_back(std::move(torque));

@@ -1,6 +1,7 @@
 #include <cmath>
 #include <iostream>
 #include <string>
+#include <string_view>
 
 #include "audio/audiosource.h"
 #include "core/engine.h"
@@ -37,9 +38,9 @@ constexpr float kShotPerLine = 1.6f;    ///< width of a shot to the width of the
 constexpr float kLineAlpha = 0.25f;
 
 /// The name of an object as a piece of interface; empty for an object that is none.
-std::string ElementNameOf(GameObj* object) {
+std::string_view ElementNameOf(GameObj* object) {
   const auto* element = FindComponent<UIElement>(object);
-  return element == nullptr ? "" : element->m_ui_element_name;
+  return element == nullptr ? std::string_view() : element->m_ui_element_name;
 }
 
 void Rename(GameObj* object, const char* element_name) {
