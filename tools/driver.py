@@ -148,8 +148,8 @@ class Window:
 class Game:
     """The running program: its window, its output and its end."""
 
-    def __init__(self, program, directory, logs, environment=None):
-        """Starts `program` in `directory`; its output goes to files in `logs`.
+    def __init__(self, program, directory, logs, environment=None, arguments=()):
+        """Starts `program` with `arguments` in `directory`; its output goes to files in `logs`.
 
         `environment` holds variables to set, or to take away where the value is None.
         """
@@ -162,7 +162,7 @@ class Game:
                 variables[name] = value
         with open(self.logs / "stdout.txt", "wb") as out, open(self.logs / "stderr.txt", "wb") as err:
             self.process = subprocess.Popen(
-                [str(pathlib.Path(program).resolve())], cwd=directory, env=variables,
+                [str(pathlib.Path(program).resolve()), *arguments], cwd=directory, env=variables,
                 stdin=subprocess.DEVNULL, stdout=out, stderr=err, start_new_session=True)
 
     def output(self):

@@ -53,9 +53,9 @@ class GameTest(unittest.TestCase):
         shutil.rmtree(self.logs, ignore_errors=True)
         move_mouse(1250, 700)  # the crosshair keeps out of the way
 
-    def start(self, environment=None):
+    def start(self, environment=None, arguments=()):
         """Starts the game; it ends with the test at the latest."""
-        game = Game(PROGRAM, self.directory, self.logs, environment)
+        game = Game(PROGRAM, self.directory, self.logs, environment, arguments)
         self.addCleanup(game.kill)
         self.addCleanup(self.keep_picture)
         return game
