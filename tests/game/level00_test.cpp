@@ -76,7 +76,7 @@ TEST(Level00, TheFloorHasNoColliders) {
 TEST(Level00, ThereIsEveryShapeThatMovesAndAPillarThatDoesNot) {
   const Level00World level;
   std::map<std::string, int> moving;
-  for (GameObj* body : Level00World::Bodies()) {
+  for (GameObj* body : Level00World::Things()) {
     ++moving[body->GetComponent<ColliderHolder>()->m_collider_type];
   }
   EXPECT_GE(moving["Box"], 3);
@@ -121,7 +121,7 @@ TEST(Level00, TheMusicIsALoopThatStartsWithTheLevel) {
 TEST(Level00, ThingsMoveByThemselves) {
   Level00World level;
   std::map<GameObj*, Vector3D> before;
-  for (GameObj* body : Level00World::Bodies()) before[body] = Level00World::PlaceOf(body);
+  for (GameObj* body : Level00World::Things()) before[body] = Level00World::PlaceOf(body);
   level.world.Step(120);
   int moved = 0;
   for (const auto& [body, place] : before) {

@@ -5,22 +5,20 @@
 
 #include "audio/audiosource.h"
 #include "core/messages.h"
-#include "core/statemachine.h"
 #include "game/enemy.h"
 #include "game/environmentblackhole.h"
 #include "game/environmentdamage.h"
 #include "game/environmentdestructible.h"
 #include "game/environmentrough.h"
 #include "game/gamecontroller.h"
-#include "game/levelsave.h"
 #include "game/player.h"
 #include "objects/gameobjfactory.h"
 #include "physics/rigidbody.h"
 #include "physics/transform.h"
 #include "render/particle.h"
 #include "render/render.h"
+#include "support/levelgame.h"
 #include "support/reports.h"
-#include "support/world.h"
 #include "ui/uielement.h"
 
 namespace carapace_test {
@@ -32,24 +30,11 @@ using ::testing::IsSupersetOf;
 using ::testing::Not;
 using ::testing::SizeIs;
 
+constexpr std::uint32_t kSeed = 1;
+
 /// The first level as it is shipped, entered from the menu, after its first step.
 class Level01 : public ::testing::Test {
  protected:
-  Level01() : m_world(WithLevel()) {
-    g_current_level_path = LevelPaths("Level01").level;
-    ChangeState(kDefaultState, "");
-    m_world.Step();
-  }
-
-  static Files WithLevel() {
-    Files files = World::ShippedFiles();
-    const LevelPaths paths("Level01");
-    for (const std::string& path : {paths.level, paths.tile_map, paths.tiles, paths.objects}) {
-      files[path] = ShippedFile(path);
-    }
-    return files;
-  }
-
   GameController& Controller() { return *m_world.Find("level")->GetComponent<GameController>(); }
 
   static const Vector3D& PlaceOf(GameObj* object) {
@@ -67,20 +52,14 @@ class Level01 : public ::testing::Test {
     return ComponentTable<T>().Components().size();
   }
 
-  World m_world;
+  LevelGame m_game{"Level01", kSeed};
+  World& m_world = m_game.world;
 };
 
 TEST(Level01Files, LoadingThemComplainsOfNothing) {
   const std::string output = OutputOf([] {
-    Files files = World::ShippedFiles();
-    const LevelPaths paths("Level01");
-    for (const std::string& path : {paths.level, paths.tile_map, paths.tiles, paths.objects}) {
-      files[path] = ShippedFile(path);
-    }
-    World world(files);
-    g_current_level_path = paths.level;
-    ChangeState(kDefaultState, "");
-    world.Step(3);
+    LevelGame game("Level01", kSeed);
+    game.world.Step(2);
   });
   EXPECT_THAT(output, Not(HasSubstr("Cant find Key: m_")));
   EXPECT_THAT(output, Not(HasSubstr(" not found")));
@@ -114,12 +93,25 @@ TEST_F(Level01, EveryTankHasTheChildrenThatTheGameLooksFor) {
   }
 }
 
-TEST_F(Level01, ThereIsOneHazardOfEachKind) {
-  EXPECT_EQ(Count<EnvironmentBlackhole>(), 1u);
-  EXPECT_EQ(Count<EnvironmentDamage>(), 1u);
-  EXPECT_EQ(Count<EnvironmentRough>(), 1u);
-  EXPECT_EQ(Count<EnvironmentDestructible>(), 2u);
-  EXPECT_NE(m_world.Find("MovableBarrier"), nullptr);
+TEST_F(Level01, ThereAreWallsAndNoHazards) {
+  EXPECT_EQ(Count<EnvironmentBlackhole>() + Count<EnvironmentDamage>() + Count<EnvironmentRough>() +
+                Count<EnvironmentDestructible>(),
+            0u);
+  EXPECT_EQ(m_world.Find("MovableBarrier"), nullptr);
+}
+
+TEST_F(Level01, FromTheStartEachTankSeesTheEnemyAcross) {
+  const auto& map = Controller().m_tile_map;
+  for (std::size_t k = 0; k < 2; ++k) {
+    const Vector3D& from = PlaceOf(Controller().m_enemies[k]);
+    const Vector3D way = PlaceOf(Controller().m_players[k]) - from;
+    for (float part = 0.0f; part <= 1.0f; part += 0.005f) {
+      const Vector3D at = from + way * part;
+      const auto column = static_cast<std::size_t>((at.x + 960.0f) / 60.0f);
+      const auto row = static_cast<std::size_t>((540.0f - at.y) / 60.0f);
+      ASSERT_EQ(map.m_grid[column][row], 0) << "a wall between the two";
+    }
+  }
 }
 
 TEST_F(Level01, TheMusicPlaysAndTheTanksAreHeardToSpawn) {

@@ -1,53 +1,69 @@
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <filesystem>
+#include <fstream>
+#include <set>
+#include <sstream>
 #include <string>
 #include <vector>
 
-#include "core/random.h"
-#include "core/statemachine.h"
-#include "game/levelsave.h"
 #include "support/autoplayer.h"
-#include "support/world.h"
+#include "support/levelgame.h"
+#include "support/recordedgame.h"
 
 namespace carapace_test {
 namespace {
 
+using ::testing::ElementsAre;
+using ::testing::IsSupersetOf;
+using ::testing::StartsWith;
+using ZOVEngine::GameObj;
+
 constexpr int kMostRounds = 30;
 
-/// What a player's program reads, with the first level.
-Files FirstLevel() {
-  Files files = World::ShippedFiles();
-  const ZOVEngine::LevelPaths paths("Level01");
-  for (const std::string& path : {paths.level, paths.tile_map, paths.tiles, paths.objects}) {
-    files[path] = ShippedFile(path);
-  }
-  return files;
-}
-
 /// A game of the first level with a seed of its own.
-class Game {
- public:
+struct Game : LevelGame {
   explicit Game(std::uint32_t seed, AutoPlayer::Style style = AutoPlayer::Style::kFight)
-      : player(&world, style) {
-    // Once for what draws before the controller starts, and once for after, since the controller
-    // seeds from the time of day.
-    ZOVEngine::SeedRand(seed);
-    ZOVEngine::g_current_level_path = ZOVEngine::LevelPaths("Level01").level;
-    ZOVEngine::ChangeState(ZOVEngine::kDefaultState, "");
-    world.Step();
-    ZOVEngine::SeedRand(seed);
-  }
+      : LevelGame("Level01", seed), player(&world, style) {}
 
-  World world{FirstLevel()};
   AutoPlayer player;
 };
 
-TEST(Round, TheFirstLevelIsPlayedToAVictory) {
-  Game game(2);
+/// How many of the games with the seeds from 1 to `seeds` are won.
+int CountWon(int seeds, AutoPlayer::Style style) {
+  int won = 0;
+  for (int seed = 1; seed <= seeds; ++seed) {
+    Game game(static_cast<std::uint32_t>(seed), style);
+    game.player.Play(kMostRounds);
+    won += game.player.HasWon() ? 1 : 0;
+  }
+  return won;
+}
+
+TEST(Round, TheFirstLevelCanBeWonByWhoFights) {
+  EXPECT_GE(CountWon(10, AutoPlayer::Style::kFight), 3);
+}
+
+TEST(Round, TheFirstLevelIsNotWonByWhoSkips) {
+  EXPECT_EQ(CountWon(10, AutoPlayer::Style::kSkip), 0);
+  Game game(1, AutoPlayer::Style::kSkip);
   EXPECT_TRUE(game.player.Play(kMostRounds)) << "it comes to no end";
-  EXPECT_TRUE(game.player.HasWon());
-  EXPECT_GT(game.player.Shots(), 0);
+  EXPECT_TRUE(game.player.HasLost());
+}
+
+TEST(Round, BothWeaponsOfATankAreFired) {
+  Game game(1);
+  std::set<std::string> flown;
+  while (game.player.Step()) {
+    for (GameObj* unit : AutoPlayer::Controller()->m_players) {
+      for (GameObj* child : unit->children) {
+        if (child->active && child->name.ends_with("Projectile")) flown.insert(child->name);
+      }
+    }
+  }
+  EXPECT_THAT(flown, ElementsAre("Weapon0Projectile", "Weapon1Projectile"));
 }
 
 TEST(Round, TheSameSeedGivesTheSameStateAtEveryStep) {
@@ -63,6 +79,55 @@ TEST(Round, TheSameSeedGivesTheSameStateAtEveryStep) {
     ASSERT_TRUE(game.player.Step());
     ASSERT_EQ(game.world.Hash(), hashes[step]) << "step " << step;
   }
+}
+
+class RecordedGames : public ::testing::TestWithParam<std::string> {};
+
+TEST_P(RecordedGames, GoAsTheyWent) {
+  std::ifstream in(GetParam());
+  const RecordedGame game = RecordedGame::Read(in);
+  ASSERT_GT(game.steps, 1000);
+  ASSERT_GT(game.hashes.size(), 4u);
+  EXPECT_EQ(game.Replay(), "");
+}
+
+INSTANTIATE_TEST_SUITE_P(Round, RecordedGames, ::testing::ValuesIn(RecordedGameFiles()),
+                         [](const auto& test) {
+                           return std::filesystem::path(test.param).stem().string();
+                         });
+
+TEST(RecordedGame, AnotherInputOrStateIsNoticed) {
+  std::ifstream in(RecordedGameFiles().back());
+  const RecordedGame game = RecordedGame::Read(in);
+  RecordedGame other = game;
+  other.hashes.begin()->second ^= 1;
+  EXPECT_THAT(other.Replay(), StartsWith("another state after"));
+  other = game;
+  other.inputs.begin()->second.clear();
+  EXPECT_NE(other.Replay(), "");
+}
+
+TEST(RecordedGame, AsTextItIsTheSame) {
+  std::ifstream in(RecordedGameFiles().front());
+  const RecordedGame game = RecordedGame::Read(in);
+  std::stringstream text;
+  game.Write(text);
+  const RecordedGame again = RecordedGame::Read(text);
+  EXPECT_EQ(again.level, game.level);
+  EXPECT_EQ(again.seed, game.seed);
+  EXPECT_EQ(again.inputs, game.inputs);
+  EXPECT_EQ(again.hashes, game.hashes);
+  EXPECT_EQ(again.steps, game.steps);
+  EXPECT_EQ(again.outcome, game.outcome);
+}
+
+TEST(RecordedGame, EveryOutcomeIsAmongTheGames) {
+  std::set<std::string> outcomes;
+  for (const std::string& file : RecordedGameFiles()) {
+    std::ifstream in(file);
+    outcomes.insert(RecordedGame::Read(in).outcome);
+  }
+  EXPECT_THAT(outcomes, IsSupersetOf({"won", "lost"}));
 }
 
 }  // namespace

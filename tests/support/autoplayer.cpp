@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "core/messages.h"
 #include "game/deathfield.h"
 #include "game/enemy.h"
 #include "game/environmentblackhole.h"
@@ -22,14 +21,14 @@ using namespace ZOVEngine;
 namespace {
 
 constexpr Vector3D kDirections[] = {{0, 1, 0}, {0, -1, 0}, {-1, 0, 0}, {1, 0, 0}};
-constexpr float kStride = 130.0f;         ///< of one drive, about (unit: world units)
-constexpr int kDriveSteps = 36;           ///< a key is held for a drive
-constexpr int kMostDrives = 3;            ///< in a turn
-constexpr int kAimSteps = 3;              ///< from the aim to the click
-constexpr float kUnitReach = 45.0f;       ///< about half of a unit
-constexpr float kLineReach = 70.0f;       ///< a shot that passes at this distance misses
-constexpr std::uint64_t kSkipKey = 70;    // F
-constexpr std::uint64_t kSwitchKey = 81;  // Q
+constexpr float kStride = 130.0f;    ///< of one drive, about (unit: world units)
+constexpr int kDriveSteps = 36;      ///< a key is held for a drive
+constexpr int kMostDrives = 3;       ///< in a turn
+constexpr int kAimSteps = 3;         ///< from the aim to the click
+constexpr float kUnitReach = 45.0f;  ///< about half of a unit
+constexpr float kLineReach = 70.0f;  ///< a shot that passes at this distance misses
+constexpr int kSkipKey = 70;         // F
+constexpr int kSwitchKey = 81;       // Q
 
 const Vector3D& PlaceOf(GameObj* object) {
   return object->GetComponent<Transform>()->m_world_pos;
@@ -105,6 +104,7 @@ bool AutoPlayer::Play(int rounds, int most_steps) {
 bool AutoPlayer::Step() {
   GameController& controller = *Controller();
   if (controller.m_state == TURN_LEVEL_END) return false;
+  m_inputs.clear();
   Decide(controller);
   m_world.Step();
   return true;
@@ -114,7 +114,7 @@ void AutoPlayer::Decide(GameController& controller) {
   if (controller.m_state != TURN_PLAYER_MOVE && controller.m_state != TURN_PLAYER_AIM) return;
   if (controller.m_selected != m_unit || controller.m_round != m_round) BeginTurn(controller);
   if (m_style == Style::kSkip) {
-    m_world.Send(KeyUp(kSkipKey));
+    Press({GameInput::Kind::kKey, kSkipKey, 0});
     return;
   }
   switch (m_phase) {
@@ -162,7 +162,7 @@ void AutoPlayer::Plan(GameController& controller) {
 
 void AutoPlayer::Drive(GameController& controller) {
   if (m_drive_steps-- > 0 && controller.m_state == TURN_PLAYER_MOVE) {
-    m_world.Send(PlayerDirectionKey(static_cast<std::uint32_t>(m_direction), 1));
+    Press({GameInput::Kind::kDirection, m_direction, 0});
   } else {
     m_phase = Phase::kSettle;
   }
@@ -170,10 +170,10 @@ void AutoPlayer::Drive(GameController& controller) {
 
 void AutoPlayer::AimAndFire(GameController& controller) {
   const Point here = PlaceOf(controller.m_selected);
-  if (m_aim_steps == 0 && m_round % 2 == 1) m_world.Send(KeyUp(kSwitchKey));
+  if (m_aim_steps == 0 && m_round % 2 == 1) Press({GameInput::Kind::kKey, kSwitchKey, 0});
   PointAt(PlaceOf(ChooseTarget(here, controller)), controller);
   if (++m_aim_steps < kAimSteps) return;
-  m_world.Send(MouseButton(0, 1, Point(0, 0, 1)));
+  Press({GameInput::Kind::kClick, 0, 0});
   ++m_shots;
   m_unit = nullptr;
 }
@@ -234,15 +234,20 @@ GameObj* AutoPlayer::ChooseTarget(const Point& from, const GameController& contr
 }
 
 /// Moves the cursor to a place in the world, to the pixel.
-void AutoPlayer::PointAt(const Point& place, const GameController& controller) const {
+void AutoPlayer::PointAt(const Point& place, const GameController& controller) {
   const Point from_camera = place - PlaceOf(controller.m_camera);
   m_world.native.cursor = {0, 0};
   const Point origin = GetCursorScreenPosition();
   m_world.native.cursor = {1, 1};
   const Point next = GetCursorScreenPosition();
-  m_world.native.cursor = {
-      static_cast<int>(std::lround((from_camera.x - origin.x) / (next.x - origin.x))),
-      static_cast<int>(std::lround((from_camera.y - origin.y) / (next.y - origin.y)))};
+  Press({GameInput::Kind::kCursor,
+         static_cast<int>(std::lround((from_camera.x - origin.x) / (next.x - origin.x))),
+         static_cast<int>(std::lround((from_camera.y - origin.y) / (next.y - origin.y)))});
+}
+
+void AutoPlayer::Press(const GameInput& input) {
+  m_inputs.push_back(input);
+  Apply(input, &m_world);
 }
 
 }  // namespace carapace_test

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "game/gamecontroller.h"
+#include "support/gameinput.h"
 #include "support/world.h"
 
 namespace carapace_test {
@@ -34,6 +35,8 @@ class AutoPlayer {
   /// Finished rounds.
   int Rounds() const;
   int Shots() const { return m_shots; }
+  /// What it pressed and where it pointed before the last step.
+  const std::vector<GameInput>& Inputs() const { return m_inputs; }
   /// The turn controller of the level; null before it is loaded.
   static ZOVEngine::GameController* Controller();
 
@@ -54,7 +57,9 @@ class AutoPlayer {
   bool IsAimedAt(const Point& place, const ZOVEngine::GameController& controller) const;
   ZOVEngine::GameObj* ChooseTarget(const Point& from,
                                    const ZOVEngine::GameController& controller) const;
-  void PointAt(const Point& place, const ZOVEngine::GameController& controller) const;
+  void PointAt(const Point& place, const ZOVEngine::GameController& controller);
+
+  void Press(const GameInput& input);
 
   World& m_world;
   Style m_style;
@@ -66,6 +71,7 @@ class AutoPlayer {
   int m_drives = 0;       ///< of this turn
   int m_aim_steps = 0;
   int m_shots = 0;
+  std::vector<GameInput> m_inputs;
 };
 
 }  // namespace carapace_test

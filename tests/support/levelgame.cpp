@@ -1,0 +1,36 @@
+#include "support/levelgame.h"
+
+#include "core/random.h"
+#include "core/statemachine.h"
+#include "game/levelsave.h"
+#include "render/rendersystem.h"
+
+namespace carapace_test {
+
+namespace {
+
+Files WithLevel(const std::string& level, const Files& more) {
+  Files files = World::ShippedFiles();
+  const ZOVEngine::LevelPaths paths(level);
+  for (const std::string& path : {paths.level, paths.tile_map, paths.tiles, paths.objects}) {
+    files[path] = ShippedFile(path);
+  }
+  for (const auto& [path, text] : more) files[path] = text;
+  return files;
+}
+
+}  // namespace
+
+LevelGame::LevelGame(const std::string& level, std::uint32_t seed, const Files& more)
+    : world(WithLevel(level, more)) {
+  // Once for what draws before the level's controller starts, and once for after, since the
+  // controller seeds from the time of day.
+  ZOVEngine::SeedRand(seed);
+  ZOVEngine::g_current_level_path = ZOVEngine::LevelPaths(level).level;
+  ZOVEngine::ChangeState(ZOVEngine::kDefaultState, "");
+  ZOVEngine::g_render_system->m_background_tex = "Background_Space";
+  world.Step();
+  ZOVEngine::SeedRand(seed);
+}
+
+}  // namespace carapace_test
