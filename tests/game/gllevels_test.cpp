@@ -1,9 +1,12 @@
 #include <gtest/gtest.h>
 
-#include "game/level00world.h"
+#include <string>
+#include <vector>
+
 #include "render/gldevice.h"
 #include "render/graphicsconfig.h"
 #include "support/glcontext.h"
+#include "support/levelgame.h"
 #include "support/picture.h"
 
 namespace carapace_test {
@@ -48,13 +51,25 @@ Picture Drawn(const FakeDevice& recorded) {
   return picture;
 }
 
-TEST(GLLevel00, LooksAsItDidAtTheStartAfterASecondAndAfterTenSeconds) {
-  Level00World level(ShippedPictures());
-  EXPECT_EQ(MismatchWithCommitted("level00_0", Drawn(level.world.device), kTolerance), "");
-  level.world.Step(60);
-  EXPECT_EQ(MismatchWithCommitted("level00_60", Drawn(level.world.device), kTolerance), "");
-  level.world.Step(540);
-  EXPECT_EQ(MismatchWithCommitted("level00_600", Drawn(level.world.device), kTolerance), "");
+/// Compares the level with its pictures after each of these numbers of steps.
+void ExpectPictures(const std::string& level, const std::vector<int>& moments) {
+  constexpr std::uint32_t kSeed = 2026;
+  LevelGame game(level, kSeed, ShippedPictures());
+  int steps = 0;
+  for (const int moment : moments) {
+    game.world.Step(moment - steps);
+    steps = moment;
+    const std::string name = level + "_" + std::to_string(moment);
+    EXPECT_EQ(MismatchWithCommitted(name, Drawn(game.world.device), kTolerance), "");
+  }
+}
+
+TEST(GLLevels, TheRangeLooksAsItDidAtTheStartAfterASecondAndAfterTenSeconds) {
+  ExpectPictures("Level00", {0, 60, 600});
+}
+
+TEST(GLLevels, TheFirstLevelLooksAsItDidWhenTanksSpawnWalkAndAim) {
+  ExpectPictures("Level01", {20, 150, 600});
 }
 
 }  // namespace
