@@ -1,0 +1,172 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "core/messages.h"
+#include "game/enemy.h"
+#include "game/gamecontroller.h"
+#include "game/objectquery.h"
+#include "game/player.h"
+#include "physics/rigidbody.h"
+#include "physics/transform.h"
+#include "render/render.h"
+#include "support/autoplayer.h"
+#include "support/levelgame.h"
+#include "support/reports.h"
+
+namespace carapace_test {
+namespace {
+
+using namespace ZOVEngine;
+using ::testing::HasSubstr;
+using ::testing::Not;
+using ::testing::SizeIs;
+
+constexpr std::uint32_t kSeed = 4;
+constexpr int kFadeSteps = 30;    ///< of shield and field, at two a second
+constexpr int kDeathSteps = 300;  ///< of a boss
+constexpr int kMostSteps = 3000;  ///< that anything here may take
+
+/// The boss's level as it is shipped, in the boss's own round.
+class Level04 : public ::testing::Test {
+ protected:
+  Level04() {
+    m_world.Step();
+    m_boss = m_world.Find("Boss");
+  }
+
+  GameController& Controller() { return *m_world.Find("level")->GetComponent<GameController>(); }
+  Enemy& Boss() { return *m_boss->GetComponent<Enemy>(); }
+  GameObj* Field() { return FirstChildNamed(m_world.Find("level"), "DeathField"); }
+  float AlphaOf(GameObj* object) { return object->GetComponent<Render>()->m_colour[3]; }
+  GameObj* Piece(const char* name) { return FirstChildNamed(m_boss, name); }
+
+  /// Skips turns until `holds`; false if that takes too long.
+  template <class Condition>
+  bool SkipUntil(Condition holds) {
+    AutoPlayer player(&m_world, AutoPlayer::Style::kSkip);
+    for (int step = 0; step < kMostSteps; ++step) {
+      if (holds()) return true;
+      player.Step();
+    }
+    return false;
+  }
+
+  /// Sends a thing that lies about on its way, which holds up all that waits for rest.
+  void Disturb() {
+    m_world.Find("MovableBarrier")->GetComponent<RigidBody>()->m_vel = Vector3D(60, 0, 0);
+  }
+
+  void KillEscorts() {
+    for (GameObj* enemy : Controller().m_enemies) {
+      if (enemy != m_boss) enemy->GetComponent<Enemy>()->m_health = 0;
+    }
+  }
+
+  LevelGame m_game{"Level04", kSeed};
+  World& m_world = m_game.world;
+  GameObj* m_boss = nullptr;
+};
+
+TEST(Level04Files, LoadingThemComplainsOfNothing) {
+  const std::string output = OutputOf([] {
+    LevelGame game("Level04", kSeed);
+    game.world.Step(2);
+  });
+  EXPECT_THAT(output, Not(HasSubstr("Cant find Key: m_")));
+  EXPECT_THAT(output, Not(HasSubstr(" not found")));
+  EXPECT_THAT(output, Not(HasSubstr("Not Object")));
+}
+
+TEST_F(Level04, ThreeStandAgainstTheBossAndTwoEscorts) {
+  EXPECT_THAT(Controller().m_players, SizeIs(3));
+  EXPECT_THAT(Controller().m_enemies, SizeIs(3));
+  EXPECT_TRUE(Boss().m_boss);
+  EXPECT_FALSE(Field()->active) << "it sleeps until the second phase";
+  EXPECT_TRUE(Piece("ShieldPhase1")->active);
+  EXPECT_FALSE(Piece("ShieldPhase2")->active);
+}
+
+TEST_F(Level04, TheBossFiresAFanOfThree) {
+  const auto flies = [this](const char* name) { return Piece(name)->active; };
+  ASSERT_TRUE(SkipUntil([&] { return flies("MiddleProj"); }));
+  EXPECT_TRUE(flies("LeftProjPhase1"));
+  EXPECT_TRUE(flies("RightProjPhase1"));
+  EXPECT_FALSE(flies("LeftProjPhase2"));
+  EXPECT_EQ(Controller().m_round, 1) << "not in the first round";
+}
+
+TEST_F(Level04, ThePhaseChangesAtRestAndShieldAndFieldFadeIn) {
+  ASSERT_TRUE(SkipUntil([this] { return Controller().m_state == TURN_PLAYER_MOVE; }));
+  Disturb();
+  Boss().m_health = Boss().m_max_health / 2;
+  m_world.Step(5);
+  EXPECT_FALSE(Boss().m_phase_two) << "something moves";
+  ASSERT_TRUE(SkipUntil([this] { return Boss().m_phase_two; }));
+  EXPECT_TRUE(Controller().AllBodiesAtRest());
+  EXPECT_TRUE(Piece("ShieldPhase2")->active);
+  EXPECT_TRUE(Field()->active);
+  EXPECT_LT(AlphaOf(Field()), 0.1f);
+  EXPECT_LT(AlphaOf(Piece("ShieldPhase2")), 0.1f);
+  m_world.Step(kFadeSteps / 2);
+  EXPECT_NEAR(AlphaOf(Field()), 0.5f, 0.1f);
+  EXPECT_FALSE(Boss().m_phase_ready);
+  m_world.Step(kFadeSteps / 2 + 2);
+  EXPECT_FLOAT_EQ(AlphaOf(Field()), 1.0f);
+  EXPECT_FLOAT_EQ(AlphaOf(Piece("ShieldPhase2")), 1.0f);
+  EXPECT_TRUE(Boss().m_phase_ready);
+}
+
+TEST_F(Level04, InItsSecondPhaseAllThreeBurst) {
+  Boss().m_health = Boss().m_max_health / 2;
+  ASSERT_TRUE(SkipUntil([this] { return Piece("MiddleProj")->active; }));
+  EXPECT_TRUE(Piece("LeftProjPhase2")->active);
+  EXPECT_TRUE(Piece("RightProjPhase2")->active);
+  EXPECT_FALSE(Piece("LeftProjPhase1")->active);
+}
+
+TEST_F(Level04, TheFieldKillsATankThatEntersAndSparesTheEscorts) {
+  Boss().m_health = Boss().m_max_health / 2;
+  ASSERT_TRUE(SkipUntil([this] { return Boss().m_phase_ready; }));
+  GameObj* tank = Controller().m_players.front();
+  GameObj* escort = Controller().m_enemies.back();
+  tank->GetComponent<Transform>()->SetLocalPosition(Vector3D(600, 250, 1));
+  escort->GetComponent<Transform>()->SetLocalPosition(Vector3D(600, -250, 1));
+  const int before = escort->GetComponent<Enemy>()->m_health;
+  m_world.Step(4);
+  EXPECT_FALSE(tank->GetComponent<Player>()->m_alive);
+  EXPECT_EQ(escort->GetComponent<Enemy>()->m_health, before);
+}
+
+TEST_F(Level04, TheBossTakesFiveSecondsToDieAndVictoryComesAfterThem) {
+  ASSERT_TRUE(SkipUntil([this] { return Controller().m_state == TURN_PLAYER_MOVE; }));
+  KillEscorts();
+  Boss().m_health = 0;
+  m_world.Step(kDeathSteps - 10);
+  EXPECT_TRUE(Boss().m_dying);
+  EXPECT_TRUE(Boss().m_alive);
+  EXPECT_NE(Controller().m_state, TURN_LEVEL_END);
+  EXPECT_FALSE(Field()->active);
+  EXPECT_TRUE(Piece("DeathExplosion00")->active);
+  EXPECT_TRUE(Piece("DeathExplosion10")->active);
+  m_world.Step(20);
+  EXPECT_FALSE(Boss().m_alive);
+  EXPECT_EQ(Controller().m_state, TURN_LEVEL_END);
+  EXPECT_GE(m_world.mixer.CountPlays("Resources/Sound/BGM/victory.ogg"), 1);
+}
+
+TEST(Level04Games, AreWonAndLostByPlaying) {
+  int won = 0;
+  int lost = 0;
+  for (std::uint32_t seed = 1; seed <= 6 && (won == 0 || lost == 0); ++seed) {
+    LevelGame game("Level04", seed);
+    AutoPlayer player(&game.world);
+    player.Play(30);
+    won += player.HasWon() ? 1 : 0;
+    lost += player.HasLost() ? 1 : 0;
+  }
+  EXPECT_GT(won, 0);
+  EXPECT_GT(lost, 0);
+}
+
+}  // namespace
+}  // namespace carapace_test
