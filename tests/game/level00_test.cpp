@@ -4,6 +4,7 @@
 #include <map>
 
 #include "audio/audiosource.h"
+#include "core/random.h"
 #include "game/camera.h"
 #include "game/gamecontroller.h"
 #include "game/level00hash.h"
@@ -12,6 +13,7 @@
 #include "render/graphicsconfig.h"
 #include "render/light.h"
 #include "render/particlesystemc.h"
+#include "render/render.h"
 #include "support/reports.h"
 
 namespace carapace_test {
