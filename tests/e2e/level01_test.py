@@ -1,0 +1,333 @@
+"""The first level in the real program, played with real keys and a real mouse."""
+import subprocess
+import time
+import unittest
+
+from level import (LINE_SEEN, LINE_UNSEEN, MUSIC, NEAR, TURN_PATIENCE, LevelTest, angle_between, bearing, distance,
+                   is_green, is_red)
+from driver import ask, call, tap, wait_until
+
+DIRECTIONS = {"w": (0, 1), "a": (-1, 0), "s": (0, -1), "d": (1, 0)}
+DRIVE = 15  # world units that a unit goes at least while a key is held for a short time
+ANGLE = 9  # degrees to which the gun's bearing is read from a picture
+
+MOST_TURNS = 24  # of the player, until a level must be over
+
+SHOWN = 12  # mean change of a part of the picture in which something came up
+SAME = 4  # mean change of a part in which nothing did; a unit's lamp and noise make less
+
+
+class FirstLevel(LevelTest):
+
+    LEVEL = "Level01"
+
+    def start_places(self, key):
+        """Where the units of a side stand in the level's file, from the top downwards."""
+        root = self.read_json(self.objects_file())["GameObjFactory"][0]
+        return sorted((tuple(record["Transform"]["m_pos"][:2]) for record in root["Childs"] if key in record),
+                      key=lambda place: -place[1])
+
+    def set_health(self, key, health):
+        def change(record):
+            if key in record:
+                record[key]["m_health"] = record[key]["m_max_health"] = health
+        self.change_units(change)
+
+    def wait_for_all(self):
+        """Waits until the units have come up."""
+        self.watch(lambda view: len(view.units(is_red)) == len(view.units(is_green)) == 2, "two units a side")
+
+    def next_turn(self, turns, is_side):
+        """Waits for the player's next turn after so many, or until one side is gone from the picture."""
+        def event(view):
+            if self.count("Player Unit Select") > turns:
+                return "turn"
+            if view.units(is_side):
+                return None
+            time.sleep(1)  # a unit that is hit is white for a moment
+            return "end" if not self.look().units(is_side) else None
+        return self.watch(event, "the next turn or the end")
+
+    def assert_level_over(self, side):
+        """One side is gone, the music is off, nobody gets a turn any more, and the program runs on."""
+        wait_until(lambda: MUSIC not in self.open_files(), "the music's end")
+        self.assert_no_turns(3)
+        self.assertEqual(self.look("level-over").units(side), [])
+        self.assertTrue(self.game.is_running())
+
+    def unit_near(self, place):
+        """Where the player unit is that is nearest to a place."""
+        return min(self.players(), key=lambda unit: distance(unit, place))
+
+
+class Round(FirstLevel):
+
+    def setUp(self):
+        super().setUp()
+
+        def turn_away(record):
+            if "Enemy" in record:
+                record["Transform"]["m_rotate"] = record["Transform"]["m_world_rotate"] = 0
+        self.change_units(turn_away)
+        self.start_level()
+
+    def test_a_round_and_a_half_with_every_key(self):
+        self.point_at((0, 300))
+        self.look("start")
+        self.check_the_enemies_first_move()
+        unit = self.wait_for_aim(1)
+        self.check_energy(unit)
+        self.check_directions(unit)
+        self.check_aim(unit)
+        enemies = self.enemies()
+        self.check_other_weapon(unit)
+        self.fire_at(enemies[0], 1)
+        self.fire_at(enemies[1], 2)
+        self.check_the_enemies_shots(enemies)
+        self.check_skipping()
+        self.window.close()
+        self.assert_orderly_end(self.game)
+
+    def check_the_enemies_first_move(self):
+        self.wait_for("Player Unit Select")
+        said = self.turns()
+        self.assertNotIn("Enemy Shoot", said)
+        self.assertEqual(said.count("Enemy Aim"), 2)
+        view = self.look("after-the-enemies")
+        enemies, players = view.units(is_red), view.units(is_green)
+        starts = self.start_places("Enemy")
+        self.assertEqual(len(enemies), len(starts))
+        for enemy, start in zip(enemies, starts):
+            self.assertGreater(distance(enemy, start), 40, "it has walked")
+            gun = view.gun_bearing(enemy)
+            self.assertLess(min(angle_between(gun, bearing(enemy, player)) for player in players), ANGLE,
+                            f"{enemy} points to {gun} and not to one of {players}")
+        for player, start in zip(players, self.start_places("Player")):
+            self.assertLess(distance(player, start), NEAR)
+
+    def check_energy(self, start):
+        """A held key drives until the energy is gone; R gives the place and the energy back."""
+        call("xdotool", "keydown", "d")
+        try:
+            wait_until(lambda: self.unit_near(start)[0] > start[0] + DRIVE, "the unit on its way")
+            end = self.wait_until_still(lambda: self.unit_near(start), "the end of the energy")
+        finally:
+            call("xdotool", "keyup", "d")
+        self.look("energy-gone")
+        self.assertLess(abs(end[1] - start[1]), NEAR)
+        for key in ("d", "a"):
+            call("xdotool", "keydown", key)
+            time.sleep(1)
+            call("xdotool", "keyup", key)
+            self.assertLess(distance(self.unit_near(end), end), NEAR, f"{key} without energy")
+        tap("r")
+        wait_until(lambda: distance(self.unit_near(start), start) < NEAR, "the unit back at its start")
+        self.look("move-undone")
+
+    def check_directions(self, start):
+        for key, (x, y) in DIRECTIONS.items():
+            call("xdotool", "keydown", key)
+            time.sleep(0.4)
+            call("xdotool", "keyup", key)
+            end = self.wait_until_still(lambda: self.unit_near(start), "the unit at rest")
+            along = (end[0] - start[0]) * x + (end[1] - start[1]) * y
+            self.assertGreater(along, DRIVE, f"{key} leads from {start} to {end}")
+            self.assertLess(distance(end, (start[0] + along * x, start[1] + along * y)), NEAR, key)
+            tap("r")
+            wait_until(lambda: distance(self.unit_near(start), start) < NEAR, f"the unit back after {key}")
+
+    def check_aim(self, unit):
+        """The line and the gun follow the mouse."""
+        upper, lower = (-100, 300), (-100, -60)
+        for place, other in ((upper, lower), (lower, upper)):
+            self.point_at(place)
+            self.watch(lambda view: view.line_gain(unit, place) > LINE_SEEN, "the aim line at the mouse")
+            view = self.look("aim")
+            self.assertLess(view.line_gain(unit, other), LINE_UNSEEN, "the line is at the mouse alone")
+            self.assertLess(angle_between(view.gun_bearing(unit), bearing(unit, place)), ANGLE)
+
+    def check_other_weapon(self, unit):
+        """Q brings up a label beside the unit and another gun, which stays when the label has gone."""
+        self.point_at((unit[0], unit[1] - 400))
+        time.sleep(1)
+        before = self.look("first-weapon")
+        gun, label = (unit[0], unit[1] - 30), (unit[0] + 160, unit[1] + 30)
+        tap("q")
+
+        def change(view, middle, width, height):
+            return view.crop(middle, width, height).difference(before.crop(middle, width, height))
+        self.watch(lambda view: change(view, label, 160, 80) > SHOWN, "the weapon's label")
+        self.look("weapon-label")
+        self.watch(lambda view: change(view, label, 160, 80) < SAME, "the label gone")
+        self.watch(lambda view: change(view, gun, 40, 50) > SHOWN, "the other gun")
+        self.look("second-weapon")
+
+    def fire_at(self, enemy, times):
+        """The selected unit shoots at a place."""
+        self.point_at(enemy)
+        unit = self.wait_for_aim(times)
+        self.click()
+        self.wait_for_shot([(unit, enemy)], f"player-shot-{times}")
+        self.assertEqual(self.count("Player Shoot"), times)
+
+    def check_the_enemies_shots(self, enemies):
+        """An enemy fires where a player stood when it took its aim."""
+        self.wait_for("Enemy Shoot")
+        players = self.start_places("Player")
+        self.wait_for_shot([(enemies[0], player) for player in players], "enemy-shot")
+        self.wait_for("Player Unit Select", 3)
+        self.assertEqual(self.count("Enemy Shoot"), 2)
+        self.look("round-2")
+
+    def check_skipping(self):
+        for times in (3, 4):
+            self.wait_for_aim(times)
+            tap("f")
+        self.wait_for("Player Turn End", 2)
+        self.assertEqual(self.count("Player Shoot"), 2, "F fires nothing")
+
+
+class Defeat(FirstLevel):
+
+    def test_who_only_skips_is_shot_until_none_is_left(self):
+        self.set_health("Player", 1)
+        self.start_level()
+        self.wait_for_all()
+        wait_until(lambda: MUSIC in self.open_files(), "the music")
+        turns, living = 0, []
+        while self.next_turn(turns, is_green) == "turn":
+            turns += 1
+            living.append(len(self.look(f"turn-{turns}").units(is_green)))
+            tap("f")
+            self.assertLess(turns, MOST_TURNS)
+        self.assert_level_over(is_green)
+        self.assertEqual(len(self.enemies()), 2)
+        self.assertEqual(living[:2], [2, 2], "none dies in the first round")
+        self.assertEqual(living, sorted(living, reverse=True))
+        said = self.turns()
+        self.assertGreaterEqual(said.count("Enemy Shoot"), 2)
+        self.assertNotIn("Player Shoot", said)
+        self.window.close()
+        self.assert_orderly_end(self.game)
+
+
+class Victory(FirstLevel):
+
+    def setUp(self):
+        super().setUp()
+        level = self.read_json(self.level_file())
+        self.map = self.read_json(level["TileMap"])["TileMap"]
+
+    def is_clear(self, start, end):
+        """True if no wall is in the way of a shot, a little wider than it is."""
+        length = distance(start, end)
+        x, y = (end[0] - start[0]) / length, (end[1] - start[1]) / length
+        for way in range(0, int(length), 10):
+            for aside in (-25, 0, 25):
+                place = (start[0] + way * x - aside * y, start[1] + way * y + aside * x)
+                if self.map[int((540 - place[1]) // 60)][int((960 + place[0]) // 60)]:
+                    return False
+        return True
+
+    def take_turn(self, turns):
+        """Shoots at an enemy in sight; without one the turn is skipped. Returns how many shots that makes."""
+        unit = self.wait_for_aim(turns)
+        targets = [enemy for enemy in self.enemies() if self.is_clear(unit, enemy)]
+        if not targets:
+            tap("f")
+            return 0
+        self.point_at(targets[0])
+        self.watch(lambda view: view.line_gain(unit, targets[0]) > LINE_SEEN, "the aim")
+        self.look("aimed")
+        self.click()
+        return 1
+
+    def test_shooting_the_last_enemy_wins_and_space_begins_anew(self):
+        self.set_health("Enemy", 1)
+        self.start_level()
+        self.wait_for_all()
+        self.point_at((0, -300))
+        turns = shots = 0
+        living = []
+        while self.next_turn(turns, is_red) == "turn":
+            turns += 1
+            living.append(len(self.enemies()))
+            shots += self.take_turn(turns)
+            self.point_at((0, -300))
+            self.assertLess(turns, MOST_TURNS)
+        self.assertEqual(living[0], 2)
+        self.assertGreaterEqual(shots, 2)
+        self.assertEqual(self.count("Player Shoot"), shots)
+        self.assert_level_over(is_red)
+        self.assertEqual(len(self.players()), 2)
+        self.check_restart()
+        self.window.close()
+        self.assert_orderly_end(self.game)
+
+    def check_restart(self):
+        """Space brings everybody back, and the enemies' first move."""
+        before = len(self.turns())
+        tap("space")
+        self.wait_for_all()
+        wait_until(lambda: MUSIC in self.open_files(), "the music again")
+        wait_until(lambda: len(self.turns()) > before + 2, "turns", TURN_PATIENCE)
+        self.assertEqual(self.turns()[before:before + 3], ["Enemy Turn Begin", "Enemy Unit Select", "Enemy Aim"])
+        self.look("begun-anew")
+
+
+class Interruptions(FirstLevel):
+
+    def setUp(self):
+        super().setUp()
+        self.start_level()
+
+    def other_window(self):
+        """Opens a second window, which takes the focus."""
+        message = subprocess.Popen(["xmessage", "-title", "Another", "This window takes the focus."])
+        self.addCleanup(message.wait)
+        self.addCleanup(message.kill)
+        wait_until(lambda: ask("xdotool", "search", "--onlyvisible", "--name", "^Another$"), "the second window")
+        return message
+
+    def wait_for_walk(self, times):
+        """Waits until the so-many-th enemy since the start walks."""
+        self.wait_for("Enemy Unit Select", times)
+        start = self.watch(lambda view: len(view.units(is_red)) == 2 and view.units(is_red), "two enemies")
+        self.watch(lambda view: any(distance(now, was) > NEAR for now, was in zip(view.units(is_red), start)),
+                   "an enemy on its way")
+
+    def assert_paused(self, name):
+        time.sleep(1)
+        before = self.look(name)
+        self.assert_no_turns(1.5)
+        self.assertLess(self.look().picture.difference(before.picture), 0.05, "nothing moves")
+
+    def test_escape_and_a_lost_focus_pause_and_h_ends_the_level(self):
+        self.wait_for_walk(1)
+        tap("Escape")
+        self.assert_paused("paused")
+        self.assertEqual(self.count("Enemy Aim"), 0)
+        tap("Escape")
+        self.wait_for("Enemy Aim", 1)
+
+        self.wait_for_walk(2)
+        message = self.other_window()
+        wait_until(self.window.is_minimised, "the window minimised")
+        self.assert_no_turns(1.5)
+        message.kill()
+        self.window.activate()
+        wait_until(lambda: not self.window.is_minimised(), "the window back")
+        self.assert_paused("back-and-paused")
+        self.assertEqual(self.count("Enemy Aim"), 1)
+        tap("Escape")
+        self.wait_for("Player Unit Select")
+
+        tap("h")
+        self.watch(lambda view: not view.units(is_red), "the enemies' end")
+        self.assert_level_over(is_red)
+        self.window.close()
+        self.assert_orderly_end(self.game)
+
+
+if __name__ == "__main__":
+    unittest.main()
