@@ -1,81 +1,130 @@
-"""The training range in the real program, and its files."""
-import os
+"""The training range in the real program, and the levels' files."""
 import subprocess
+import time
 import unittest
 
-from case import ROOT, GameTest, find_record, place_on_window
+from case import ROOT, find_record
+from level import LINE_SEEN, MUSIC, LevelTest, is_green
 from driver import tap, wait_until
-
-MENU_LEVEL = "Level Editor/Levels/MainMenu/MainMenu.json"
-LEVEL = "Level Editor/Levels/Level00/Level00.json"
-MUSIC = "maintheme03.ogg"
 
 MOVED = 12  # mean change of a region from which a body has gone; the floor under it and noise make less
 STILL = 3  # mean change of a region in which nothing moves
 
+PLAYERS = 4
+WINDOW = (800, 450)  # many turns are played: software that draws all this keeps up with it
+WEAPONS = {f"Projectile{kind}"
+           for kind in ("Default", "Bounce", "Explosion", "Pierce", "Push", "Swap", "Vacuum")}
+SHOWN = 12  # mean change of the place where a weapon's label comes up
+AHEAD = 300  # world units to the right of a unit, where it shoots
 
-class TrainingRange(GameTest):
-    """The menu's objects are the level's, so that the way that leads to the menu leads here."""
+
+class TrainingRange(LevelTest):
+
+    LEVEL = "Level00"
 
     def setUp(self):
         super().setUp()
-        level = self.read_json(LEVEL)
-        self.records = self.read_json(level["Objects"])["GameObjFactory"]
-        self.write_json(MENU_LEVEL, {"Objects": level["Objects"], "Background": level["Background"]})
-        self.game = self.start()
-        self.window = self.game.wait_for_window()
-        self.corner = place_on_window((-930, 510), (60, 60))
-        splash = self.window.picture().crop(*self.corner)
-        for _ in range(4):
-            tap("space")
-        wait_until(lambda: self.window.picture().crop(*self.corner).difference(splash) > MOVED, "the wall")
+        self.records = self.read_json(self.objects_file())["GameObjFactory"]
+        self.start_level(WINDOW)
+        self.first = self.watch(lambda view: len(view.units(is_green)) == PLAYERS and view, "the player's units")
 
-    def region(self, record):
-        """The rectangle of the window that a thing covers when the level starts."""
+    def region(self, view, record):
+        """What the view shows where a thing is when the level starts."""
         transform = record["Transform"]
-        return place_on_window(transform["m_pos"][:2], transform["m_scale"][:2])
+        return view.crop(transform["m_pos"][:2], *transform["m_scale"][:2])
 
     def moving(self):
-        """The regions of the bodies that start with a velocity."""
-        return [self.region(record) for record in self.records
-                if "RigidBody" in record and any(record["RigidBody"]["m_vel"])]
+        """The bodies that start with a velocity."""
+        return [record for record in self.records if "RigidBody" in record and any(record["RigidBody"]["m_vel"])]
 
-    def sparks(self):
+    def sparks(self, view):
         """How many pixels above the fountain are bright and warm."""
         x, y = find_record(self.records, "fountain")["Transform"]["m_pos"][:2]
-        area = self.window.picture().crop(*place_on_window((x, y + 90), (200, 140))).data
+        area = view.crop((x, y + 90), 200, 140).data
         return sum(1 for i in range(0, len(area), 3) if area[i] > 150 and area[i] > area[i + 2] + 60)
 
-    def open_files(self):
-        folder = f"/proc/{self.game.process.pid}/fd"
-        for name in os.listdir(folder):
-            try:
-                yield os.readlink(f"{folder}/{name}")
-            except FileNotFoundError:
-                pass
-
-    def test_it_lives_and_ends_in_order(self):
-        first = self.window.picture()
-        regions = self.moving()
-        self.assertGreaterEqual(len(regions), 8)
-
-        def changed():
-            now = self.window.picture()
-            gone = [r for r in regions if now.crop(*r).difference(first.crop(*r)) > MOVED]
-            return now if len(gone) >= len(regions) // 2 else None
-        later = wait_until(changed, "half of the bodies elsewhere")
-        change = later.crop(*self.corner).difference(first.crop(*self.corner))
-        self.assertLess(change, STILL, "the wall stands")
-
-        wait_until(lambda: self.sparks() > 60, "sparks above the fountain")
-        wait_until(lambda: any(path.endswith("/" + MUSIC) for path in self.open_files()), "the music's file")
+    def test_things_bounce_and_rest_and_all_weapons_are_fired(self):
+        self.check_movement()
         self.assertNotIn("not found", self.game.output())
-
+        self.wait_for("Player Unit Select")
+        said = self.turns()
+        self.assertEqual(said.count("Enemy Unit Select"), 3)
+        self.assertNotIn("Enemy Shoot", said)
+        self.check_rest()
+        self.check_armament()
+        for turn in range(1, PLAYERS + 1):
+            self.fire(turn, "first")
+        for turn in range(PLAYERS + 1, 2 * PLAYERS):
+            self.fire(turn, "second")
+        self.wait_for_aim(2 * PLAYERS)
+        tap("f")
+        self.wait_for("Player Turn End", 2)
+        self.wait_for("Enemy Turn Begin", 3 * 2 + 1)
+        self.assertEqual(self.count("Player Shoot"), 2 * PLAYERS - 1)
+        self.assertEqual(self.count("Enemy Shoot"), 3)
+        self.look("third-round")
         self.window.close()
         self.assert_orderly_end(self.game)
 
+    def check_armament(self):
+        """The first weapons of all units and the second ones of all but the last are all there are."""
+        units = [record for record in self.records[0]["Childs"] if "Player" in record]
+        self.assertEqual(len(units), PLAYERS)
+        carried = [[part for weapon in (0, 1)
+                    for part in find_record(unit["Childs"], f"Weapon{weapon}Projectile") if part in WEAPONS]
+                   for unit in units]
+        fired = [first for first, _ in carried] + [second for _, second in carried[:-1]]
+        self.assertEqual(set(fired), WEAPONS)
+        self.assertEqual(len(fired), len(WEAPONS))
+
+    def check_movement(self):
+        """Things leave their places, the wall stands, sparks rise, and there is music."""
+        bodies = self.moving()
+        self.assertGreaterEqual(len(bodies), 8)
+        corner = ((-930, 510), 60, 60)
+
+        def changed(view):
+            gone = [body for body in bodies
+                    if self.region(view, body).difference(self.region(self.first, body)) > MOVED]
+            return view if len(gone) >= len(bodies) // 2 else None
+        later = self.watch(changed, "half of the bodies elsewhere")
+        self.look("things-under-way")
+        self.assertLess(later.crop(*corner).difference(self.first.crop(*corner)), STILL, "the wall stands")
+        self.watch(lambda view: self.sparks(view) > 30, "sparks above the fountain")
+        wait_until(lambda: MUSIC in self.open_files(), "the music's file")
+
+    def check_rest(self):
+        """The player's turn begins when nothing moves; only sparks do."""
+        before = self.look("at-rest")
+        time.sleep(1)
+        after = self.look()
+        for middle in ((-600, 200), (300, 250), (650, 0)):
+            change = after.crop(middle, 400, 300).difference(before.crop(middle, 400, 300))
+            self.assertLess(change, STILL, f"around {middle}")
+
+    def fire(self, turn, weapon):
+        """The selected unit shoots to the right, with its second weapon after Q, whose label comes up."""
+        self.point_at((-400, 0))
+        unit = self.wait_for_aim(turn)
+        if weapon == "second":
+            label = ((unit[0] + 160, unit[1] + 20), 120, 60)
+            before = self.look()
+            tap("q")
+            self.watch(lambda view: view.crop(*label).difference(before.crop(*label)) > SHOWN, "the weapon's label")
+        target = (unit[0] + AHEAD, unit[1])
+        self.point_at(target)
+        self.watch(lambda view: view.line_gain(unit, target) > LINE_SEEN, "the aim to the right")
+        self.look(f"aim-{turn}")
+        self.click()
+        self.wait_for("Player Shoot", turn)
+        time.sleep(0.2)
+        self.look(f"shot-{turn}")
+        said = self.turns()
+        for line in said[len(said) - said[::-1].index("Player Shoot"):]:
+            self.assertNotIn("Unit Select", line, "the next unit waits until the shot is over")
+
     def test_the_map_is_traced_once(self):
-        plan = self.read_json(self.read_json(LEVEL)["TileMap"])
+        plan = self.read_json(self.read_json(self.level_file())["TileMap"])
         cells = "".join(f"{cell}, " for row in plan["TileMap"] for cell in row)
         self.assertEqual(self.game.output().splitlines().count(cells), 1)
         self.window.close()
