@@ -61,6 +61,12 @@ inline float Dot(const Vector3D& a, const Vector3D& b) {
   return a.x * b.x + a.y * b.y + a.z * b.z;
 }
 
+/// The rotation of something drawn upward that looks along `way`: 0 is up, a quarter turn to the
+/// left is 90 (unit: degrees, from -270 to 90).
+inline float HeadingOf(const Vector3D& way) {
+  return std::atan2(way.y, way.x) * 180.0f / kPi - 90.0f;
+}
+
 inline Vector3D Vector3D::Normalized() const {
   const float length = Length();
   return length == 0.0f ? Vector3D() : *this / length;

@@ -6,13 +6,8 @@
 #include "core/messages.h"
 #include "game/enemy.h"
 #include "game/objectquery.h"
-#include "objects/reflection.h"
 #include "physics/rigidbody.h"
 #include "physics/transform.h"
-
-RTTR_REGISTRATION {
-  ZOVEngine::ComponentRegistration<ZOVEngine::AIComp>("AIComp");
-}
 
 namespace ZOVEngine {
 namespace {

@@ -5,6 +5,10 @@
 namespace ZOVEngine {
 
 /// Walks an enemy along its patrol, one push whenever the turn controller finds all at rest.
+///
+/// The patrol and its limits are the Enemy's, beside which this stands on the same object. The path
+/// is walked to and fro. The move's time counts one step for each push, so its limit is a number of
+/// pushes. It does nothing by itself and nothing of it is saved.
 class AIComp final : public LogicComponent {
   RTTR_ENABLE(LogicComponent)
 

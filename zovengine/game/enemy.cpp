@@ -36,7 +36,6 @@ RTTR_REGISTRATION {
 namespace ZOVEngine {
 namespace {
 
-constexpr float kSpread = 0.25f;        ///< of a boss's outer shots (unit: radians)
 constexpr float kFadePerSecond = 2.0f;  ///< of shield and field, in alpha
 constexpr float kArrival = 3.0f;        ///< of a turn; a fast one passes 6 a step (unit: degrees)
 constexpr float kTurnSpeed = 360.0f;    ///< (unit: degrees per second)
@@ -46,6 +45,17 @@ constexpr float kExplosionInterval = 0.3f;  ///< (unit: seconds)
 constexpr float kLightPerSecond = 100.0f;   ///< of a dying boss
 constexpr unsigned kStrobePeriod = 5;       ///< (unit: steps)
 constexpr const char* kField = "DeathField";
+constexpr const char* kMiddleShot = "MiddleProj";
+
+/// A boss's outer shot, and its angle from the middle one (unit: radians).
+struct OuterShot {
+  const char* name;
+  float spread;
+};
+constexpr OuterShot kOuterShotsOfPhase1[] = {{"LeftProjPhase1", -0.25f},
+                                             {"RightProjPhase1", 0.25f}};
+constexpr OuterShot kOuterShotsOfPhase2[] = {{"LeftProjPhase2", -0.25f},
+                                             {"RightProjPhase2", 0.25f}};
 constexpr const char* kShields[] = {"ShieldPhase1", "ShieldPhase2"};
 constexpr std::array kExplosions = {"DeathExplosion00", "DeathExplosion01", "DeathExplosion02",
                                     "DeathExplosion03", "DeathExplosion04", "DeathExplosion05",
@@ -77,6 +87,14 @@ bool FadeInChildren(GameObj* object, const char* name, float dt) {
     done = false;
   }
   return done;
+}
+
+Vector3D DirectionAt(float angle) {
+  return Vector3D(std::cos(angle), std::sin(angle), 0.0f);
+}
+
+void FireShell(GameObj* object, const Vector3D& muzzle, const Vector3D& direction) {
+  if (auto* shell = FindComponent<ProjectileExplosion>(object)) shell->Fire(muzzle, direction);
 }
 
 }  // namespace
@@ -134,7 +152,7 @@ void Enemy::Update(float dt) {
   BeginPhaseTwo(controller);
   FadePhaseIn(controller);
   ShowHeldBarrel(this);
-  if (m_turning) Turn();
+  if (m_turning) Turn(controller);
   if (m_health >= 1) {
     RunAlive(this);
   } else if (m_boss) {
@@ -162,18 +180,17 @@ void Enemy::FadePhaseIn(GameController* controller) {
 }
 
 /// Turns the body by its angular velocity until it is within the arrival of the aim.
-void Enemy::Turn() {
+void Enemy::Turn(GameController* controller) {
   auto* transform = m_owner->GetComponent<Transform>();
   auto* body = m_owner->GetComponent<RigidBody>();
-  // An aim lies below 90 degrees, and so does the rotation of a body that came to it from below.
+  // Rotations of 0 to 90 are counted from the other side, as -360 to -270: a turning body stays
+  // below 0.
   if (m_aim_angle >= 0.0f && m_aim_angle <= 90.0f) m_aim_angle -= 360.0f;
   const float rotation = transform->m_local_rotate;
   if (m_aim_angle + kArrival < rotation || rotation < m_aim_angle - kArrival) {
     const float speed = m_boss ? kBossTurnSpeed : kTurnSpeed;
     body->m_rot_vel = rotation <= m_aim_angle ? speed : -speed;
-    if (GameController* controller = ControllerOf(m_owner)) {
-      PlaySoundOf(controller->m_owner, "tank_move.ogg");
-    }
+    if (controller != nullptr) PlaySoundOf(controller->m_owner, "tank_move.ogg");
     return;
   }
   m_turning = false;
@@ -249,11 +266,12 @@ void Enemy::EndExplosions() {
 void Enemy::Fire() {
   if ((m_boss && m_health < 1) || m_target == nullptr) return;
   const auto* transform = m_owner->GetComponent<Transform>();
-  const float angle = (transform->m_world_rotate + 90.0f) * kPi / 180.0f;
-  const Vector3D direction = Vector3D(std::cos(angle), std::sin(angle), 0.0f).Normalized();
+  const float angle = DegreesToRadians(transform->m_world_rotate + 90.0f);
+  const Vector3D direction = DirectionAt(angle).Normalized();
   Vector3D muzzle;
   if (GameObj* barrel = FirstBarrel(m_owner)) {
-    const float length = barrel->GetComponent<Transform>()->m_world_scale.y;
+    const auto* size = FindComponent<Transform>(barrel);
+    const float length = size != nullptr ? size->m_world_scale.y : 0.0f;
     muzzle = transform->m_world_pos + direction * (m_boss ? length : length / kScalePerMuzzle);
   }
   if (m_boss) {
@@ -265,26 +283,19 @@ void Enemy::Fire() {
   m_fired = true;
 }
 
-/// Whether a child is a shot of the boss's phase, and by how much it is turned from the middle.
-bool Enemy::ShotOfBoss(const GameObj& child, float* spread) const {
-  const std::string phase = m_phase_two ? "Phase2" : "Phase1";
-  *spread = 0.0f;
-  if (child.name == "LeftProj" + phase) *spread = -kSpread;
-  if (child.name == "RightProj" + phase) *spread = kSpread;
-  return child.name == "MiddleProj" || *spread != 0.0f;
-}
-
-/// The middle shot explodes in both phases, the outer ones in the second.
+/// The middle shot bursts in both phases, the outer ones in the second.
 void Enemy::FireAsBoss(const Vector3D& muzzle, float angle) {
+  const auto& outer = m_phase_two ? kOuterShotsOfPhase2 : kOuterShotsOfPhase1;
   for (GameObj* child : m_owner->children) {
-    float spread = 0.0f;
-    if (!ShotOfBoss(*child, &spread)) continue;
-    Vector3D direction(std::cos(angle + spread), std::sin(angle + spread), 0.0f);
-    if (spread == 0.0f) direction = direction.Normalized();
-    if (spread == 0.0f || m_phase_two) {
-      if (auto* shot = FindComponent<ProjectileExplosion>(child)) shot->Fire(muzzle, direction);
-    } else if (auto* shot = FindComponent<ProjectileDefault>(child)) {
-      shot->Fire(muzzle, direction);
+    if (child->name == kMiddleShot) FireShell(child, muzzle, DirectionAt(angle).Normalized());
+    for (const auto& [name, spread] : outer) {
+      if (child->name != name) continue;
+      const Vector3D direction = DirectionAt(angle + spread);
+      if (m_phase_two) {
+        FireShell(child, muzzle, direction);
+      } else if (auto* shot = FindComponent<ProjectileDefault>(child)) {
+        shot->Fire(muzzle, direction);
+      }
     }
   }
 }

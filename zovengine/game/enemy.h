@@ -71,11 +71,10 @@ class Enemy final : public LogicComponent {
   GameObj* m_target = nullptr;   ///< the player unit aimed at
 
  private:
-  bool ShotOfBoss(const GameObj& child, float* spread) const;
   void FireAsBoss(const Vector3D& muzzle, float angle);
   void BeginPhaseTwo(GameController* controller);
   void FadePhaseIn(GameController* controller);
-  void Turn();
+  void Turn(GameController* controller);
   void Die(GameController* controller);
   void DieAsBoss(GameController* controller, float dt);
   void EndAsBoss();

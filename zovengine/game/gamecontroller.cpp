@@ -78,11 +78,11 @@ void GameController::GatherChildren() {
     if (child->HasComponent<Camera>()) m_camera = child;
     if (child->HasComponent<Enemy>()) {
       m_enemies.push_back(child);
-      if (child->HasComponent<StateC>()) child->GetComponent<StateC>()->m_state = "spawn";
+      SetStateOf(child, "spawn");
     }
     if (child->HasComponent<Player>()) {
       m_players.push_back(child);
-      if (child->HasComponent<StateC>()) child->GetComponent<StateC>()->m_state = "spawn";
+      SetStateOf(child, "spawn");
     }
   }
 }
@@ -106,16 +106,18 @@ void GameController::RequestQuitToMenu() {
 }
 
 bool GameController::AllPlayersDead() {
-  for (GameObj* object : m_players) {
-    if (object->GetComponent<Player>()->m_alive) return false;
-  }
-  m_ui_state = "ui_level_end";
-  return true;
+  return EndsWithout<Player>(m_players);
 }
 
 bool GameController::AllEnemiesDead() {
-  for (GameObj* object : m_enemies) {
-    if (object->GetComponent<Enemy>()->m_alive) return false;
+  return EndsWithout<Enemy>(m_enemies);
+}
+
+/// True if none of `units` lives; the interface then shows the level's end.
+template <class Unit>
+bool GameController::EndsWithout(const std::vector<GameObj*>& units) {
+  for (GameObj* object : units) {
+    if (object->GetComponent<Unit>()->m_alive) return false;
   }
   m_ui_state = "ui_level_end";
   return true;

@@ -79,8 +79,8 @@ class GameController final : public LogicComponent {
   bool AllPlayersDead();
   /// The same for the enemies.
   bool AllEnemiesDead();
-  /// True if no active body but particles moves by 3 world units a second along an axis, or turns
-  /// by 3 degrees a second. Before Init nothing moves.
+  /// True if no active body but particles moves by 3 world units a second in x or y, or turns by
+  /// 3 degrees a second. Before Init nothing moves.
   bool AllBodiesAtRest() const;
   /// True if every living enemy has finished its move of this round.
   bool AllEnemiesActed() const;
@@ -110,6 +110,8 @@ class GameController final : public LogicComponent {
   bool m_quit_to_menu = false;  ///< go to the menu at the next update
 
  private:
+  template <class Unit>
+  bool EndsWithout(const std::vector<GameObj*>& units);
   void ResetFields();
   void StartSounds();
   void GatherChildren();
@@ -133,6 +135,7 @@ class GameController final : public LogicComponent {
   void EndEnemyTurn();
   void StepMove();
   GameObj* DrawTarget() const;
+  GameObj* FirstPlayerToAct() const;
   void AimSelected();
   bool Select(GameObj* unit);
   void ReleaseSelected();

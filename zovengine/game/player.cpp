@@ -1,6 +1,5 @@
 #include "game/player.h"
 
-#include <cmath>
 #include <iostream>
 
 #include "game/objectquery.h"
@@ -86,12 +85,7 @@ void Player::RunPierceMuzzle(float dt) {
 
 void Player::AimAt(const Vector3D& mouse) {
   auto* transform = m_owner->GetComponent<Transform>();
-  const float angle =
-      std::atan2(mouse.y - transform->m_local_pos.y, mouse.x - transform->m_local_pos.x) * 180.0f /
-          kPi -
-      90.0f;
-  transform->m_local_rotate = angle;
-  transform->m_prev_rotate = angle;
+  transform->m_local_rotate = transform->m_prev_rotate = HeadingOf(mouse - transform->m_local_pos);
 }
 
 void Player::Fire(const Vector3D& mouse) {

@@ -90,8 +90,7 @@ void SetLight(GameObj* shot, float strength) {
 }
 
 float FlightAngle(GameObj* shot) {
-  const Vector3D& velocity = shot->GetComponent<RigidBody>()->m_vel;
-  return std::atan2(velocity.y, velocity.x) * 180.0f / kPi - 90.0f;
+  return HeadingOf(shot->GetComponent<RigidBody>()->m_vel);
 }
 
 void TurnTo(GameObj* object, float angle) {

@@ -226,7 +226,7 @@ void GameController::EnemyAim() {
     const Vector3D& goal = enemy.m_target->GetComponent<Transform>()->m_world_pos;
     const Vector3D& own = m_selected->GetComponent<Transform>()->m_world_pos;
     enemy.m_turning = true;
-    enemy.m_aim_angle = std::atan2(goal.y - own.y, goal.x - own.x) * 180.0f / kPi - 90.0f;
+    enemy.m_aim_angle = HeadingOf(goal - own);
   }
   m_state = TURN_ENEMY_NEXT;
 }
@@ -240,10 +240,17 @@ GameObj* GameController::DrawTarget() const {
   return drawn;
 }
 
-void GameController::PlayerNext() {
+/// The first living player unit that has not acted in this round, or null.
+GameObj* GameController::FirstPlayerToAct() const {
   for (GameObj* object : m_players) {
     const Player& player = *object->GetComponent<Player>();
-    if (!player.m_alive || player.m_acted) continue;
+    if (player.m_alive && !player.m_acted) return object;
+  }
+  return nullptr;
+}
+
+void GameController::PlayerNext() {
+  if (FirstPlayerToAct() != nullptr) {
     std::cout << "Player Turn Begin" << '\n';
     m_state = TURN_PLAYER_SELECT;
     return;
@@ -259,15 +266,15 @@ void GameController::PlayerNext() {
 
 void GameController::PlayerSelect() {
   std::cout << "Player Unit Select" << '\n';
-  for (GameObj* object : m_players) {
-    Player& player = *object->GetComponent<Player>();
-    if (!player.m_alive || player.m_acted) continue;
-    if (!Select(object)) return;
-    player.m_movement_curr = player.m_movement_limit;
-    m_state = TURN_PLAYER_MOVE;
+  GameObj* unit = FirstPlayerToAct();
+  if (unit == nullptr) {
+    m_state = AllPlayersDead() ? TURN_LEVEL_END : TURN_ENEMY_NEXT;
     return;
   }
-  m_state = AllPlayersDead() ? TURN_LEVEL_END : TURN_ENEMY_NEXT;
+  if (!Select(unit)) return;
+  Player& player = *unit->GetComponent<Player>();
+  player.m_movement_curr = player.m_movement_limit;
+  m_state = TURN_PLAYER_MOVE;
 }
 
 void GameController::PlayerMove() {

@@ -152,7 +152,7 @@ void RunWeaponLabel(Unit* unit) {
     } else {
       label->m_colour[3] -= unit->m_dt * kLabelFade;
     }
-    label->m_owner->GetComponent<Transform>()->m_local_pos.y += kLabelRise;
+    if (auto* place = FindComponent<Transform>(label->m_owner)) place->m_local_pos.y += kLabelRise;
   });
 }
 
@@ -370,7 +370,8 @@ void StartWeaponLabel(Unit* unit) {
     label->m_owner->SetActive(true);
     label->m_tex = unit->m_weapon_label_tex;
     label->m_colour[3] = 1.0f;
-    auto* transform = label->m_owner->GetComponent<Transform>();
+    auto* transform = FindComponent<Transform>(label->m_owner);
+    if (transform == nullptr) return;
     transform->m_local_scale =
         Vector3D(unit->m_weapon_label_size[0], unit->m_weapon_label_size[1], 1.0f);
     transform->m_local_pos = Vector3D(kLabelOffset, 0.0f, 0.0f);

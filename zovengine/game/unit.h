@@ -14,7 +14,8 @@ class Player;
 // What both kinds of unit do alike, over the fields that both have. `Unit` is Player or Enemy.
 
 inline constexpr const char* kBarrelNames[] = {"Weapon0Barrel", "Weapon1Barrel"};
-inline constexpr float kScalePerMuzzle = 1.2f;  ///< of what carries a muzzle to its distance
+/// A muzzle lies before the middle of its unit by a scale over this.
+inline constexpr float kScalePerMuzzle = 1.2f;
 
 /// True for an object with a Player or an Enemy.
 bool IsUnit(const GameObj& object);
