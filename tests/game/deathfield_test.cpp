@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <rttr/type>
 
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -185,6 +186,22 @@ TEST(DeathField, AUnitThatStaysInItIsWoundedOnce) {
   for (int i = 0; i < 10; ++i) stage.world.Step();
   EXPECT_EQ(stage.Of<Player>("player").m_health, 5);
   EXPECT_EQ(stage.Of<Transform>("player").m_local_pos, before) << "and is not pushed out";
+}
+
+TEST(DeathField, ABossWithoutAPlaceIsNotFollowed) {
+  Aura aura({Record("Boss", {})});
+  const Vector3D before = aura.Place().m_local_pos;
+  aura.It().Update(kStep);
+  EXPECT_EQ(aura.Place().m_local_pos, before);
+  EXPECT_FLOAT_EQ(aura.Place().m_local_rotate, 0.3f);
+}
+
+TEST(DeathField, HealthStaysWithinItsRange) {
+  Aura aura;
+  aura.PlayerHealth() = std::numeric_limits<int>::min();
+  ContactInfo contact = aura.Contact("player", "DeathField");
+  aura.It().OnCollisionEnter(&contact);
+  EXPECT_EQ(aura.PlayerHealth(), std::numeric_limits<int>::min());
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 #include <rttr/type>
 
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -196,6 +197,27 @@ TEST(EnvironmentDestructible, ABounceTakesOneLessThanItsDamage) {
        {std::pair(0, 0), std::pair(1, 0), std::pair(2, 1), std::pair(5, 4)}) {
     bounce.m_curr_damage = current;
     EXPECT_EQ(crate.DamageBy("ProjectileBounce"), taken) << current;
+  }
+}
+
+TEST(EnvironmentDestructible, HealthStaysWithinItsRange) {
+  constexpr int kLeast = std::numeric_limits<int>::min();
+  Crate crate;
+  for (const char* shot : {"ProjectileDefault", "ProjectilePierce", "ProjectilePush"}) {
+    crate.It().m_health = kLeast;
+    crate.Hit("crate", shot);
+    EXPECT_EQ(crate.It().m_health, kLeast) << shot;
+  }
+}
+
+TEST(EnvironmentDestructible, ABounceNeverHeals) {
+  constexpr int kLeast = std::numeric_limits<int>::min();
+  Crate crate;
+  for (const int damage : {1, 2, 5}) {
+    crate.stage.Of<ProjectileBounce>("ProjectileBounce").m_curr_damage = damage;
+    crate.It().m_health = kLeast;
+    crate.Hit("crate", "ProjectileBounce");
+    EXPECT_EQ(crate.It().m_health, kLeast) << damage;
   }
 }
 

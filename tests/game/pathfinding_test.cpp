@@ -188,6 +188,14 @@ TEST_F(PathfindingTest, ATileBlocksEveryCellThatItReachesInto) {
   EXPECT_TRUE(is_free(7, 5));
 }
 
+TEST_F(PathfindingTest, ATileWithoutAProperPlaceBlocksNothing) {
+  world.LoadObjects(TileAt(Cell(5, 5).x, Cell(5, 5).y) + "," + Record("placeless", {}));
+  TransformOf(world.Find("tile")).m_world_scale.x = NAN;
+  Grid().Build({world.Find("tile"), world.Find("placeless")});
+  EXPECT_THAT(Grid().m_nodes[4][5]->neighbours, SizeIs(8));
+  EXPECT_THAT(Grid().m_nodes[6][5]->neighbours, SizeIs(8));
+}
+
 TEST_F(PathfindingTest, TheHeuristicIsTheOctileDistance) {
   EXPECT_EQ(Heuristic({0, 0, 1}, {0, 0, 1}), 0.0f);
   EXPECT_EQ(Heuristic({0, 0, 1}, {5, 0, 1}), 5.0f);

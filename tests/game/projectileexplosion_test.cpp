@@ -97,6 +97,14 @@ TEST(ProjectileExplosion, DepthCountsForDestructibleThingsToo) {
   EXPECT_EQ(stage.Of<EnvironmentDestructible>("deep").m_health, 3);
 }
 
+TEST(ProjectileExplosion, WhatHasNoPlaceIsOutOfItsReach) {
+  ShotStage stage = StageWith({Record("idea", {{"EnvironmentDestructible", "{}"}}),
+                               Record("force", {{"RigidBody", kLively}})});
+  Burst(stage);
+  EXPECT_EQ(stage.Of<EnvironmentDestructible>("idea").m_health, 3);
+  EXPECT_EQ(stage.ForcesOn("force"), 0u);
+}
+
 TEST(ProjectileExplosion, TheBlastIsTheSameAtAllDistancesUpToItsReach) {
   ShotStage stage =
       StageWith({CrateAt("near", 0, 20), CrateAt("rim", -120, 160), CrateAt("far", 0, -200.1f)});

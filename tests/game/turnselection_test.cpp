@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include "game/turnworld.h"
 #include "objects/statec.h"
 #include "render/light.h"
@@ -132,6 +134,16 @@ TEST(Selection, OtherStatusDoesNotHurt) {
   level.PlayerOf("p").m_status = "slowed";
   level.GiveControl("p");
   EXPECT_EQ(level.PlayerOf("p").m_health, 1);
+}
+
+TEST(Selection, TheLeastHealthStaysTheLeast) {
+  const TurnWorld level(
+      {UnitAt("Enemy", "e", 0, 0), UnitAt("Player", "p", 0, 0), UnitAt("Player", "other", 0, 0)});
+  level.PlayerOf("p").m_status = "damaged";
+  level.PlayerOf("p").m_health = std::numeric_limits<int>::min();
+  level.GiveControl("p");
+  EXPECT_EQ(level.PlayerOf("p").m_health, std::numeric_limits<int>::min());
+  EXPECT_EQ(level.State(), TURN_PLAYER_NEXT);
 }
 
 TEST(Selection, AUnitKilledByItsDamageGetsNoRingAndTheOldOneIsOff) {

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <limits>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -651,6 +652,19 @@ TEST(UnitQueries, HealthAndStatusAreThoseOfEitherKind) {
   EXPECT_TRUE(IsUnit(*stage.Find("p")));
   EXPECT_TRUE(IsUnit(*stage.Find("e")));
   EXPECT_FALSE(IsUnit(*stage.Find("neither")));
+}
+
+TEST(UnitQueries, DamageStopsAtTheEndsOfWhatHealthCanBe) {
+  constexpr int kLeast = std::numeric_limits<int>::min();
+  constexpr int kMost = std::numeric_limits<int>::max();
+  EXPECT_EQ(AfterDamage(5, 3), 2);
+  EXPECT_EQ(AfterDamage(1, 3), -2) << "below zero like above";
+  EXPECT_EQ(AfterDamage(5, -3), 8);
+  EXPECT_EQ(AfterDamage(kLeast, 1), kLeast);
+  EXPECT_EQ(AfterDamage(kLeast + 1, 1), kLeast);
+  EXPECT_EQ(AfterDamage(-2, kMost), kLeast);
+  EXPECT_EQ(AfterDamage(kMost, -1), kMost);
+  EXPECT_EQ(AfterDamage(0, kLeast), kMost);
 }
 
 TEST(UnitQueries, TheControllerIsAskedForUpTheParents) {
