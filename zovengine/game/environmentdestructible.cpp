@@ -69,7 +69,7 @@ void EnvironmentDestructible::OnCollisionEnter(ContactInfo* contact) {
     const int damage = bouncer->GetComponent<ProjectileBounce>()->m_curr_damage;
     if (damage == 0) return;
     // One less: the shot has raised its damage on this contact already if it was told first.
-    m_health = AfterDamage(AfterDamage(m_health, damage), -1);
+    m_health = AfterDamage(m_health, std::int64_t{damage} - 1);
   }
   TakeDamageOf<ProjectileDefault>(sides, &m_health);
   TakeDamageOf<ProjectilePierce>(sides, &m_health);

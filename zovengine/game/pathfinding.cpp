@@ -200,11 +200,11 @@ void Pathfinding::Search() {
 /// Without a way to the target it would expand cells for very long and find nothing, so that is
 /// looked at first.
 void Pathfinding::SearchFrom(PathNode* start, PathNode* end) {
-  if (!AreConnected(start, end)) return;
   start->h = Heuristic(start->grid_pos, end->grid_pos);
   start->g = 0.0f;
   end->g = start->h;
   start->parent = end->parent = nullptr;
+  if (!AreConnected(start, end)) return;
   OpenList open;
   open.Push(start);
   while (!open.IsEmpty()) {

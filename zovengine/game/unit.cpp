@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <climits>
-#include <cstdint>
 
 #include "audio/audiosource.h"
 #include "core/random.h"
@@ -58,7 +57,7 @@ bool IsUnit(const GameObj& object) {
   return object.HasComponent<Player>() || object.HasComponent<Enemy>();
 }
 
-int AfterDamage(int health, int damage) {
+int AfterDamage(int health, std::int64_t damage) {
   const std::int64_t left = std::int64_t{health} - damage;
   return static_cast<int>(std::clamp<std::int64_t>(left, INT_MIN, INT_MAX));
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "core/vector3d.h"
@@ -22,7 +23,7 @@ bool IsUnit(const GameObj& object);
 /// The health of a unit, or null for an object that is none.
 int* HealthOf(GameObj* object);
 /// What `damage` leaves of `health`, within the range of an int.
-int AfterDamage(int health, int damage);
+int AfterDamage(int health, std::int64_t damage);
 /// The status of a unit ("default", "damaged" or "slowed"), or null for an object that is none.
 std::string* StatusOf(GameObj* object);
 

@@ -9,10 +9,9 @@ ImageQueue::ImageQueue(const std::vector<std::string>& paths) {
   for (const std::string& path : paths) {
     m_pictures.push_back(tasks.emplace_back([path] { return LoadImage(path); }).get_future());
   }
-  m_thread =
-      std::jthread([this, tasks = std::move(tasks)](const std::stop_token& stop) mutable {
-        Decode(stop, &tasks);
-      });
+  m_thread = std::jthread([this, tasks = std::move(tasks)](const std::stop_token& stop) mutable {
+    Decode(stop, &tasks);
+  });
 }
 
 ImageQueue::~ImageQueue() {
