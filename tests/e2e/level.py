@@ -197,15 +197,6 @@ class LevelTest(GameTest):
     def enemies(self):
         return self.look().units(is_red)
 
-    def wait_until_still(self, place, what):
-        """Waits until two looks that are more than half a second apart find the same place; returns it."""
-        def same():
-            before = place()
-            time.sleep(0.6)
-            after = place()
-            return after if distance(before, after) < 2 else None
-        return wait_until(same, what)
-
     def wait_for_shot(self, ways, name):
         """Waits until a shot has been seen in two places of one of several ways, the second one farther."""
         first = [None] * len(ways)

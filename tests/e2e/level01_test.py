@@ -8,7 +8,7 @@ from level import (LINE_SEEN, LINE_UNSEEN, MUSIC, NEAR, TURN_PATIENCE, LevelTest
 from driver import ask, call, tap, wait_until
 
 DIRECTIONS = {"w": (0, 1), "a": (-1, 0), "s": (0, -1), "d": (1, 0)}
-DRIVE = 15  # world units that a unit goes at least while a key is held for a short time
+DRIVE = 15  # world units from its start at which a unit has surely moved
 ANGLE = 9  # degrees to which the gun's bearing is read from a picture
 
 MOST_TURNS = 24  # of the player, until a level must be over
@@ -110,7 +110,7 @@ class Round(FirstLevel):
         call("xdotool", "keydown", "d")
         try:
             wait_until(lambda: self.unit_near(start)[0] > start[0] + DRIVE, "the unit on its way")
-            end = self.wait_until_still(lambda: self.unit_near(start), "the end of the energy")
+            end = self.wait_for_stop(start)
         finally:
             call("xdotool", "keyup", "d")
         self.look("energy-gone")
@@ -124,14 +124,30 @@ class Round(FirstLevel):
         wait_until(lambda: distance(self.unit_near(start), start) < NEAR, "the unit back at its start")
         self.look("move-undone")
 
+    def wait_for_stop(self, start):
+        """Waits until the unit stays in its place for a second in which the game was not asleep; returns the place."""
+        def stopped():
+            before = self.unit_near(start)
+            time.sleep(1)
+            for mouse in ((0, 300), (-100, -60)):
+                self.point_at(mouse)
+                self.watch(lambda view: view.line_gain(self.unit_near(start), self.mouse) > LINE_SEEN, "the aim line")
+            after = self.unit_near(start)
+            return after if distance(before, after) < 2 else None
+        return wait_until(stopped, "the unit at rest")
+
     def check_directions(self, start):
         for key, (x, y) in DIRECTIONS.items():
+            def way():
+                now = self.unit_near(start)
+                return (now[0] - start[0]) * x + (now[1] - start[1]) * y
             call("xdotool", "keydown", key)
-            time.sleep(0.4)
-            call("xdotool", "keyup", key)
-            end = self.wait_until_still(lambda: self.unit_near(start), "the unit at rest")
-            along = (end[0] - start[0]) * x + (end[1] - start[1]) * y
-            self.assertGreater(along, DRIVE, f"{key} leads from {start} to {end}")
+            try:
+                wait_until(lambda: way() > DRIVE, f"the unit driven by {key}")
+            finally:
+                call("xdotool", "keyup", key)
+            end = self.wait_for_stop(start)
+            along = way()
             self.assertLess(distance(end, (start[0] + along * x, start[1] + along * y)), NEAR, key)
             tap("r")
             wait_until(lambda: distance(self.unit_near(start), start) < NEAR, f"the unit back after {key}")
