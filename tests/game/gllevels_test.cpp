@@ -72,5 +72,9 @@ TEST(GLLevels, TheFirstLevelLooksAsItDidWhenTanksSpawnWalkAndAim) {
   ExpectPictures("Level01", {20, 150, 600});
 }
 
+TEST(GLLevels, TheBosssLevelLooksAsItDidWhenItSpawnsAndWhenItAims) {
+  ExpectPictures("Level04", {20, 600});
+}
+
 }  // namespace
 }  // namespace carapace_test

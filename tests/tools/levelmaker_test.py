@@ -1,0 +1,112 @@
+"""The level maker: what it makes of a description, and what it refuses."""
+import importlib.machinery
+import importlib.util
+import json
+import pathlib
+import sys
+import tempfile
+import unittest
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+sys.dont_write_bytecode = True
+sys.path.insert(0, str(ROOT / "tools"))
+
+
+def load_level_maker():
+    loader = importlib.machinery.SourceFileLoader("levelmaker", str(ROOT / "tools/levelmaker"))
+    module = importlib.util.module_from_spec(importlib.util.spec_from_loader("levelmaker", loader))
+    loader.exec_module(module)
+    return module
+
+
+level_maker = load_level_maker()
+LEVEL01 = (ROOT / "assets/levels/level01.toml").read_text()
+
+
+def make(text):
+    """The files of a level with this description, by their paths."""
+    with tempfile.TemporaryDirectory() as folder:
+        description = pathlib.Path(folder) / "level.toml"
+        description.write_text(text)
+        return level_maker.make(description)
+
+
+class LevelMaker(unittest.TestCase):
+    def assert_refused(self, text, *words):
+        """The description is refused with a message that has all these words."""
+        self.assertNotEqual(text, LEVEL01, "the description was not changed")
+        with self.assertRaises(SystemExit) as refused:
+            make(text)
+        for word in words:
+            self.assertIn(word, str(refused.exception))
+
+    def test_the_shipped_levels_are_what_their_descriptions_say(self):
+        for description in sorted((ROOT / "assets/levels").glob("*.toml")):
+            for path, text in level_maker.make(description).items():
+                with self.subTest(path=path):
+                    self.assertEqual((ROOT / path).read_text(), text)
+
+    def test_a_unit_has_its_shots_and_marks(self):
+        files = make(LEVEL01)
+        objects = json.loads(files["Level Editor/Levels/Level01/Entity/Units.json"])["GameObjFactory"]
+        tank = next(child for child in objects[0]["Childs"] if "Player" in child)
+        names = [child["name"] for child in tank["Childs"]]
+        for name in ("Weapon0Barrel", "Weapon1Projectile", "ui_selected", "hp_font", "unit_damaged"):
+            self.assertEqual(names.count(name), 1, name)
+
+    def test_a_mover_without_a_path(self):
+        self.assert_refused(LEVEL01.replace("waypoints = [[660, 360], [660, 120]]", "walks = true"),
+                            "enemy1", "AIComp without a path")
+
+    def test_one_waypoint(self):
+        self.assert_refused(LEVEL01.replace("[[660, 360], [660, 120]]", "[[660, 360]]"), "enemy1", "one waypoint")
+
+    def test_neighbouring_waypoints(self):
+        self.assert_refused(LEVEL01.replace("[[660, 360], [660, 120]]", "[[660, 130], [660, 120]]"), "enemy1",
+                            "arrival distance")
+
+    def test_a_side_without_units(self):
+        self.assert_refused(LEVEL01.replace('side = "player"', 'side = "enemy"'), "no Player", "first step")
+        text = LEVEL01.replace('side = "enemy"', 'side = "player"').replace("waypoints", "# waypoints")
+        self.assert_refused(text, "no Enemy", "first step")
+
+    def test_a_unit_without_health(self):
+        self.assert_refused(LEVEL01.replace("health = 4", "health = 0", 1), "player1", "without health")
+
+    def test_a_player_without_energy(self):
+        self.assert_refused(LEVEL01.replace("health = 4", "health = 4\nenergy = 0", 1), "player1", "no energy")
+
+    def test_a_unit_in_a_wall(self):
+        self.assert_refused(LEVEL01.replace("at = [-720, 240]", "at = [-930, 240]"), "player1", "in a wall")
+
+    def test_a_path_into_a_wall(self):
+        self.assert_refused(LEVEL01.replace("[[660, 360]", "[[660, 510]"), "enemy1", "walks")
+
+    def test_an_unknown_weapon_side_or_hazard(self):
+        self.assert_refused(LEVEL01.replace('["BASIC", "BOUNCE"]', '["BASIC", "LASER"]', 1), "player1", "two weapons")
+        self.assert_refused(LEVEL01.replace('side = "player"', 'side = "nobody"', 1), "nobody1", "neither")
+        self.assert_refused(LEVEL01 + '\n[[hazards]]\nkind = "fire"\nat = [0, 300]\n', "fire", "none of")
+
+    def test_a_body_that_never_rests(self):
+        thing = """
+[kinds.puck]
+texture = "Env_Drum"
+size = [40, 40]
+shape = "Circle"
+mass = 1.0
+inertia = 1.0
+rest = 1.0
+
+[[things]]
+kind = "puck"
+at = [0, -200]
+"""
+        self.assert_refused(LEVEL01 + thing, "puck", "never rest")
+
+    def test_a_picture_that_is_not_listed(self):
+        self.assert_refused(LEVEL01.replace('texture = "Tile_Wall"', 'texture = "Tile_Wool"') +
+                            '\n[kinds.a]\ntexture = "Nothing"\nsize = [9, 9]\nshape = "Box"\n\n'
+                            '[[things]]\nkind = "a"\nat = [0, 0]\n', "Nothing", "graphics.json")
+
+
+unittest.main()
