@@ -15,7 +15,6 @@ SMALLER_WINDOW = (960, 540)  # software that draws all this keeps up with it, wh
 
 TURN_PATIENCE = 150.0  # seconds on a loaded machine for a whole round, or until all is at rest
 LOOK_PAUSE = 0.25  # seconds between two looks: a picture takes as long as some steps of the game
-CLICK = 0.12  # seconds that a button is held: the game polls it
 
 # World units.
 SAMPLES = 4.5  # between the samples that look for units
@@ -254,13 +253,17 @@ class LevelTest(GameTest):
         self.mouse = place
         move_mouse(self.corner[0] + x, self.corner[1] + y)
 
-    def click(self):
+    def fire(self):
+        """Holds the button until the selected unit has fired: the game polls it."""
+        shots = self.count("Player Shoot")
         call("xdotool", "mousedown", "1")
-        time.sleep(CLICK)
-        call("xdotool", "mouseup", "1")
+        try:
+            wait_until(lambda: self.count("Player Shoot") > shots, "the shot")
+        finally:
+            call("xdotool", "mouseup", "1")
 
     def wait_for_aim(self, times):
-        """Waits until a player unit has been selected for the so-many-th time and aims at the mouse; returns its place."""
+        """Waits until the so-many-th player unit since the start aims at the mouse; returns its place."""
         self.wait_for("Player Unit Select", times)
 
         def aiming(view):

@@ -53,9 +53,9 @@ class TrainingRange(LevelTest):
         self.check_rest()
         self.check_armament()
         for turn in range(1, PLAYERS + 1):
-            self.fire(turn, "first")
+            self.shoot(turn, "first")
         for turn in range(PLAYERS + 1, 2 * PLAYERS):
-            self.fire(turn, "second")
+            self.shoot(turn, "second")
         self.wait_for_aim(2 * PLAYERS)
         tap("f")
         self.wait_for("Player Turn End", 2)
@@ -102,7 +102,7 @@ class TrainingRange(LevelTest):
             change = after.crop(middle, 400, 300).difference(before.crop(middle, 400, 300))
             self.assertLess(change, STILL, f"around {middle}")
 
-    def fire(self, turn, weapon):
+    def shoot(self, turn, weapon):
         """The selected unit shoots to the right, with its second weapon after Q, whose label comes up."""
         self.point_at((-400, 0))
         unit = self.wait_for_aim(turn)
@@ -115,8 +115,8 @@ class TrainingRange(LevelTest):
         self.point_at(target)
         self.watch(lambda view: view.line_gain(unit, target) > LINE_SEEN, "the aim to the right")
         self.look(f"aim-{turn}")
-        self.click()
-        self.wait_for("Player Shoot", turn)
+        self.fire()
+        self.assertEqual(self.count("Player Shoot"), turn)
         time.sleep(0.2)
         self.look(f"shot-{turn}")
         said = self.turns()

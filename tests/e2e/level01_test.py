@@ -182,7 +182,7 @@ class Round(FirstLevel):
         """The selected unit shoots at a place."""
         self.point_at(enemy)
         unit = self.wait_for_aim(times)
-        self.click()
+        self.fire()
         self.wait_for_shot([(unit, enemy)], f"player-shot-{times}")
         self.assertEqual(self.count("Player Shoot"), times)
 
@@ -255,7 +255,7 @@ class Victory(FirstLevel):
         self.point_at(targets[0])
         self.watch(lambda view: view.line_gain(unit, targets[0]) > LINE_SEEN, "the aim")
         self.look("aimed")
-        self.click()
+        self.fire()
         return 1
 
     def test_shooting_the_last_enemy_wins_and_space_begins_anew(self):
