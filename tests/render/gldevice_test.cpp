@@ -151,8 +151,26 @@ TEST(GLDevice, TextureNumberIsTheNameOfItsObject) {
     EXPECT_EQ(TextureParameter(i, GL_TEXTURE_WRAP_S), GL_REPEAT) << i;
     EXPECT_EQ(TextureParameter(i, GL_TEXTURE_MIN_FILTER), GL_NEAREST_MIPMAP_LINEAR) << i;
   }
+}
+
+TEST(GLDevice, ATextureGetsItsMipmapsWhenItIsFirstDrawn) {
+  const GLContext context(kSceneWidth, kSceneHeight);
+  const auto device = SceneDevice();
+  EXPECT_EQ(LevelWidth(4, 1), 0);
+  Frame frame = OneQuad(Program::kDefault);
+  frame.commands[0].texture = 4;
+  device->Execute(frame);
   EXPECT_EQ(LevelWidth(4, 1), 64);
   EXPECT_EQ(LevelWidth(4, 7), 1);
+  EXPECT_EQ(LevelWidth(5, 1), 0) << "another one waits";
+}
+
+TEST(GLDevice, ATextureThatIsReplacedGetsItsMipmapsAtOnce) {
+  const GLContext context(kSceneWidth, kSceneHeight);
+  const auto device = SceneDevice();
+  device->UploadTexture(4, SceneImage(5));
+  EXPECT_EQ(LevelWidth(4, 0), SceneImage(5).width);
+  EXPECT_EQ(LevelWidth(4, 1), std::max(SceneImage(5).width / 2, 1));
 }
 
 TEST(GLDevice, ATextureCanBeReplaced) {

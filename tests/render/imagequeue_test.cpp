@@ -10,9 +10,10 @@ namespace {
 
 using namespace ZOVEngine;
 
-const std::string kWall = "Resources/Textures/Tile_Wall.png";
-const std::string kGlow = "Resources/Textures/Particle_Glow.png";
-const std::string kNone = "Resources/Textures/no such picture.png";
+const std::string kTextures = CARAPACE_SOURCE_DIR "/Resources/Textures/";
+const std::string kWall = kTextures + "Tile_Wall.png";
+const std::string kGlow = kTextures + "Particle_Glow.png";
+const std::string kNone = kTextures + "no such picture.png";
 
 TEST(ImageQueue, ThePicturesComeInTheOrderOfTheList) {
   ImageQueue queue({kWall, kNone, kGlow});
