@@ -5,6 +5,7 @@
 
 #include "core/statemachine.h"
 #include "physics/transform.h"
+#include "platform/windowsystem.h"
 
 namespace carapace_test {
 
@@ -88,6 +89,8 @@ World::World(const Files& files) {
   }
   g_native = &native;
   g_gl_device = &device;
+  // What another world of this process left behind.
+  g_window_state = WindowState();
   g_current_level_path = "Level Editor/Levels/Level01/Level01.json";
   CreateEngine();
   InitSystems();
