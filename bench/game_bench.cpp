@@ -8,7 +8,6 @@
 // for the hidden window that the cursor belongs to: tools/screen gives one.
 
 #include <benchmark/benchmark.h>
-#include <time.h>
 
 #include <algorithm>
 #include <cmath>
@@ -33,10 +32,12 @@
 #include "platform/windowsystem.h"
 #include "render/rendersystem.h"
 #include "repository.h"
+#include "threadclock.h"
 
 namespace {
 
 using namespace ZOVEngine;
+using carapace_bench::ThreadMicroseconds;
 
 constexpr float kStep = 1.0f / 60.0f;
 constexpr int kMostStepsToATurn = 3600;
@@ -46,12 +47,6 @@ constexpr int kLoads = 60;
 constexpr double kStepTarget = 300.0;  ///< (unit: microseconds)
 constexpr double kLoadTarget = 5.0;    ///< (unit: milliseconds)
 constexpr std::uint32_t kSeed = 7;
-
-double ThreadMicroseconds() {
-  timespec now{};
-  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
-  return static_cast<double>(now.tv_sec) * 1e6 + static_cast<double>(now.tv_nsec) * 1e-3;
-}
 
 double Median(std::vector<double> values) {
   std::sort(values.begin(), values.end());

@@ -10,7 +10,6 @@
 
 #include <benchmark/benchmark.h>
 #include <box2d/box2d.h>
-#include <time.h>
 
 #include <algorithm>
 #include <cstdio>
@@ -25,9 +24,11 @@
 #include "objects/gameobjfactory.h"
 #include "physics/collidersystem.h"
 #include "physicssystem.h"
+#include "threadclock.h"
 
 namespace {
 
+using carapace_bench::ThreadMicroseconds;
 using ZOVEngine::Vector3D;
 
 constexpr float kStep = 1.0f / 60.0f;
@@ -204,13 +205,6 @@ class PeerField {
 
   b2World m_world{b2Vec2(0.0f, 0.0f)};
 };
-
-/// The processor time of this thread: what other programs take does not count.
-double ThreadMicroseconds() {
-  timespec now{};
-  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
-  return 1e6 * static_cast<double>(now.tv_sec) + 1e-3 * static_cast<double>(now.tv_nsec);
-}
 
 struct Result {
   double median = 0;  ///< (unit: microseconds)
