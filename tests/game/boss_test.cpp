@@ -24,6 +24,7 @@ namespace {
 
 using carapace_test::AsksFor;
 using carapace_test::BossRecord;
+using carapace_test::ExpectNear;
 using carapace_test::Hush;
 using carapace_test::Record;
 using carapace_test::ShotRecord;
@@ -98,11 +99,6 @@ class BossFight {
     return children;
   }
 };
-
-void ExpectNear(const Vector3D& actual, float x, float y) {
-  EXPECT_NEAR(actual.x, x, 1e-3f);
-  EXPECT_NEAR(actual.y, y, 1e-3f);
-}
 
 // The first step
 

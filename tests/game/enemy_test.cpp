@@ -20,6 +20,7 @@ namespace ZOVEngine {
 namespace {
 
 using carapace_test::AsksFor;
+using carapace_test::ExpectNear;
 using carapace_test::Hush;
 using carapace_test::OutputOf;
 using carapace_test::SpriteRecord;
@@ -73,11 +74,6 @@ class Driver {
 
   UnitStage stage;
 };
-
-void ExpectNear(const Vector3D& actual, float x, float y) {
-  EXPECT_NEAR(actual.x, x, 1e-3f);
-  EXPECT_NEAR(actual.y, y, 1e-3f);
-}
 
 TEST(Enemy, TheFirstStepLeavesItsMoveAlone) {
   UnitStage stage({UnitRecord("unit", "Enemy")});

@@ -27,6 +27,7 @@ namespace ZOVEngine {
 namespace {
 
 using carapace_test::AsksFor;
+using carapace_test::ExpectNear;
 using carapace_test::OutputOf;
 using carapace_test::Record;
 using carapace_test::SpriteRecord;
@@ -70,11 +71,6 @@ class Driven {
 
   UnitStage stage;
 };
-
-void ExpectNear(const Vector3D& actual, float x, float y) {
-  EXPECT_NEAR(actual.x, x, 1e-3f);
-  EXPECT_NEAR(actual.y, y, 1e-3f);
-}
 
 TEST(Player, TheFirstStepClearsItsTurn) {
   UnitStage stage({UnitRecord("unit", "Player")});

@@ -1,5 +1,7 @@
 #include "support/unitrecords.h"
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
 #include <sstream>
 #include <stdexcept>
@@ -170,6 +172,11 @@ bool AsksFor(GameObj* object, const std::string& sound) {
 
 void Hush(GameObj* object) {
   object->GetComponent<AudioSource>()->sounds.clear();
+}
+
+void ExpectNear(const Vector3D& actual, float x, float y) {
+  EXPECT_NEAR(actual.x, x, 1e-3f);
+  EXPECT_NEAR(actual.y, y, 1e-3f);
 }
 
 }  // namespace carapace_test

@@ -64,4 +64,7 @@ bool AsksFor(ZOVEngine::GameObj* object, const std::string& sound);
 /// Forgets what was asked for.
 void Hush(ZOVEngine::GameObj* object);
 
+/// Expects a place or direction at (x, y), to a thousandth; its depth may be any.
+void ExpectNear(const ZOVEngine::Vector3D& actual, float x, float y);
+
 }  // namespace carapace_test
