@@ -49,6 +49,14 @@ TEST(LoadScreen, MissingObjectsArePrintedAndThenMissedAsAFile) {
   EXPECT_THAT(report, HasSubstr("file not found"));
 }
 
+TEST(LoadScreen, TheBackgroundAloneLeavesTheObjectsOut) {
+  World world(Files{{"level.json", R"({"Objects": "objects.json", "Background": "Nebula"})"},
+                    {"objects.json", "{\"GameObjFactory\": [" + Record("first", {}) + "]}"}});
+  ShowBackgroundOf("level.json");
+  EXPECT_EQ(g_render_system->m_background_tex, "Nebula");
+  EXPECT_EQ(world.Find("first"), nullptr);
+}
+
 TEST(LoadScreen, AMissingScreenIsReported) {
   World world;
   EXPECT_THAT(ReportOf([] { LoadScreen("nowhere.json"); }),

@@ -145,5 +145,18 @@ TEST(LogicSystem, TheElapsedTimeIsRecordedPausedOrNot) {
   }
 }
 
+TEST(LogicSystemStart, TheStateToStartInIsEntered) {
+  g_start_state = kDefaultState;
+  {
+    World world(Files{{"Level Editor/Levels/Level01/Level01.json", R"({"Objects": "units.json"})"},
+                      {"units.json", "{\"GameObjFactory\": [" + Record("first", {}) + "]}"}});
+    EXPECT_EQ(g_state_machine->m_current, kDefaultState);
+    EXPECT_NE(world.Find("first"), nullptr);
+  }
+  g_start_state = kSplashState;
+  const World world;
+  EXPECT_EQ(g_state_machine->m_current, kSplashState);
+}
+
 }  // namespace
 }  // namespace ZOVEngine

@@ -37,6 +37,20 @@ class Failure(GameTest):
         self.assert_failed_with(line)
         self.assertRegex((self.directory / LOG).read_text(), "^" + TIME + line + "\n$")
 
+    def test_arguments_that_are_not_understood_are_answered_with_the_use(self):
+        for arguments in (["nonsense"], ["--level"], ["--level", "a", "b"]):
+            with self.subTest(arguments=arguments):
+                self.game = self.start(arguments=arguments)
+                self.assertEqual(self.game.wait_for_end(), 2)
+                self.assertIn("usage: carapace [--level FILE]", self.game.errors())
+                self.assertEqual(self.game.output(), "")
+
+    def test_a_level_that_is_not_there_is_logged_and_shown(self):
+        path = "Level Editor/Levels/None/None.json"
+        self.game = self.start(arguments=["--level", path])
+        self.close_box("Error")
+        self.assert_failed_with(path.replace(".", r"\.") + "file not found")
+
     def test_a_missing_settings_file_is_logged_and_shown(self):
         (self.directory / SETTINGS).unlink()
         self.assert_not_found(SETTINGS)

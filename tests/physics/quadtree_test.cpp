@@ -140,6 +140,12 @@ TEST(QuadTree, NodesOfLevelFiveNeverSplit) {
   EXPECT_FALSE(tree.HasChildren(tree.NodeOf(0)));
 }
 
+TEST(QuadTree, IrregularBoundsThatTouchAMidlineStayAboveToo) {
+  EXPECT_EQ(QuadTree::DeepestNode({300, 0, 200, 100}), 0);
+  EXPECT_EQ(QuadTree::DeepestNode({0, 200, 100, 100}), 0);
+  EXPECT_NE(QuadTree::DeepestNode({300, 10, 200, 100}), 0);
+}
+
 TEST(QuadTree, AnObjectThatTouchesAMidlineStaysAbove) {
   std::vector<Bounds> bounds(11, Square(300, 300, 5));
   bounds.push_back({-10, 10, 0, 20});  // ends on the vertical midline
