@@ -343,6 +343,26 @@ TEST(GLPictures, DifferentDepthsKeepTheOrderOfCommands) {
   ExpectSamePicture("depths", frame);
 }
 
+// Shaken, so that the ground shows at two edges of the screen; with holes and soft plates
+// elsewhere.
+TEST(GLPictures, GroundUnderPlates) {
+  Frame frame = LitFrame(6);
+  frame.commands.resize(1);
+  for (int i = 0; i < 16 * 9; ++i) {
+    if (i % 31 == 7) continue;
+    auto& plate = frame.commands.emplace_back(
+        QuadCommand(-900.0f + 120.0f * static_cast<float>(i % 16),
+                    -480.0f + 120.0f * static_cast<float>(i / 16), 120, 120, i % 23 == 4 ? 9 : 3,
+                    i % 2 ? Program::kLight : Program::kDefault));
+    if (i % 19 == 2) plate.placement.rotate_radians = 0.3f;
+    if (i % 17 == 3) SetColour(&plate, 1.0f, 0.6f, 0.6f, 0.7f);
+    if (i % 29 == 9) plate.placement.translate.z = -200.0f;
+  }
+  frame.view.m[3] = 11.3f;
+  frame.view.m[7] = -6.7f;
+  ExpectSamePicture("groundunderplates", frame);
+}
+
 TEST(GLPictures, TextureNeverUploadedIsBlackAndOpaque) {
   Frame frame = EmptyFrame();
   frame.commands.push_back(QuadCommand(0, 0, 1900, 1000, 0));

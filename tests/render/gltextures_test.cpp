@@ -36,6 +36,19 @@ TEST(GLTextures, TextureZeroIsOnEveryUnitFromTheStart) {
   EXPECT_TRUE(units.Binds().empty());
 }
 
+TEST(GLTextures, OnlyWhatWasNotedAsOpaqueLastIsOpaque) {
+  TextureUnits units;
+  EXPECT_FALSE(units.IsOpaque(0));
+  units.NoteOpaque(7, true);
+  EXPECT_TRUE(units.IsOpaque(7));
+  EXPECT_FALSE(units.IsOpaque(6));
+  EXPECT_FALSE(units.IsOpaque(8));
+  units.NoteOpaque(7, false);
+  EXPECT_FALSE(units.IsOpaque(7));
+  units.NoteOpaque(4000000000u, true);
+  EXPECT_FALSE(units.IsOpaque(4000000000u));
+}
+
 TEST(GLTextures, TheLeastRecentlyUsedTextureGivesWay) {
   TextureUnits units;
   units.StartRun();

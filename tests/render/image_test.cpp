@@ -273,4 +273,14 @@ TEST_F(ImageTest, ABmpOfTheLowestHeightThereIsIsRefused) {
 }
 
 }  // namespace
+TEST(Image, IsOpaqueWithoutAnySoftPixel) {
+  ZOVEngine::Image image{2, 1, {1, 2, 3, 255, 4, 5, 6, 255}};
+  EXPECT_TRUE(ZOVEngine::IsOpaque(image));
+  image.pixels[7] = 254;
+  EXPECT_FALSE(ZOVEngine::IsOpaque(image));
+  image.pixels[7] = 255;
+  image.pixels[3] = 0;
+  EXPECT_FALSE(ZOVEngine::IsOpaque(image));
+}
+
 }  // namespace carapace_test

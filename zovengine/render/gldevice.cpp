@@ -170,6 +170,7 @@ void RealGLDevice::UploadTexture(std::uint32_t position, const Image& image) {
   glTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA, image.width, image.height, 0, GL_RGBA, GL_UNSIGNED_BYTE,
                image.pixels.data());
   m_units.NoteSize(position, image.width, image.height);
+  m_units.NoteOpaque(position, IsOpaque(image));
   // Who replaces a texture may have it on a unit already, as every unit has texture 0 at first.
   const bool known = position == 0 || !m_uploaded.insert(position).second;
   if (known) glGenerateMipmap(GL_TEXTURE_2D);
@@ -194,7 +195,7 @@ void RealGLDevice::Execute(const Frame& frame) {
   glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
   if (!m_ready) return;
   ++m_frame_number;
-  m_planner.Plan(frame, m_reaches);
+  m_planner.Plan(frame, m_reaches, m_projection);
   PackLamps(frame.lights, &m_lamps);
   UploadPlan();
   for (const DrawRun& run : m_planner.Runs()) Draw(run, frame);

@@ -12,6 +12,10 @@ constexpr std::uint32_t kQuadPattern[6] = {0, 1, 3, 1, 2, 3};
 /// than a draw call (unit: square world units).
 constexpr float kSmallArea = 48.0f * 48.0f;
 
+/// A quad from this size on can be the ground, of which what is hidden is left out; a quarter of
+/// the screen (unit: areas of the screen box).
+constexpr float kLargeOnScreen = 1.0f;
+
 /// The three matrices of a command, applied in the shaders' order.
 class Placer {
  public:
@@ -73,6 +77,23 @@ float AreaOf(const WorldBox& box) {
   return (box.right - box.left) * (box.top - box.bottom);
 }
 
+WorldBox BoundsOf(const Placement& upright) {
+  const float wide = 0.5f * std::abs(upright.scale.x);
+  const float high = 0.5f * std::abs(upright.scale.y);
+  const Vector3D& middle = upright.translate;
+  return {middle.x - wide, middle.x + wide, middle.y - high, middle.y + high};
+}
+
+float AreaOnScreen(const ScreenBox& box) {
+  const float wide = std::min(box.right, 1.0f) - std::max(box.left, -1.0f);
+  const float high = std::min(box.top, 1.0f) - std::max(box.bottom, -1.0f);
+  return std::max(wide, 0.0f) * std::max(high, 0.0f);
+}
+
+bool IsUprightQuad(const DrawCommand& command) {
+  return command.kind == DrawCommand::Kind::kQuad && command.placement.rotate_radians == 0.0f;
+}
+
 WorldBox BoundsOf(const Matrix4x4& model) {
   const float wide = 0.5f * (std::abs(model.m[0]) + std::abs(model.m[1]));
   const float high = 0.5f * (std::abs(model.m[4]) + std::abs(model.m[5]));
@@ -98,8 +119,9 @@ void Transpose(const Matrix4x4& matrix, float columns[16]) {
 
 }  // namespace
 
-void FramePlanner::Plan(const Frame& frame, const Reaches& reaches) {
+void FramePlanner::Plan(const Frame& frame, const Reaches& reaches, const Matrix4x4& projection) {
   Reset(frame, reaches);
+  FindGround(projection);
   for (const DrawCommand& command : frame.commands) Add(command);
   CloseRun();
 }
@@ -113,6 +135,34 @@ void FramePlanner::Reset(const Frame& frame, const Reaches& reaches) {
   m_indices.Clear();
   m_instances.Clear();
   m_run_open = m_streamed_run_open = false;
+}
+
+void FramePlanner::FindGround(const Matrix4x4& projection) {
+  m_screen = ScreenMap(projection, m_frame->view);
+  m_ground = nullptr;
+  const std::vector<DrawCommand>& commands = m_frame->commands;
+  for (std::size_t i = 0; i < commands.size() && !m_ground; ++i) {
+    const Placement& at = commands[i].placement;
+    ScreenBox box;
+    if (!IsUprightQuad(commands[i])) continue;
+    if (!m_screen.Find(BoundsOf(at), at.translate.z, &box)) continue;
+    if (!(AreaOnScreen(box) >= kLargeOnScreen)) continue;
+    m_ground = &commands[i];
+    GatherCover(i + 1);
+  }
+}
+
+void FramePlanner::GatherCover(std::size_t first) {
+  m_cover.Clear();
+  for (std::size_t i = first; i < m_frame->commands.size(); ++i) {
+    const DrawCommand& command = m_frame->commands[i];
+    ScreenBox box;
+    if (IsOpaque(command) &&
+        m_screen.Find(BoundsOf(command.placement), command.placement.translate.z, &box)) {
+      m_cover.Add(box);
+    }
+  }
+  m_cover.Build();
 }
 
 void FramePlanner::Add(const DrawCommand& command) {
@@ -227,6 +277,7 @@ void FramePlanner::AddPlainMesh(const DrawCommand& command, GLenum mode,
 }
 
 void FramePlanner::FinishQuad(const DrawCommand& command, StreamVertex* corners) {
+  if (IsHidden(command, corners)) return m_vertices.Drop(4);
   RunKey key{command.program, LightClass::kNone, GL_TRIANGLES, 0};
   if (command.program == Program::kLight) {
     key.lights = LightSprite(corners, 4, GL_TRIANGLES);
@@ -264,9 +315,12 @@ void FramePlanner::AddCellsOfClass(const DrawCommand& command, const StreamVerte
   const RunKey key{command.program, DrawableClass(command.program, lights), GL_TRIANGLES, 0};
   for (const LitCell& cell : cells) {
     if (cell.near.Class() != lights) continue;
+    StreamVertex placed[4];
+    PlaceCell(corners, cell, placed);
+    if (IsHidden(command, placed)) continue;
     OpenStreamedRun(key);
     StreamVertex* vertices = m_vertices.Grab(4);
-    PlaceCell(corners, cell, vertices);
+    std::copy_n(placed, 4, vertices);
     SetUnit(vertices, 4, TakeUnit(key, command.texture));
     AddQuadIndices(vertices);
   }
@@ -389,6 +443,18 @@ bool FramePlanner::StreamsSprites(Program program) {
   if (program == Program::kDefault) return SetOf(program).Streamed(LightClass::kNone, false);
   return program == Program::kLight && SetOf(program).Streamed(LightClass::kNone, false) &&
          SetOf(program).Streamed(LightClass::kEvery, false);
+}
+
+/// Streamed programs keep the product of texel and colour as the sprite's alpha.
+bool FramePlanner::IsOpaque(const DrawCommand& command) {
+  return IsUprightQuad(command) && command.colour[3] >= 1.0f &&
+         m_units->IsOpaque(command.texture) && StreamsSprites(command.program);
+}
+
+bool FramePlanner::IsHidden(const DrawCommand& command, const StreamVertex corners[4]) const {
+  ScreenBox box;
+  return &command == m_ground && m_screen.Find(BoundsOf(corners, 4), corners[0].place[2], &box) &&
+         m_cover.Hides(box);
 }
 
 LightClass FramePlanner::DrawableClass(Program program, LightClass lights) {

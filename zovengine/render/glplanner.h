@@ -5,6 +5,7 @@
 
 #include "render/glatlas.h"
 #include "render/glcells.h"
+#include "render/glcover.h"
 #include "render/gllights.h"
 #include "render/glplan.h"
 #include "render/gltextures.h"
@@ -16,9 +17,10 @@ namespace ZOVEngine {
 /// Commands that follow each other and suit the same program become one run: their vertices are
 /// placed here and carry colour, texture unit and lamps with them. The order of commands is kept,
 /// with one exception that cannot be seen: the cells of one lit quad, which do not overlap, are
-/// sorted by their number of lamps. A command whose program has no streamed form becomes a run of
-/// its own, with its values left to be set as uniforms. No GL call is made except to compile a form
-/// of a program that is used for the first time.
+/// sorted by their number of lamps. What opaque quads hide of the ground, the first large quad of
+/// the frame, is left out. A command whose program has no streamed form becomes a run of its own,
+/// with its values left to be set as uniforms. No GL call is made except to compile a form of a
+/// program that is used for the first time.
 class FramePlanner {
  public:
   using Programs = std::array<ProgramSet, kProgramCount>;
@@ -29,8 +31,8 @@ class FramePlanner {
       : m_programs(programs), m_atlas(atlas), m_units(units) {}
 
   /// Plans `frame`, which must stay as it is until the plan was drawn. `reaches`: how far the lit
-  /// programs see (unit: world units).
-  void Plan(const Frame& frame, const Reaches& reaches);
+  /// programs see (unit: world units). `projection` tells what hides the ground.
+  void Plan(const Frame& frame, const Reaches& reaches, const Matrix4x4& projection);
 
   const std::vector<DrawRun>& Runs() const { return m_runs; }
   const Stream<StreamVertex>& Vertices() const { return m_vertices; }
@@ -49,6 +51,8 @@ class FramePlanner {
   };
 
   void Reset(const Frame& frame, const Reaches& reaches);
+  void FindGround(const Matrix4x4& projection);
+  void GatherCover(std::size_t first);
   void Add(const DrawCommand& command);
 
   void AddQuad(const DrawCommand& command);
@@ -80,6 +84,8 @@ class FramePlanner {
   void AddIndices(const DrawCommand& command, std::uint32_t first_vertex);
 
   bool StreamsSprites(Program program);
+  bool IsOpaque(const DrawCommand& command);
+  bool IsHidden(const DrawCommand& command, const StreamVertex corners[4]) const;
   LightClass DrawableClass(Program program, LightClass lights);
   LightClass LightSprite(StreamVertex* vertices, std::size_t count, GLenum mode);
   std::uint32_t VertexCountOf(const DrawCommand& command) const;
@@ -92,6 +98,9 @@ class FramePlanner {
   const Frame* m_frame = nullptr;
   std::array<LightField, kProgramCount> m_lights;
   CellCutter m_cutter;
+  ScreenMap m_screen;
+  Cover m_cover;
+  const DrawCommand* m_ground = nullptr;
   std::vector<DrawRun> m_runs;
   Stream<StreamVertex> m_vertices;
   Stream<std::uint32_t> m_indices;

@@ -6,7 +6,7 @@ namespace ZOVEngine {
 
 namespace {
 
-constexpr GLuint kMostShapesNoted = 1u << 16;
+constexpr GLuint kMostNoted = 1u << 16;
 
 bool IsPowerOfTwo(int side) {
   return std::has_single_bit(static_cast<unsigned>(side));
@@ -38,10 +38,16 @@ void TextureUnits::TakeUnit(int unit, GLuint texture) {
 }
 
 void TextureUnits::NoteSize(GLuint texture, int width, int height) {
-  if (texture >= kMostShapesNoted) return;
+  if (texture >= kMostNoted) return;
   if (m_shapes.size() <= texture) m_shapes.resize(texture + 1);
   const int shape = (IsPowerOfTwo(width) ? 1 : 0) + (IsPowerOfTwo(height) ? 2 : 0);
   m_shapes[texture] = static_cast<std::uint8_t>(shape);
+}
+
+void TextureUnits::NoteOpaque(GLuint texture, bool opaque) {
+  if (texture >= kMostNoted) return;
+  if (m_opaque.size() <= texture) m_opaque.resize(texture + 1);
+  m_opaque[texture] = opaque;
 }
 
 int TextureUnits::UsedCount() const {

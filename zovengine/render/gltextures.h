@@ -36,11 +36,15 @@ class TextureUnits {
   void TakeUnit(int unit, GLuint texture);
   /// Notes the sizes of a texture, which decide its shape class (unit: pixels).
   void NoteSize(GLuint texture, int width, int height);
+  /// Notes whether every texel of a texture is opaque.
+  void NoteOpaque(GLuint texture, bool opaque);
 
   /// All binds planned in this frame, in order.
   const std::vector<TextureBind>& Binds() const { return m_binds; }
   /// Number of units that the current run uses.
   int UsedCount() const;
+  /// What was noted last; false for a texture of which nothing was noted.
+  bool IsOpaque(GLuint texture) const { return texture < m_opaque.size() && m_opaque[texture]; }
 
  private:
   int FindUnit(GLuint texture) const;
@@ -51,6 +55,7 @@ class TextureUnits {
   std::array<std::uint64_t, kSpriteUnits> m_last_use{};
   std::vector<TextureBind> m_binds;
   std::vector<std::uint8_t> m_shapes;
+  std::vector<bool> m_opaque;
   std::uint64_t m_clock = 0;
   unsigned m_used = 0;  // one bit a unit
 };

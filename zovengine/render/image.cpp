@@ -216,4 +216,12 @@ std::optional<Image> LoadImage(const std::string& path) {
   return image;
 }
 
+bool IsOpaque(const Image& image) {
+  constexpr std::uint8_t kOpaque = 255;
+  for (std::size_t alpha = 3; alpha < image.pixels.size(); alpha += 4) {
+    if (image.pixels[alpha] != kOpaque) return false;
+  }
+  return true;
+}
+
 }  // namespace ZOVEngine

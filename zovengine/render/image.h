@@ -22,4 +22,7 @@ struct Image {
 /// out before memory is asked for.
 std::optional<Image> LoadImage(const std::string& path);
 
+/// True when no pixel lets anything shine through; also without any pixel.
+bool IsOpaque(const Image& image);
+
 }  // namespace ZOVEngine
