@@ -36,6 +36,15 @@ uniform sampler2D picture;
 vec3 glow = vec3(kBaseShare);
 vec3 gloss = vec3(0.0);
 
+float Shine(float mirrored) {
+#ifdef SHINE_DOUBLINGS  // material.shine is two to that power, and software pays for pow
+  for (int i = 0; i < SHINE_DOUBLINGS; ++i) mirrored *= mirrored;
+  return mirrored;
+#else
+  return pow(mirrored, material.shine);
+#endif
+}
+
 void AddLamp(vec3 lamp, vec3 ambient, vec3 diffuse, vec3 specular, vec3 to_eye) {
   vec3 path = lamp - place;
   float near = max(1.0 - dot(path.xy, path.xy) / (lightReach * lightReach), 0.0);
@@ -44,7 +53,7 @@ void AddLamp(vec3 lamp, vec3 ambient, vec3 diffuse, vec3 specular, vec3 to_eye) 
   vec3 halfway = to_lamp + to_eye;
   float mirrored = max(halfway.z, 0.0) * inversesqrt(max(dot(halfway, halfway), 1e-6));
   glow += (near * near) * (ambient + diffuse * max(to_lamp.z, 0.0));
-  gloss += (near * near * pow(mirrored, material.shine)) * specular;
+  gloss += (near * near * Shine(mirrored)) * specular;
 }
 
 #ifdef STREAMED

@@ -12,7 +12,8 @@ namespace ZOVEngine {
 namespace {
 
 constexpr GLsizei kLogLength = 512;
-constexpr float kMaterialShine = 64.0f;
+constexpr int kShineDoublings = 6;
+constexpr float kMaterialShine = 1 << kShineDoublings;
 constexpr int kLampsInClass[kLightClasses] = {0, 2, 4, 8, 0};
 
 void PrintFailure(const char* sentence, std::string log) {
@@ -235,6 +236,7 @@ std::string ProgramSet::Prologue(LightClass lights, bool one_texture) const {
   text +=
       "#define STREAMED\n#define SLOTS " + std::to_string(one_texture ? 1 : kSpriteUnits) + "\n";
   text += "#define NEAR " + std::to_string(kLampsInClass[static_cast<int>(lights)]) + "\n";
+  text += "#define SHINE_DOUBLINGS " + std::to_string(kShineDoublings) + "\n";
   if (lights == LightClass::kEvery) text += "#define EVERY_LAMP\n";
   return text + "#line 2\n";
 }
