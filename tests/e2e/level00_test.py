@@ -121,9 +121,6 @@ class TrainingRange(LevelTest):
         self.assertEqual(self.count("Player Shoot"), turn)
         time.sleep(0.2)
         self.look(f"shot-{turn}")
-        said = self.turns()
-        for line in said[len(said) - said[::-1].index("Player Shoot"):]:
-            self.assertNotIn("Unit Select", line, "the next unit waits until the shot is over")
 
     def test_the_map_is_traced_once(self):
         plan = self.read_json(self.read_json(self.level_file())["TileMap"])
