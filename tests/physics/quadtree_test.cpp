@@ -143,6 +143,8 @@ TEST(QuadTree, NodesOfLevelFiveNeverSplit) {
 TEST(QuadTree, IrregularBoundsThatTouchAMidlineStayAboveToo) {
   EXPECT_EQ(QuadTree::DeepestNode({300, 0, 200, 100}), 0);
   EXPECT_EQ(QuadTree::DeepestNode({0, 200, 100, 100}), 0);
+  EXPECT_EQ(QuadTree::DeepestNode({300, -100, 200, 0}), 0);
+  EXPECT_EQ(QuadTree::DeepestNode({-100, 100, 0, 50}), 0);
   EXPECT_NE(QuadTree::DeepestNode({300, 10, 200, 100}), 0);
 }
 
