@@ -47,7 +47,8 @@ bool ScreenMap::Find(const WorldBox& box, float z, ScreenBox* out) const {
   if (at[2][0] != 0.0f || at[2][1] != 0.0f || at[0][0] <= 0.0f || at[1][1] <= 0.0f) return false;
   const float w = at[3][2] * z + at[3][3];
   const float depth = at[2][2] * z + at[2][3];
-  if (!(w > 0.0f) || !(std::abs(depth) < w)) return false;
+  // No depth behind the eye fulfils this either: w is negative there.
+  if (!(std::abs(depth) < w)) return false;
   const float x = at[0][2] * z + at[0][3];
   const float y = at[1][2] * z + at[1][3];
   *out = {(at[0][0] * box.left + x) / w, (at[0][0] * box.right + x) / w,
