@@ -7,8 +7,8 @@
 
 #include "objects/gameobjfactory.h"
 #include "objects/statec.h"
-#include "physics/rigidbody.h"
-#include "physics/transform.h"
+#include "physics/components/rigidbody.h"
+#include "physics/components/transform.h"
 #include "ratio.h"
 
 namespace {

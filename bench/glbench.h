@@ -15,7 +15,7 @@
 #include <string>
 #include <vector>
 
-#include "core/matrix4x4.h"
+#include "core/base/matrix4x4.h"
 #include "platform/gldriver.h"
 #include "render/gldevice.h"
 

@@ -6,15 +6,15 @@
 
 #include "objects/gameobjfactory.h"
 #include "objects/statec.h"
-#include "physics/colliderholder.h"
-#include "physics/rigidbody.h"
-#include "physics/transform.h"
+#include "physics/components/colliderholder.h"
+#include "physics/components/rigidbody.h"
+#include "physics/components/transform.h"
 #include "ratio.h"
-#include "render/animation.h"
-#include "render/font.h"
-#include "render/imodel.h"
-#include "render/light.h"
-#include "render/render.h"
+#include "render/components/animation.h"
+#include "render/components/font.h"
+#include "render/components/imodel.h"
+#include "render/components/light.h"
+#include "render/components/render.h"
 
 namespace {
 

@@ -8,14 +8,14 @@
 
 #include <GL/glew.h>
 
+#include "core/app/logicsystem.h"
 #include "core/engine.h"
-#include "core/logicsystem.h"
 #include "glbench.h"
 #include "objects/gameobjfactory.h"
 #include "physics/collidersystem.h"
 #include "physicssystem.h"
 #include "platform/windowsystem.h"
-#include "render/particlesystemc.h"
+#include "render/components/particlesystemc.h"
 #include "render/rendersystem.h"
 #include "repository.h"
 

@@ -4,8 +4,8 @@
 #include <gtest/gtest.h>
 
 #include "core/contactinfo.h"
-#include "physics/transform.h"
-#include "render/render.h"
+#include "physics/components/transform.h"
+#include "render/components/render.h"
 #include "support/probe.h"
 #include "support/reports.h"
 #include "support/world.h"

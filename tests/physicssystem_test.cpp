@@ -8,9 +8,9 @@
 #include <sstream>
 #include <utility>
 
+#include "core/base/profile.h"
 #include "core/engine.h"
 #include "core/messages.h"
-#include "core/profile.h"
 #include "physics/physicsfixture.h"
 #include "support/reports.h"
 #include "support/world.h"

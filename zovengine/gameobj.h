@@ -5,7 +5,7 @@
 #include <typeinfo>
 #include <vector>
 
-#include "core/vector3d.h"
+#include "core/base/vector3d.h"
 #include "zovassert.h"
 
 namespace ZOVEngine {

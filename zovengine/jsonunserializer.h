@@ -12,7 +12,7 @@
 #include <string>
 #include <vector>
 
-#include "core/vector3d.h"
+#include "core/base/vector3d.h"
 #include "objects/jsontrail.h"
 
 namespace ZOVEngine {

@@ -3,8 +3,8 @@
 #include <iostream>
 #include <memory_resource>
 
+#include "core/base/profile.h"
 #include "core/messages.h"
-#include "core/profile.h"
 #include "objects/gameobjfactory.h"
 #include "objects/reflection.h"
 #include "physics/contactresolution.h"

@@ -7,10 +7,10 @@
 #include "core/contactinfo.h"
 #include "core/system.h"
 #include "objects/componentmanager.h"
-#include "physics/colliderholder.h"
+#include "physics/components/colliderholder.h"
+#include "physics/components/rigidbody.h"
+#include "physics/components/transform.h"
 #include "physics/contactlist.h"
-#include "physics/rigidbody.h"
-#include "physics/transform.h"
 
 namespace ZOVEngine {
 

@@ -7,7 +7,7 @@
 
 #include "core/engine.h"
 #include "core/messages.h"
-#include "physics/rigidbody.h"
+#include "physics/components/rigidbody.h"
 #include "support/reports.h"
 #include "support/world.h"
 

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "core/profile.h"
+#include "core/base/profile.h"
 
 namespace ZOVEngine {
 namespace {

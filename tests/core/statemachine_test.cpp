@@ -6,16 +6,16 @@
 #include <string>
 #include <vector>
 
-#include "core/defaultstate.h"
+#include "core/app/defaultstate.h"
+#include "core/app/logicsystem.h"
+#include "core/app/mainmenustate.h"
+#include "core/app/splashstate.h"
 #include "core/engine.h"
-#include "core/logicsystem.h"
-#include "core/mainmenustate.h"
-#include "core/splashstate.h"
 #include "physicssystem.h"
 #include "render/rendersystem.h"
 #include "support/reports.h"
 #include "support/world.h"
-#include "ui/splashcontroller.h"
+#include "ui/screens/splashcontroller.h"
 
 namespace ZOVEngine {
 namespace {

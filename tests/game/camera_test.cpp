@@ -5,8 +5,8 @@
 
 #include <ctime>
 
-#include "core/random.h"
-#include "game/turnworld.h"
+#include "core/base/random.h"
+#include "game/turns/turnworld.h"
 #include "support/reports.h"
 
 namespace ZOVEngine {

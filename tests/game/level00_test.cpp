@@ -4,16 +4,16 @@
 #include <map>
 
 #include "audio/audiosource.h"
-#include "core/random.h"
+#include "core/base/random.h"
 #include "game/camera.h"
-#include "game/gamecontroller.h"
 #include "game/level00hash.h"
 #include "game/level00world.h"
-#include "physics/colliderholder.h"
+#include "game/turns/gamecontroller.h"
+#include "physics/components/colliderholder.h"
+#include "render/components/light.h"
+#include "render/components/particlesystemc.h"
+#include "render/components/render.h"
 #include "render/graphicsconfig.h"
-#include "render/light.h"
-#include "render/particlesystemc.h"
-#include "render/render.h"
 #include "support/reports.h"
 
 namespace carapace_test {

@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "objects/gameobjfactory.h"
-#include "physics/rigidbody.h"
-#include "physics/transform.h"
-#include "render/particle.h"
+#include "physics/components/rigidbody.h"
+#include "physics/components/transform.h"
+#include "render/components/particle.h"
 #include "support/levelgame.h"
 
 namespace carapace_test {

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "core/loadscreen.h"
+#include "core/app/loadscreen.h"
 #include "objects/gameobjfactory.h"
 #include "physics/collidersystem.h"
 #include "platform/windowsystem.h"

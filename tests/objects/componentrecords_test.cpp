@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "objects/gameobjfactory.h"
-#include "physics/colliderholder.h"
-#include "physics/transform.h"
+#include "physics/components/colliderholder.h"
+#include "physics/components/transform.h"
 #include "support/reports.h"
 #include "support/world.h"
 

@@ -5,11 +5,11 @@
 
 #include <random>
 
+#include "core/base/profile.h"
 #include "core/engine.h"
 #include "core/messages.h"
-#include "core/profile.h"
 #include "physicssystem.h"
-#include "render/render.h"
+#include "render/components/render.h"
 #include "support/probe.h"
 #include "support/reports.h"
 #include "support/world.h"

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "objects/gamecomponentbase.h"
-#include "physics/transform.h"
+#include "physics/components/transform.h"
 
 namespace ZOVEngine {
 namespace {
@@ -22,8 +22,8 @@ std::vector<std::string> OwnFields(const rttr::type& type) {
   for (const rttr::property& property : type.get_properties()) {
     if (property.get_declaring_type() != type) continue;
     fields.push_back(property.get_name().to_string() + "|" +
-                     property.get_metadata("typeinfo").to_string() + "|" +
-                     property.get_metadata("name").to_string());
+                     property.get_metadata("typeinfo").get_value<std::string>() + "|" +
+                     property.get_metadata("name").get_value<std::string>());
   }
   return fields;
 }
@@ -34,7 +34,7 @@ TEST(Reflection, ComponentClassesCarryTheirNames) {
     const rttr::type type = rttr::type::get_by_name(std::string("ZOVEngine::") + name);
     ASSERT_TRUE(type.is_valid()) << name;
     EXPECT_TRUE(type.get_metadata("isInspect").to_bool()) << name;
-    EXPECT_EQ(type.get_metadata("componentname").to_string(), name);
+    EXPECT_EQ(type.get_metadata("componentname").get_value<std::string>(), name);
     EXPECT_FALSE(type.get_metadata("systemname").is_valid()) << name;
   }
 }
@@ -44,14 +44,15 @@ TEST(Reflection, SystemClassesCarryTheirNames) {
                            "PhysicsSystem", "ColliderSystem", "RenderSystem", "AudioSystem"}) {
     const rttr::type type = rttr::type::get_by_name(std::string("ZOVEngine::") + name);
     ASSERT_TRUE(type.is_valid()) << name;
-    EXPECT_EQ(type.get_metadata("systemname").to_string(), name);
+    EXPECT_EQ(type.get_metadata("systemname").get_value<std::string>(), name);
   }
 }
 
 TEST(Reflection, TheActiveFlagIsInheritedByAll) {
   const rttr::type base = rttr::type::get<GameComponentBase>();
   EXPECT_THAT(OwnFields(base), ElementsAre("m_active|bool|Active"));
-  EXPECT_EQ(base.get_property("m_active").get_metadata("DisplayMode").to_string(), "default");
+  EXPECT_EQ(base.get_property("m_active").get_metadata("DisplayMode").get_value<std::string>(),
+            "default");
   for (const char* name : {"Transform", "RigidBody", "ColliderHolder", "Font", "Animation"}) {
     const rttr::type type = rttr::type::get_by_name(std::string("ZOVEngine::") + name);
     EXPECT_TRUE(type.is_derived_from(base)) << name;

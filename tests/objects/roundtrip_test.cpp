@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <string>
 
+#include "game/levels/levelobjects.h"
 #include "objects/gameobjfactory.h"
-#include "objects/levelobjects.h"
 #include "support/reports.h"
 #include "support/world.h"
 

@@ -9,7 +9,7 @@
 #include <limits>
 #include <memory>
 
-#include "core/profile.h"
+#include "core/base/profile.h"
 #include "physics/physicsfixture.h"
 #include "render/rendersystem.h"
 #include "support/reports.h"
@@ -130,7 +130,7 @@ TEST(ColliderSystem, SetDebugReachesEveryHolderByName) {
   world.LoadObjects(Record("a", {{"ColliderHolder", "{}"}}) + "," +
                     Record("b", {{"ColliderHolder", "{}"}}));
   const rttr::type type = rttr::type::get_by_name("ZOVEngine::ColliderSystem");
-  EXPECT_EQ(type.get_metadata("systemname").to_string(), "ColliderSystem");
+  EXPECT_EQ(type.get_metadata("systemname").get_value<std::string>(), "ColliderSystem");
   type.get_method("SetDebug").invoke(*g_collider_system, true);
   EXPECT_TRUE(world.Find("a")->GetComponent<ColliderHolder>()->m_debug);
   EXPECT_TRUE(world.Find("b")->GetComponent<ColliderHolder>()->m_debug);

@@ -5,9 +5,9 @@
 #include <memory>
 
 #include "gameobj.h"
-#include "physics/colliderholder.h"
+#include "physics/components/colliderholder.h"
+#include "physics/components/transform.h"
 #include "physics/contacttests.h"
-#include "physics/transform.h"
 
 namespace ZOVEngine {
 namespace {

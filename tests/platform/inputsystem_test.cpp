@@ -183,7 +183,7 @@ TEST_F(InputSystemTest, TheDestructorSaysSo) {
 TEST_F(InputSystemTest, ReflectionKnowsItAsASystem) {
   const rttr::type type = rttr::type::get_by_name("ZOVEngine::InputSystem");
   ASSERT_TRUE(type.is_valid());
-  EXPECT_EQ(type.get_metadata("systemname").to_string(), "InputSystem");
+  EXPECT_EQ(type.get_metadata("systemname").get_value<std::string>(), "InputSystem");
   const System* base = input.get();
   EXPECT_EQ(rttr::type::get(*base), type);
 }

@@ -192,7 +192,7 @@ TEST_F(WindowSystemDeathTest, AFailedAssertionShowsItsBoxThroughThePlatform) {
 TEST_F(WindowSystemTest, ReflectionKnowsItAsASystem) {
   const rttr::type type = rttr::type::get_by_name("ZOVEngine::WindowSystem");
   ASSERT_TRUE(type.is_valid());
-  EXPECT_EQ(type.get_metadata("systemname").to_string(), "WindowSystem");
+  EXPECT_EQ(type.get_metadata("systemname").get_value<std::string>(), "WindowSystem");
   const System* base = window.get();
   EXPECT_EQ(rttr::type::get(*base), type);
 }

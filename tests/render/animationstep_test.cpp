@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include "game/enemy.h"
-#include "game/environmentdamage.h"
-#include "game/player.h"
+#include "game/hazards/environmentdamage.h"
+#include "game/units/enemy.h"
+#include "game/units/player.h"
 #include "support/scene.h"
 
 namespace carapace_test {

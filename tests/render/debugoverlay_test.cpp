@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
 #include "core/engine.h"
-#include "physics/colliderholder.h"
 #include "physics/collidersystem.h"
+#include "physics/components/colliderholder.h"
 #include "support/scene.h"
 
 namespace carapace_test {

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "physicssystem.h"
-#include "render/particlefountain.h"
+#include "render/components/particlefountain.h"
 #include "support/reports.h"
 
 namespace carapace_test {

@@ -7,7 +7,7 @@
 
 #include "game/camera.h"
 #include "platform/windowsystem.h"
-#include "render/particle.h"
+#include "render/components/particle.h"
 #include "support/reports.h"
 #include "support/scene.h"
 

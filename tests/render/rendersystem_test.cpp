@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <rttr/type>
 
-#include "core/profile.h"
+#include "core/base/profile.h"
 #include "platform/windowsystem.h"
 #include "render/graphicsconfig.h"
 #include "render/picturefiles.h"
@@ -64,7 +64,7 @@ TEST(RenderSystemTest, StandsInItsGlobalAndRegistersItsThreeTables) {
 TEST(RenderSystemTest, IsKnownToReflectionByItsName) {
   World world;
   const rttr::type type = rttr::type::get(static_cast<System&>(*g_render_system));
-  EXPECT_EQ(type.get_metadata("systemname").to_string(), "RenderSystem");
+  EXPECT_EQ(type.get_metadata("systemname").get_value<std::string>(), "RenderSystem");
 }
 
 TEST(RenderSystemTest, StartsWithNothingSelectedAndNoDebugDrawing) {

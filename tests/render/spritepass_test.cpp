@@ -1,8 +1,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "game/environmentdamage.h"
-#include "game/environmentrough.h"
+#include "game/hazards/environmentdamage.h"
+#include "game/hazards/environmentrough.h"
 #include "support/reports.h"
 #include "support/scene.h"
 

@@ -10,8 +10,8 @@
 #include <iostream>
 #include <string>
 
+#include "core/base/random.h"
 #include "core/messages.h"
-#include "core/random.h"
 #include "game/level00hash.h"
 #include "game/level00world.h"
 #include "support/autoplayer.h"

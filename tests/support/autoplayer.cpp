@@ -3,15 +3,15 @@
 #include <algorithm>
 #include <cmath>
 
-#include "game/deathfield.h"
-#include "game/enemy.h"
-#include "game/environmentblackhole.h"
-#include "game/environmentdamage.h"
-#include "game/environmentrough.h"
-#include "game/player.h"
+#include "game/hazards/deathfield.h"
+#include "game/hazards/environmentblackhole.h"
+#include "game/hazards/environmentdamage.h"
+#include "game/hazards/environmentrough.h"
+#include "game/units/enemy.h"
+#include "game/units/player.h"
 #include "objects/gameobjfactory.h"
-#include "physics/colliderholder.h"
-#include "physics/transform.h"
+#include "physics/components/colliderholder.h"
+#include "physics/components/transform.h"
 #include "platform/inputsystem.h"
 
 namespace carapace_test {

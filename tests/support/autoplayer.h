@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "game/gamecontroller.h"
+#include "game/turns/gamecontroller.h"
 #include "support/gameinput.h"
 #include "support/world.h"
 

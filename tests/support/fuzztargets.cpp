@@ -7,13 +7,13 @@
 #include <optional>
 #include <stdexcept>
 
+#include "game/levels/levelobjects.h"
 #include "objects/gameobjfactory.h"
-#include "objects/levelobjects.h"
 #include "physics/collidersystem.h"
 #include "physicssystem.h"
 #include "platform/windowsystem.h"
 #include "render/graphicsconfig.h"
-#include "render/image.h"
+#include "render/images/image.h"
 #include "render/rendersystem.h"
 #include "support/reports.h"
 

@@ -1,8 +1,8 @@
 #include "support/levelgame.h"
 
-#include "core/random.h"
+#include "core/base/random.h"
 #include "core/statemachine.h"
-#include "game/levelsave.h"
+#include "game/levels/levelsave.h"
 #include "render/rendersystem.h"
 
 namespace carapace_test {

@@ -13,7 +13,7 @@
 #include <stb/stb_image_write.h>
 #pragma GCC diagnostic pop
 
-#include "render/image.h"
+#include "render/images/image.h"
 
 namespace carapace_test {
 

@@ -4,8 +4,8 @@
 #include <cmath>
 #include <limits>
 
+#include "core/base/matrix4x4.h"
 #include "core/engine.h"
-#include "core/matrix4x4.h"
 
 namespace carapace_test {
 

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "core/vector3d.h"
+#include "core/base/vector3d.h"
 
 namespace carapace_test {
 

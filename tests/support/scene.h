@@ -5,12 +5,12 @@
 
 #include "objects/gameobjfactory.h"
 #include "objects/statec.h"
-#include "physics/transform.h"
-#include "render/animation.h"
-#include "render/font.h"
-#include "render/imodel.h"
-#include "render/light.h"
-#include "render/render.h"
+#include "physics/components/transform.h"
+#include "render/components/animation.h"
+#include "render/components/font.h"
+#include "render/components/imodel.h"
+#include "render/components/light.h"
+#include "render/components/render.h"
 #include "render/rendersystem.h"
 #include "support/world.h"
 

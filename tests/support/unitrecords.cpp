@@ -7,7 +7,7 @@
 #include <stdexcept>
 
 #include "audio/audiosource.h"
-#include "game/gamecontroller.h"
+#include "game/turns/gamecontroller.h"
 #include "physicssystem.h"
 #include "support/reports.h"
 

@@ -4,7 +4,7 @@
 #include <sstream>
 
 #include "core/statemachine.h"
-#include "physics/transform.h"
+#include "physics/components/transform.h"
 #include "platform/windowsystem.h"
 
 namespace carapace_test {

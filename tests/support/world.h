@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "core/winmain.h"
+#include "core/app/winmain.h"
 #include "gameobj.h"
 #include "objects/gameobjfactory.h"
 #include "support/fakedevice.h"

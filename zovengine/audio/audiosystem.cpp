@@ -7,8 +7,8 @@
 #include "core/messages.h"
 #include "objects/gameobjfactory.h"
 #include "objects/reflection.h"
-#include "physics/rigidbody.h"
-#include "physics/transform.h"
+#include "physics/components/rigidbody.h"
+#include "physics/components/transform.h"
 
 RTTR_REGISTRATION {
   using ZOVEngine::AudioSystem;

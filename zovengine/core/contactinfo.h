@@ -2,8 +2,8 @@
 
 #include <cstdint>
 
-#include "core/fixedlist.h"
-#include "core/vector3d.h"
+#include "core/base/fixedlist.h"
+#include "core/base/vector3d.h"
 
 namespace ZOVEngine {
 

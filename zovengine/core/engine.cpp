@@ -1,6 +1,6 @@
 #include "core/engine.h"
 
-#include "core/profile.h"
+#include "core/base/profile.h"
 
 namespace ZOVEngine {
 

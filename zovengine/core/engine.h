@@ -3,7 +3,7 @@
 #include <functional>
 #include <vector>
 
-#include "core/clock.h"
+#include "core/base/clock.h"
 #include "core/messages.h"
 #include "core/system.h"
 

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "core/base/vector3d.h"
 #include "core/contactinfo.h"
-#include "core/vector3d.h"
 
 namespace ZOVEngine {
 

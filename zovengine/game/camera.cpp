@@ -4,10 +4,10 @@
 #include <ctime>
 #include <iostream>
 
-#include "core/random.h"
-#include "game/gamecontroller.h"
+#include "core/base/random.h"
 #include "game/objectquery.h"
-#include "physics/transform.h"
+#include "game/turns/gamecontroller.h"
+#include "physics/components/transform.h"
 
 namespace ZOVEngine {
 namespace {

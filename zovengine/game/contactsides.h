@@ -4,10 +4,10 @@
 
 #include "core/contactinfo.h"
 #include "game/objectquery.h"
-#include "game/unit.h"
+#include "game/units/unit.h"
 #include "objects/gameobjfactory.h"
-#include "physics/colliderholder.h"
-#include "physics/rigidbody.h"
+#include "physics/components/colliderholder.h"
+#include "physics/components/rigidbody.h"
 
 namespace ZOVEngine {
 

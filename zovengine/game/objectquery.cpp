@@ -2,7 +2,7 @@
 
 #include "audio/audiosource.h"
 #include "core/messages.h"
-#include "game/gamecontroller.h"
+#include "game/turns/gamecontroller.h"
 #include "objects/gameobjfactory.h"
 #include "objects/statec.h"
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <iostream>
 
+#include "core/base/profile.h"
 #include "core/messages.h"
-#include "core/profile.h"
 #include "objects/builtintables.h"
 #include "objects/playercreator.h"
 #include "objects/reflection.h"

@@ -6,13 +6,13 @@
 #include <stdexcept>
 #include <typeinfo>
 
+#include "core/base/prefetch.h"
+#include "core/base/profile.h"
 #include "core/engine.h"
-#include "core/prefetch.h"
-#include "core/profile.h"
 #include "objects/gameobjfactory.h"
 #include "objects/parallellists.h"
 #include "objects/reflection.h"
-#include "physics/rigidbody.h"
+#include "physics/components/rigidbody.h"
 #include "zovassert.h"
 
 RTTR_REGISTRATION {

@@ -9,12 +9,12 @@
 #include "core/messages.h"
 #include "core/system.h"
 #include "objects/componentmanager.h"
-#include "physics/colliderholder.h"
+#include "physics/components/colliderholder.h"
+#include "physics/components/rigidbody.h"
+#include "physics/components/transform.h"
 #include "physics/contacttests.h"
 #include "physics/overlapfinder.h"
 #include "physics/quadtree.h"
-#include "physics/rigidbody.h"
-#include "physics/transform.h"
 
 namespace ZOVEngine {
 

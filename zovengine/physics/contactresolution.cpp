@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "core/prefetch.h"
+#include "core/base/prefetch.h"
 #include "objects/gameobjfactory.h"
 #include "zovassert.h"
 

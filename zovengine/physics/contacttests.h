@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/contactinfo.h"
-#include "physics/colliderholder.h"
+#include "physics/components/colliderholder.h"
 
 namespace ZOVEngine {
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "physics/rigidbody.h"
-#include "physics/transform.h"
+#include "physics/components/rigidbody.h"
+#include "physics/components/transform.h"
 
 namespace ZOVEngine {
 

@@ -5,7 +5,7 @@
 #include <functional>
 #include <vector>
 
-#include "core/vector3d.h"
+#include "core/base/vector3d.h"
 
 namespace ZOVEngine {
 

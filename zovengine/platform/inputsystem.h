@@ -2,8 +2,8 @@
 
 #include <cstdint>
 
+#include "core/base/vector3d.h"
 #include "core/system.h"
-#include "core/vector3d.h"
 
 namespace ZOVEngine {
 

@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <string>
 
+#include "core/base/vector3d.h"
 #include "core/system.h"
-#include "core/vector3d.h"
 #include "platform/native.h"
 
 namespace ZOVEngine {

@@ -1,12 +1,12 @@
 #include "render/animationstep.h"
 
-#include "game/enemy.h"
-#include "game/player.h"
+#include "game/units/enemy.h"
+#include "game/units/player.h"
 #include "objects/componentmanager.h"
 #include "objects/statec.h"
-#include "render/animation.h"
+#include "render/components/animation.h"
+#include "render/components/render.h"
 #include "render/painter.h"
-#include "render/render.h"
 
 namespace ZOVEngine {
 namespace {

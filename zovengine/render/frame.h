@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <vector>
 
-#include "core/matrix4x4.h"
-#include "core/vector3d.h"
+#include "core/base/matrix4x4.h"
+#include "core/base/vector3d.h"
 
 namespace ZOVEngine {
 

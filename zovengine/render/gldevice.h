@@ -6,7 +6,7 @@
 #include <string>
 
 #include "render/frame.h"
-#include "render/image.h"
+#include "render/images/image.h"
 
 namespace ZOVEngine {
 

@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "render/components/imodel.h"
 #include "render/frame.h"
-#include "render/imodel.h"
 
 namespace ZOVEngine {
 

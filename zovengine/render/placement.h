@@ -1,8 +1,8 @@
 #pragma once
 
-#include "physics/transform.h"
+#include "physics/components/transform.h"
+#include "render/components/render.h"
 #include "render/frame.h"
-#include "render/render.h"
 
 namespace ZOVEngine {
 

@@ -10,16 +10,16 @@
 #include <glm/ext/matrix_clip_space.hpp>
 #include <glm/mat4x4.hpp>
 
-#include "core/profile.h"
+#include "core/base/profile.h"
 #include "objects/gameobjfactory.h"
 #include "objects/reflection.h"
 #include "platform/virtualkeys.h"
 #include "platform/windowsystem.h"
-#include "render/animation.h"
+#include "render/components/animation.h"
+#include "render/components/imodel.h"
 #include "render/gldevice.h"
 #include "render/graphicsconfig.h"
-#include "render/imagequeue.h"
-#include "render/imodel.h"
+#include "render/images/imagequeue.h"
 
 RTTR_REGISTRATION {
   using ZOVEngine::RenderSystem;

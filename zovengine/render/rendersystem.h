@@ -10,15 +10,15 @@
 #include "core/system.h"
 #include "game/camera.h"
 #include "objects/componentmanager.h"
-#include "physics/transform.h"
-#include "render/font.h"
+#include "physics/components/transform.h"
+#include "render/components/font.h"
+#include "render/components/light.h"
+#include "render/components/render.h"
 #include "render/frame.h"
 #include "render/gldevice.h"
-#include "render/glyphs.h"
-#include "render/light.h"
+#include "render/images/glyphs.h"
 #include "render/painter.h"
 #include "render/passes.h"
-#include "render/render.h"
 
 namespace ZOVEngine {
 

@@ -3,15 +3,15 @@
 #include <string_view>
 
 #include "game/camera.h"
-#include "game/environmentdamage.h"
-#include "game/environmentrough.h"
+#include "game/hazards/environmentdamage.h"
+#include "game/hazards/environmentrough.h"
 #include "objects/statec.h"
-#include "physics/colliderholder.h"
-#include "physics/transform.h"
-#include "render/animation.h"
-#include "render/imodel.h"
-#include "render/particle.h"
-#include "render/render.h"
+#include "physics/components/colliderholder.h"
+#include "physics/components/transform.h"
+#include "render/components/animation.h"
+#include "render/components/imodel.h"
+#include "render/components/particle.h"
+#include "render/components/render.h"
 
 namespace ZOVEngine {
 namespace {

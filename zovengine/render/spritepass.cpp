@@ -2,9 +2,9 @@
 #include <cmath>
 
 #include "objects/statec.h"
-#include "physics/colliderholder.h"
+#include "physics/components/colliderholder.h"
 #include "render/animationstep.h"
-#include "render/imodel.h"
+#include "render/components/imodel.h"
 #include "render/passes.h"
 #include "render/placement.h"
 #include "render/rendersystem.h"

@@ -3,9 +3,9 @@
 #include <string>
 #include <vector>
 
-#include "core/vector3d.h"
+#include "core/base/vector3d.h"
 #include "render/frame.h"
-#include "render/glyphs.h"
+#include "render/images/glyphs.h"
 
 namespace ZOVEngine {
 

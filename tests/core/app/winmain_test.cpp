@@ -1,0 +1,216 @@
+#include "core/app/winmain.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+#include <typeinfo>
+#include <vector>
+
+#include "audio/audiosystem.h"
+#include "core/app/logicsystem.h"
+#include "physics/collidersystem.h"
+#include "physicssystem.h"
+#include "platform/inputsystem.h"
+#include "platform/windowsystem.h"
+#include "render/components/animation.h"
+#include "render/components/font.h"
+#include "render/rendersystem.h"
+#include "support/reports.h"
+#include "support/world.h"
+
+namespace ZOVEngine {
+namespace {
+
+using carapace_test::Files;
+using carapace_test::OutputOf;
+using carapace_test::Record;
+using carapace_test::TransformAt;
+using carapace_test::World;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+
+constexpr const char* kSplashObjects = "Level Editor/Levels/SplashScreen/Entity/Units.json";
+
+std::string ObjectFile(const std::string& records) {
+  return "{\"GameObjFactory\": [" + records + "]}";
+}
+
+template <class T>
+bool IsA(const System* system) {
+  return typeid(*system) == typeid(T);
+}
+
+TEST(WinMain, TheEightSystemsStandInTheirOrder) {
+  const World world;
+  const std::vector<System*>& systems = g_engine->systems;
+  ASSERT_EQ(systems.size(), 8u);
+  EXPECT_TRUE(IsA<GameObjFactory>(systems[0]));
+  EXPECT_TRUE(IsA<WindowSystem>(systems[1]));
+  EXPECT_TRUE(IsA<InputSystem>(systems[2]));
+  EXPECT_TRUE(IsA<LogicSystem>(systems[3]));
+  EXPECT_TRUE(IsA<PhysicsSystem>(systems[4]));
+  EXPECT_TRUE(IsA<ColliderSystem>(systems[5]));
+  EXPECT_TRUE(IsA<RenderSystem>(systems[6]));
+  EXPECT_TRUE(IsA<AudioSystem>(systems[7]));
+}
+
+TEST(WinMain, EachSystemIsReachedThroughItsOwnPointer) {
+  const World world;
+  const std::vector<System*>& systems = g_engine->systems;
+  EXPECT_EQ(g_game_obj_factory, systems[0]);
+  EXPECT_EQ(g_window_system, systems[1]);
+  EXPECT_EQ(g_input_system, systems[2]);
+  EXPECT_EQ(g_logic_system, systems[3]);
+  EXPECT_EQ(g_physics_system, systems[4]);
+  EXPECT_EQ(g_collider_system, systems[5]);
+  EXPECT_EQ(g_render_system, systems[6]);
+  EXPECT_EQ(g_state_machine, &g_logic_system->m_machine);
+}
+
+TEST(WinMain, TheEngineStartsRunningAndUnpaused) {
+  const World world;
+  EXPECT_TRUE(g_engine->running);
+  EXPECT_FALSE(g_engine->paused);
+}
+
+/// The engine after its systems were made and before any Init.
+class CreatedEngine {
+ public:
+  CreatedEngine() {
+    for (const auto& [path, text] : World::BaseFiles()) m_directory.Write(path, text);
+    g_native = &m_native;
+    g_gl_device = &m_device;
+    CreateEngine();
+  }
+  ~CreatedEngine() {
+    DestroyEngine();
+    g_gl_device = nullptr;
+  }
+  CreatedEngine(const CreatedEngine&) = delete;
+  CreatedEngine& operator=(const CreatedEngine&) = delete;
+
+ private:
+  carapace_test::TempDirectory m_directory;
+  carapace_test::FakeNative m_native;
+  carapace_test::FakeDevice m_device;
+};
+
+template <class... T>
+void ExpectTables(bool registered) {
+  EXPECT_THAT((std::vector<bool>{g_component_tables->count(&typeid(T)) == 1 ...}),
+              ::testing::Each(registered));
+}
+
+template <class... T>
+void ExpectLogicTables(TypeList<T...>) {
+  // The factory's own two are registered by its Init.
+  EXPECT_THAT(
+      (std::vector<bool>{g_component_tables->count(&typeid(T)) == 1 ||
+                         std::is_same_v<T, ParticleSystemC> || std::is_same_v<T, Waypoint>...}),
+      ::testing::Each(true));
+}
+
+TEST(WinMain, ConstructorsRegisterTheTablesOfTheirSystems) {
+  const CreatedEngine engine;
+  ExpectLogicTables(LogicTables());
+  ExpectTables<Transform, RigidBody, ColliderHolder, Render, Animation, Font>(true);
+  ExpectTables<ParticleSystemC, Waypoint>(false);
+  EXPECT_EQ(g_component_tables->size(), 22u + 6u);
+}
+
+TEST(WinMain, ABroadcastBeforeTheStatesAreMadeIsDropped) {
+  const CreatedEngine engine;
+  KeyUp message(65);
+  EXPECT_TRUE(g_logic_system->m_machine.m_states.empty());
+  g_engine->Broadcast(&message);
+  EXPECT_TRUE(g_engine->running);
+}
+
+TEST(WinMain, TheFirstScreenIsLoadedBeforeTheLaterSystemsStart) {
+  World world(
+      Files{{kSplashObjects, ObjectFile(Record("logo", {{"Transform", TransformAt(3, 4)}}))}});
+  // The start of the physics system derives the world transforms once, so the object was there.
+  EXPECT_EQ(world.Find("logo")->GetComponent<Transform>()->m_world_pos, Vector3D(3, 4, 1));
+}
+
+TEST(WinMain, TheHeadOfAStepDerivesWorldTransforms) {
+  World world;
+  world.LoadObjects(Record("thing", {{"Transform", TransformAt(3, 4)}}));
+  Transform& transform = *world.Find("thing")->GetComponent<Transform>();
+  EXPECT_EQ(transform.m_world_pos, Vector3D(0, 0, 1));
+  BeginStep();
+  EXPECT_EQ(transform.m_world_pos, Vector3D(3, 4, 1));
+}
+
+TEST(WinMain, WorldTransformsAreDerivedInEveryStepPausedOrNot) {
+  for (const bool paused : {false, true}) {
+    World world;
+    g_engine->paused = paused;
+    world.LoadObjects(Record("thing", {{"Transform", TransformAt(3, 4)}}));
+    world.Step();
+    EXPECT_EQ(world.Find("thing")->GetComponent<Transform>()->m_world_pos, Vector3D(3, 4, 1));
+  }
+}
+
+TEST(WinMain, TheSystemsAreDeletedInTheirOrder) {
+  World world;
+  const std::string output = OutputOf([&] { world.Shutdown(); });
+  std::size_t last = 0;
+  for (const char* name :
+       {"WindowSystem", "InputSystem", "PhysicsSystem", "ColliderSystem", "RenderSystem"}) {
+    const std::size_t at = output.find(std::string("Destructor of ") + name + "\n");
+    ASSERT_NE(at, std::string::npos) << name;
+    EXPECT_GE(at, last) << name;
+    last = at;
+  }
+}
+
+TEST(WinMain, TheTeardownClearsEveryGlobalPointer) {
+  World world;
+  world.Shutdown();
+  EXPECT_EQ(g_engine, nullptr);
+  EXPECT_EQ(g_game_obj_factory, nullptr);
+  EXPECT_EQ(g_component_tables, nullptr);
+  EXPECT_EQ(g_window_system, nullptr);
+  EXPECT_EQ(g_input_system, nullptr);
+  EXPECT_EQ(g_logic_system, nullptr);
+  EXPECT_EQ(g_state_machine, nullptr);
+  EXPECT_EQ(g_physics_system, nullptr);
+  EXPECT_EQ(g_collider_system, nullptr);
+  EXPECT_EQ(g_render_system, nullptr);
+}
+
+TEST(WinMain, AnEngineCanBeBuiltTwiceInOneProcess) {
+  { const World first; }
+  World second;
+  second.Step(2);
+  EXPECT_TRUE(g_engine->running);
+}
+
+TEST(WinMain, ADestroyedWindowEndsTheProgramAfterTheStep) {
+  World world;
+  world.native.Push(NativeEventKind::kDestroy);
+  world.Step();
+  EXPECT_FALSE(g_engine->running);
+}
+
+TEST(WinMain, TheShippedScreensRunForASecond) {
+  World world(World::ShippedFiles());
+  world.Step(60);
+  EXPECT_TRUE(g_engine->running);
+  EXPECT_NE(world.Find("splash"), nullptr);
+}
+
+TEST(WinMain, TheSameRunGivesTheSameState) {
+  std::vector<std::uint64_t> hashes;
+  for (int run = 0; run < 2; ++run) {
+    World world(World::ShippedFiles());
+    world.Step(200);
+    hashes.push_back(world.Hash());
+  }
+  EXPECT_EQ(hashes[0], hashes[1]);
+}
+
+}  // namespace
+}  // namespace ZOVEngine

@@ -1,0 +1,161 @@
+#pragma once
+
+#include <cmath>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "core/base/matrix4x4.h"
+#include "core/base/random.h"
+#include "render/frame.h"
+#include "render/gl/gloptions.h"
+#include "render/gldevice.h"
+#include "render/images/image.h"
+#include "support/glcontext.h"
+
+namespace carapace_test {
+
+inline constexpr int kSceneWidth = 480;
+inline constexpr int kSceneHeight = 270;
+inline constexpr std::uint32_t kSceneTextures = 12;
+
+/// The game's projection at an aspect of 16 to 9.
+inline ZOVEngine::Matrix4x4 SceneProjection() {
+  const float near = 0.1f;
+  const float far = 3000.0f;
+  const float high = 1.0f / std::tan(0.39269909f);
+  ZOVEngine::Matrix4x4 out;
+  out.at[0][0] = high * 9.0f / 16.0f;
+  out.at[1][1] = high;
+  out.at[2][2] = -(far + near) / (far - near);
+  out.at[2][3] = -2.0f * far * near / (far - near);
+  out.at[3][2] = -1.0f;
+  return out;
+}
+
+/// An image of coloured stripes and soft alpha that differs from number to number, in sizes that
+/// are and that are not powers of two.
+inline ZOVEngine::Image SceneImage(std::uint32_t number) {
+  constexpr int kSizes[][2] = {{64, 64}, {100, 60}, {33, 17}, {1, 1}, {128, 32}, {90, 90}};
+  ZOVEngine::Image image;
+  image.width = kSizes[number % 6][0];
+  image.height = kSizes[number % 6][1];
+  const int n = static_cast<int>(number);
+  for (int y = 0; y < image.height; ++y) {
+    for (int x = 0; x < image.width; ++x) {
+      const bool stripe = (x / 7 + y / 5 + n) % 3 == 0;
+      const int values[4] = {(40 * n + 3 * x) % 256, stripe ? 230 : 60, (90 + 25 * n + 2 * y) % 256,
+                             n % 4 == 1 ? 128 + (x + y) % 128 : 255};
+      for (const int value : values) image.pixels.push_back(static_cast<std::uint8_t>(value));
+    }
+  }
+  return image;
+}
+
+/// The coverage of a made-up glyph: a ring that touches the edges, so that a wrong edge shows.
+inline std::vector<std::uint8_t> SceneGlyph(int width, int height) {
+  std::vector<std::uint8_t> coverage;
+  for (int y = 0; y < height; ++y) {
+    for (int x = 0; x < width; ++x) {
+      const bool edge = x < 3 || y < 3 || x >= width - 3 || y >= height - 3;
+      coverage.push_back(static_cast<std::uint8_t>(edge ? 255 - 20 * ((x + y) % 4) : 30 * (x % 3)));
+    }
+  }
+  return coverage;
+}
+
+/// Random floats from the engine's own generator, so that a scene is the same everywhere.
+inline float RandomFloat(float low, float high) {
+  return low + (high - low) * static_cast<float>(ZOVEngine::Rand()) / 32767.0f;
+}
+
+/// A frame seen from 1303.5 units away, so that 1080 units fill the height.
+inline ZOVEngine::Frame EmptyFrame() {
+  ZOVEngine::Frame frame;
+  frame.view = ZOVEngine::Matrix4x4::Identity();
+  frame.view.m[11] = -1303.5f;
+  frame.view_pos = ZOVEngine::Vector3D(0.0f, 0.0f, -1303.5f);
+  return frame;
+}
+
+inline ZOVEngine::DrawCommand QuadCommand(
+    float x, float y, float width, float height, std::uint32_t texture,
+    ZOVEngine::Program program = ZOVEngine::Program::kDefault) {
+  ZOVEngine::DrawCommand command;
+  command.program = program;
+  command.texture = texture;
+  command.placement.translate = ZOVEngine::Vector3D(x, y, 1.0f);
+  command.placement.scale = ZOVEngine::Vector3D(width, height, 1.0f);
+  return command;
+}
+
+inline void SetColour(ZOVEngine::DrawCommand* command, float r, float g, float b, float a) {
+  const float colour[4] = {r, g, b, a};
+  for (int i = 0; i < 4; ++i) command->colour[i] = colour[i];
+}
+
+/// `count` sprites at random places, turned and tinted at random.
+inline void AddRandomQuads(ZOVEngine::Frame* frame, int count,
+                           ZOVEngine::Program program = ZOVEngine::Program::kDefault) {
+  for (int i = 0; i < count; ++i) {
+    auto& command = frame->commands.emplace_back(QuadCommand(
+        RandomFloat(-900, 900), RandomFloat(-500, 500), RandomFloat(20, 260), RandomFloat(20, 260),
+        static_cast<std::uint32_t>(i * 7) % kSceneTextures, program));
+    if (i % 3) command.placement.rotate_radians = RandomFloat(-3.0f, 3.0f);
+    SetColour(&command, RandomFloat(0, 1), RandomFloat(0, 1), RandomFloat(0, 1),
+              RandomFloat(0.3f, 1));
+  }
+}
+
+inline ZOVEngine::LightRecord LightAt(float x, float y) {
+  ZOVEngine::LightRecord light;
+  light.position = ZOVEngine::Vector3D(x, y, 1.0f);
+  light.ambient = ZOVEngine::Vector3D(0.3f, 0.2f, 0.1f);
+  light.diffuse = ZOVEngine::Vector3D(0.9f, 0.7f, 0.5f);
+  light.specular = ZOVEngine::Vector3D(0.5f, 0.8f, 1.0f);
+  light.ambientStr = 0.4f;
+  light.diffuseStr = 0.8f;
+  light.specularStr = 0.6f;
+  return light;
+}
+
+inline void AddRandomLights(ZOVEngine::Frame* frame, int count) {
+  for (int i = 0; i < count; ++i) {
+    auto& light =
+        frame->lights.emplace_back(LightAt(RandomFloat(-900, 900), RandomFloat(-500, 500)));
+    light.diffuse = ZOVEngine::Vector3D(RandomFloat(0, 1), RandomFloat(0, 1), RandomFloat(0, 1));
+    light.position.z = RandomFloat(-20, 60);
+  }
+}
+
+/// Gives a device or a reference renderer everything that the scenes draw with.
+template <typename Renderer>
+void UploadScene(Renderer* renderer) {
+  for (std::uint32_t i = 0; i < kSceneTextures; ++i) renderer->UploadTexture(i, SceneImage(i));
+  for (int i = 0; i < 20; ++i) {
+    const int width = 9 + 5 * (i % 6);
+    const int height = 14 + 7 * (i % 4);
+    renderer->UploadGlyph(width, height, SceneGlyph(width, height).data());
+  }
+}
+
+/// A device that is ready to draw scenes, in the current context.
+inline std::unique_ptr<ZOVEngine::GLDevice> SceneDevice(const ZOVEngine::GLOptions& options = {}) {
+  using ZOVEngine::Program;
+  auto device = ZOVEngine::MakeGLDeviceWith(options, KeepBackBuffer, KeepInterval);
+  device->Start();
+  const std::pair<Program, const char*> kPrograms[] = {{Program::kDefault, "default"},
+                                                       {Program::kInstance, "instance"},
+                                                       {Program::kLight, "light"},
+                                                       {Program::kFont, "font"}};
+  for (const auto& [program, name] : kPrograms) {
+    device->CompileProgram(program, ShaderSource(std::string(name) + ".vert"),
+                           ShaderSource(std::string(name) + ".frag"));
+  }
+  device->CreateResources(SceneProjection());
+  UploadScene(device.get());
+  return device;
+}
+
+}  // namespace carapace_test

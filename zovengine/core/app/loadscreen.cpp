@@ -1,0 +1,28 @@
+#include "core/app/loadscreen.h"
+
+#include "jsonunserializer.h"
+#include "objects/gameobjfactory.h"
+#include "render/rendersystem.h"
+
+namespace ZOVEngine {
+
+void LoadScreen(const std::string& path) {
+  JsonDocument document;
+  document.Open(path);
+  document.Parse();
+  std::string objects;
+  std::string background;
+  ReadValue(document.Root(), "Objects", &objects);
+  ReadValue(document.Root(), "Background", &background);
+  g_game_obj_factory->LoadObjects(objects);
+  g_render_system->m_background_tex = background;
+}
+
+void ShowBackgroundOf(const std::string& path) {
+  JsonDocument document;
+  document.Open(path);
+  document.Parse();
+  ReadValue(document.Root(), "Background", &g_render_system->m_background_tex);
+}
+
+}  // namespace ZOVEngine

@@ -1,0 +1,116 @@
+#include "core/app/logicsystem.h"
+
+#include <filesystem>
+
+#include "core/app/defaultstate.h"
+#include "core/app/leveleditorstate.h"
+#include "core/app/mainmenustate.h"
+#include "core/app/splashstate.h"
+#include "core/base/profile.h"
+#include "objects/reflection.h"
+
+RTTR_REGISTRATION {
+  using ZOVEngine::LogicSystem;
+  ZOVEngine::SystemRegistration<LogicSystem>("LogicSystem");
+}
+
+namespace ZOVEngine {
+
+LogicSystem* g_logic_system = nullptr;
+
+namespace {
+
+constexpr const char* kArchetypeDirectory = "Resources/Archetypes/GameObjects";
+
+template <class... T>
+void UpdateTables(TypeList<T...>, WalksOf<LogicTables>::Type& walks, float dt) {
+  (std::get<TableWalk<T>>(walks).ForEach([dt](T* component) { component->Update(dt); }), ...);
+}
+
+void RegisterTables(GameObjFactory& factory) {
+  factory.RegisterComponent<GameController>("GameController");
+  factory.RegisterComponent<Player>("Player");
+  factory.RegisterComponent<Enemy>("Enemy");
+  factory.RegisterComponent<Button>("Button");
+  factory.RegisterComponent<UIElement>("UIElement");
+  factory.RegisterComponent<Camera>("Camera");
+  factory.RegisterComponent<Pathfinding>("Pathfinding");
+  factory.RegisterComponent<EnvironmentBlackhole>("EnvironmentBlackhole");
+  factory.RegisterComponent<EnvironmentRough>("EnvironmentRough");
+  factory.RegisterComponent<EnvironmentDamage>("EnvironmentDamage");
+  factory.RegisterComponent<EnvironmentDestructible>("EnvironmentDestructible");
+  factory.RegisterComponent<DeathField>("DeathField");
+  factory.RegisterComponent<ProjectileDefault>("ProjectileDefault");
+  factory.RegisterComponent<ProjectilePush>("ProjectilePush");
+  factory.RegisterComponent<ProjectileSwap>("ProjectileSwap");
+  factory.RegisterComponent<ProjectileBounce>("ProjectileBounce");
+  factory.RegisterComponent<ProjectileExplosion>("ProjectileExplosion");
+  factory.RegisterComponent<ProjectileVacuum>("ProjectileVacuum");
+  factory.RegisterComponent<ProjectilePierce>("ProjectilePierce");
+  factory.RegisterComponent<SplashController>("SplashController");
+  factory.RegisterComponent<MainMenuController>("MainMenuController");
+  factory.RegisterComponent<AIComp>("AIComp");
+}
+
+}  // namespace
+
+LogicSystem::LogicSystem() {
+  g_logic_system = this;
+  g_state_machine = &m_machine;
+  RegisterTables(*g_game_obj_factory);
+}
+
+LogicSystem::~LogicSystem() {
+  g_state_machine = nullptr;
+  g_logic_system = nullptr;
+}
+
+void LogicSystem::Init() {
+  m_walks = std::make_unique<Walks::Type>(Walks::Fetch());
+  LoadArchetypes(kArchetypeDirectory);
+  auto& states = m_machine.m_states;
+  states[kSplashState] = std::make_unique<SplashState>();
+  states[kDefaultState] = std::make_unique<DefaultState>();
+  states[kLevelEditorState] = std::make_unique<LevelEditorState>();
+  states[kMainMenuState] = std::make_unique<MainMenuState>();
+  m_machine.m_current = g_start_state;
+  m_machine.m_next = g_start_state;
+  m_machine.At(g_start_state).Enter();
+  m_machine.m_levelPath.clear();
+}
+
+void LogicSystem::LoadArchetypes(const std::string& directory) {
+  std::error_code failed;
+  const std::filesystem::directory_iterator files(directory, failed);
+  ZOV_ASSERT(!failed, directory + "file not found");
+  for (const std::filesystem::directory_entry& entry : files) {
+    const std::string file = entry.path().filename().string();
+    const std::size_t dot = file.find('.');
+    if (dot == std::string::npos || file.substr(dot + 1) != "json") continue;
+    g_game_obj_factory->LoadArchetype(file.substr(0, dot), entry.path().string());
+  }
+}
+
+void LogicSystem::Update(float dt) {
+  const std::int64_t start = NowNanoseconds();
+  m_machine.Step(dt);
+  UpdateTables(LogicTables(), *m_walks, dt);
+  RecordElapsed("Logic", start);
+}
+
+void LogicSystem::PausedUpdate(float dt) {
+  const std::int64_t start = NowNanoseconds();
+  m_machine.Step(dt);
+  std::get<TableWalk<GameController>>(*m_walks).ForEach([](GameController* controller) {
+    if (!controller->m_init) controller->Init();
+  });
+  UpdateTables(PausedLogicTables(), *m_walks, dt);
+  RecordElapsed("Logic", start);
+}
+
+void LogicSystem::SendMessage(Message* message) {
+  const auto state = m_machine.m_states.find(m_machine.m_current);
+  if (state != m_machine.m_states.end()) state->second->SendMessage(message);
+}
+
+}  // namespace ZOVEngine

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "game/camera.h"
+#include "game/hazards/deathfield.h"
+#include "game/hazards/environmentblackhole.h"
+#include "game/hazards/environmentdamage.h"
+#include "game/hazards/environmentdestructible.h"
+#include "game/hazards/environmentrough.h"
+#include "game/movers/pathfinding.h"
+#include "game/movers/waypoint.h"
+#include "game/shots/projectilebounce.h"
+#include "game/shots/projectiledefault.h"
+#include "game/shots/projectileexplosion.h"
+#include "game/shots/projectilepierce.h"
+#include "game/shots/projectilepush.h"
+#include "game/shots/projectileswap.h"
+#include "game/shots/projectilevacuum.h"
+#include "game/turns/gamecontroller.h"
+#include "game/units/aicomp.h"
+#include "game/units/enemy.h"
+#include "game/units/player.h"
+#include "render/components/particlesystemc.h"
+#include "ui/buttons/button.h"
+#include "ui/elements/uielement.h"
+#include "ui/screens/mainmenucontroller.h"
+#include "ui/screens/splashcontroller.h"
+
+namespace ZOVEngine {
+
+template <class... T>
+struct TypeList {};
+
+/// The logic component tables in the order in which a step walks them. This is the one place that
+/// says so: the fetch at start, the walk and the tests are made from it.
+using LogicTables =
+    TypeList<ParticleSystemC, Waypoint, GameController, SplashController, MainMenuController,
+             UIElement, Button, Camera, Pathfinding, EnvironmentBlackhole, EnvironmentRough,
+             EnvironmentDamage, EnvironmentDestructible, DeathField, ProjectileDefault,
+             ProjectilePush, ProjectileSwap, ProjectileBounce, ProjectileExplosion,
+             ProjectileVacuum, ProjectilePierce, Enemy, Player, AIComp>;
+
+/// What stays live in a pause, in the order of its walk.
+using PausedLogicTables = TypeList<ParticleSystemC, UIElement, Button>;
+
+}  // namespace ZOVEngine

@@ -1,0 +1,84 @@
+#include "core/app/winmain.h"
+
+#include <iostream>
+#include <memory>
+#include <vector>
+
+#include "audio/audiosystem.h"
+#include "audio/mixer.h"
+#include "core/app/loadscreen.h"
+#include "core/app/logicsystem.h"
+#include "core/statemachine.h"
+#include "objects/gameobjfactory.h"
+#include "physics/collidersystem.h"
+#include "physicssystem.h"
+#include "platform/inputsystem.h"
+#include "platform/native.h"
+#include "platform/windowsystem.h"
+#include "render/gldevice.h"
+#include "render/rendersystem.h"
+
+namespace ZOVEngine {
+namespace {
+
+void ListCollisionTree(std::vector<TreeRectangle>* out) {
+  g_collider_system->Tree().ForEachNode([out](const Vector3D& min, const Vector3D& max) {
+    out->push_back({min, max});
+  });
+}
+
+}  // namespace
+
+void CreateEngine() {
+  g_engine = new Engine;
+  // One by one: a constructor may rely on the systems before it.
+  g_engine->systems.push_back(new GameObjFactory);
+  g_engine->systems.push_back(new WindowSystem);
+  g_engine->systems.push_back(new InputSystem);
+  g_engine->systems.push_back(new LogicSystem);
+  g_engine->systems.push_back(new PhysicsSystem);
+  g_engine->systems.push_back(new ColliderSystem);
+  g_engine->systems.push_back(new RenderSystem);
+  g_engine->systems.push_back(new AudioSystem);
+  g_render_system->m_tree_lister = ListCollisionTree;
+}
+
+void InitSystems() {
+  for (System* system : g_engine->systems) system->Init();
+}
+
+void DestroyEngine() {
+  for (System* system : g_engine->systems) delete system;
+  delete g_engine;
+  g_engine = nullptr;
+}
+
+void BeginStep() {
+  g_physics_system->UpdateWorldTransforms();
+}
+
+int WinMain() {
+  // Every line as it is written: what led to an end by an exception or a signal must not be lost.
+  std::cout << std::unitbuf;
+  const std::unique_ptr<Native> native = MakeSdlNative();
+  const std::unique_ptr<GLDevice> device = MakeGLDevice(
+      [] { g_native->SwapBuffers(); }, [](int interval) { g_native->SetSwapInterval(interval); });
+  std::unique_ptr<Mixer> mixer = MakeOpenALMixer();
+  g_native = native.get();
+  g_gl_device = device.get();
+  g_mixer = mixer.get();
+  CreateEngine();
+  InitSystems();
+  // A level keeps the background of the screen before it; here there was none.
+  if (g_start_state == kDefaultState) ShowBackgroundOf(g_current_level_path);
+  MainLoop(*g_engine, NowNanoseconds, BeginStep);
+  DestroyEngine();
+  g_mixer = nullptr;
+  mixer.reset();
+  g_gl_device = nullptr;
+  g_native = nullptr;
+  std::cout << "Program Ending" << std::endl;
+  return 0;
+}
+
+}  // namespace ZOVEngine

@@ -1,0 +1,66 @@
+#include "game/hazards/deathfield.h"
+
+#include "game/contactsides.h"
+#include "game/units/player.h"
+#include "objects/reflection.h"
+#include "physics/components/transform.h"
+
+RTTR_REGISTRATION {
+  using ZOVEngine::DeathField;
+  ZOVEngine::ComponentRegistration<DeathField>("DeathField")
+      .Field("m_damage", &DeathField::m_damage, "int", "Damage");
+}
+
+namespace ZOVEngine {
+namespace {
+
+constexpr float kTurnPerStep = 0.3f;  ///< (unit: degrees)
+
+}  // namespace
+
+void DeathField::Unserialize(const Value& value) {
+  ReadValue(value, "m_damage", &m_damage);
+}
+
+void DeathField::Serialize(Writer& writer) {
+  WriteValue(writer, "m_damage", m_damage);
+}
+
+void DeathField::Init() {
+  m_init = true;
+  SetStateOf(m_owner, "loop");
+}
+
+void DeathField::Update(float) {
+  if (!m_init) Init();
+  ZOV_ASSERT(m_owner->parent != nullptr,
+             "object \"" + m_owner->name + "\": a DeathField needs a parent");
+  auto* transform = m_owner->GetComponent<Transform>();
+  if (GameObj* boss = FirstChildNamed(m_owner->parent, "Boss")) {
+    if (const auto* place = FindComponent<Transform>(boss))
+      transform->m_local_pos = place->m_world_pos;
+  }
+  transform->m_local_rotate += kTurnPerStep;
+}
+
+void DeathField::OnCollisionEnter(ContactInfo* contact) {
+  contact->ignored = true;
+  const ContactSides sides(*contact);
+  if (!sides.BothActive()) return;
+  for (GameObj* side : {sides.a, sides.b}) {
+    auto* player = FindComponent<Player>(side);
+    if (player == nullptr) continue;
+    player->m_health = AfterDamage(player->m_health, m_damage);
+    return;
+  }
+}
+
+void DeathField::OnCollisionStay(ContactInfo* contact) {
+  contact->ignored = true;
+}
+
+void DeathField::OnCollisionExit(ContactInfo* contact) {
+  contact->ignored = true;
+}
+
+}  // namespace ZOVEngine

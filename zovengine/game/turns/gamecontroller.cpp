@@ -1,0 +1,151 @@
+#include "game/turns/gamecontroller.h"
+
+#include <ctime>
+
+#include "audio/audiosource.h"
+#include "core/base/random.h"
+#include "core/engine.h"
+#include "core/statemachine.h"
+#include "game/camera.h"
+#include "game/objectquery.h"
+#include "game/units/enemy.h"
+#include "game/units/player.h"
+#include "objects/gameobjfactory.h"
+#include "objects/reflection.h"
+#include "objects/statec.h"
+#include "physics/components/transform.h"
+#include "platform/inputsystem.h"
+#include "render/components/particle.h"
+
+RTTR_REGISTRATION {
+  using ZOVEngine::GameController;
+  ZOVEngine::ComponentRegistration<GameController>("GameController")
+      .Field("m_level_theme", &GameController::m_level_theme, "std::string", "Level Theme")
+      .Field("m_level_map", &GameController::m_level_map, "std::string", "Level Map")
+      .Field("m_debug", &GameController::m_debug, "bool", "Debug");
+}
+
+namespace ZOVEngine {
+namespace {
+
+/// From this speed on a body moves (unit: world units, or degrees, per second).
+constexpr float kRestSpeed = 3.0f;
+
+}  // namespace
+
+void GameController::Unserialize(const Value& value) {
+  ReadValue(value, "m_level_theme", &m_level_theme);
+  ReadValue(value, "m_level_map", &m_level_map);
+}
+
+void GameController::Serialize(Writer& writer) {
+  WriteValue(writer, "m_level_theme", m_level_theme);
+  WriteValue(writer, "m_level_map", m_level_map);
+}
+
+void GameController::Init() {
+  m_init = true;
+  m_rigid_bodies = FetchTable<RigidBody>();
+  ResetFields();
+  StartSounds();
+  BuildLevel(m_level_map);
+  GatherChildren();
+  SeedRand(static_cast<std::uint32_t>(std::time(nullptr)));
+}
+
+void GameController::ResetFields() {
+  m_state = TURN_ENEMY_NEXT;
+  m_camera = nullptr;
+  m_selected = nullptr;
+  m_round = 0;
+  m_turn_start_pos = Vector3D();
+  m_ui_state = "ui_default";
+  m_music_on = m_sfx_on = true;
+  m_debug = m_fade_done = m_banner_done = m_restart = m_quit_to_menu = false;
+}
+
+void GameController::StartSounds() {
+  ZOV_ASSERT(m_owner->HasComponent<AudioSource>(),
+             m_level_map + ": object \"" + m_owner->name +
+                 "\": a GameController needs an AudioSource beside it");
+  AudioSource& source = *m_owner->GetComponent<AudioSource>();
+  if (g_state_machine->m_current != kLevelEditorState) source.PlaySound(m_level_theme);
+  source.PlaySound("button_click.ogg");
+}
+
+void GameController::GatherChildren() {
+  for (GameObj* child : m_owner->children) {
+    if (child->HasComponent<Camera>()) m_camera = child;
+    if (child->HasComponent<Enemy>()) {
+      m_enemies.push_back(child);
+      SetStateOf(child, "spawn");
+    }
+    if (child->HasComponent<Player>()) {
+      m_players.push_back(child);
+      SetStateOf(child, "spawn");
+    }
+  }
+}
+
+void GameController::ResetEnemies() {
+  for (GameObj* object : m_enemies) {
+    Enemy& enemy = *object->GetComponent<Enemy>();
+    if (enemy.m_alive) enemy.m_moved = enemy.m_fired = false;
+  }
+}
+
+void GameController::RequestRestart() {
+  if (auto* source = FindComponent<AudioSource>(m_owner)) source->StopAllSounds();
+  m_restart = true;
+}
+
+void GameController::RequestQuitToMenu() {
+  if (auto* source = FindComponent<AudioSource>(m_owner)) source->StopAllSounds();
+  m_quit_to_menu = true;
+  g_engine->paused = false;
+}
+
+bool GameController::AllPlayersDead() {
+  return EndsWithout<Player>(m_players);
+}
+
+bool GameController::AllEnemiesDead() {
+  return EndsWithout<Enemy>(m_enemies);
+}
+
+/// True if none of `units` lives; the interface then shows the level's end.
+template <class Unit>
+bool GameController::EndsWithout(const std::vector<GameObj*>& units) {
+  for (GameObj* object : units) {
+    if (object->GetComponent<Unit>()->m_alive) return false;
+  }
+  m_ui_state = "ui_level_end";
+  return true;
+}
+
+bool GameController::AllBodiesAtRest() const {
+  if (m_rigid_bodies == nullptr) return true;
+  const auto moves = [](float speed) { return speed <= -kRestSpeed || speed >= kRestSpeed; };
+  for (const RigidBody* body : m_rigid_bodies->Components()) {
+    if (!body->m_active || body->m_owner->HasComponent<Particle>()) continue;
+    if (moves(body->m_vel.x) || moves(body->m_vel.y) || moves(body->m_rot_vel)) return false;
+  }
+  return true;
+}
+
+bool GameController::AllEnemiesActed() const {
+  for (GameObj* object : m_enemies) {
+    const Enemy& enemy = *object->GetComponent<Enemy>();
+    if (enemy.m_alive && !enemy.m_moved) return false;
+  }
+  return true;
+}
+
+Vector3D GameController::MouseWorldPos() const {
+  const Vector3D mouse = GetCursorScreenPosition();
+  if (m_camera == nullptr) return mouse;
+  const Vector3D& view = m_camera->GetComponent<Transform>()->m_world_pos;
+  return Vector3D(view.x + mouse.x, view.y + mouse.y, mouse.z);
+}
+
+}  // namespace ZOVEngine

@@ -1,0 +1,292 @@
+#include "render/components/particlesystemc.h"
+
+#include <cmath>
+#include <limits>
+#include <typeinfo>
+
+#include "core/base/random.h"
+#include "core/engine.h"
+#include "objects/gameobjfactory.h"
+#include "physics/components/rigidbody.h"
+#include "physics/components/transform.h"
+#include "render/components/imodel.h"
+#include "render/components/render.h"
+
+namespace ZOVEngine {
+namespace {
+
+constexpr const char* kArchetype = "particle_test";
+
+/// Keeps a particle off the emitter's centre, so that it has a direction to leave in (unit: world
+/// units).
+constexpr float kSmallestRadius = 0.01f;
+
+using IntPair = std::array<std::int32_t, 2>;
+
+void ReadIntPair(const Value& object, const char* key, IntPair* out) {
+  const Value* value = FindOrComplain(object, key);
+  if (value == nullptr) return;
+  if (!value->IsArray() || value->Size() != 2) FailReading("expected an array of 2 numbers");
+  *out = {ToInt((*value)[0]), ToInt((*value)[1])};
+}
+
+void ReadRate(const Value& object, const char* key, IntPair* out) {
+  ReadIntPair(object, key, out);
+  if ((*out)[0] > (*out)[1]) FailReading("the minimum is above the maximum");
+}
+
+void ReadPoolSize(const Value& object, const char* key, std::int32_t* out) {
+  ReadValue(object, key, out);
+  if (*out < 0 || *out > kMaxParticles) {
+    FailReading("expected a number from 0 to " + std::to_string(kMaxParticles));
+  }
+}
+
+/// A value between the two, evenly spread. Equal ones divide by an infinity, which gives `min`.
+float Draw(float min, float max) {
+  return static_cast<float>(Rand()) / (static_cast<float>(kRandMax) / (max - min)) + min;
+}
+
+float Draw(const ParticleSystemC::Pair& pair) {
+  return Draw(pair[0], pair[1]);
+}
+
+/// `value` without its fraction. What no int can hold becomes the nearest one, and a NaN 0.
+int ToWhole(float value) {
+  constexpr float kBeyond = 2147483648.0f;
+  if (std::isnan(value)) return 0;
+  if (value >= kBeyond) return std::numeric_limits<int>::max();
+  if (value < -kBeyond) return std::numeric_limits<int>::min();
+  return static_cast<int>(value);
+}
+
+int Round(float value) {
+  return ToWhole(std::round(value));
+}
+
+void Stop(RigidBody& body) {
+  body.m_vel = Vector3D();
+  body.m_rot_vel = 0.0f;
+  body.m_forces.clear();
+  body.m_torques.clear();
+}
+
+template <class T>
+void RequireComponent(const GameObj& particle, const char* name, const GameObj& emitter) {
+  ZOV_ASSERT(particle.HasComponent<T>(), std::string("Archetype \"") + kArchetype + "\" has no " +
+                                             name + ", which the particles of object \"" +
+                                             emitter.name + "\" need");
+}
+
+}  // namespace
+
+void ParticleSystemC::Unserialize(const Value& value) {
+  ReadValue(value, "m_duration", &m_duration);
+  ReadValue(value, "m_delay", &m_delay);
+  ReadVector2(value, "m_max_distance", &m_max_distance);
+  ReadVector2(value, "m_lifetime_max", &m_lifetime_max);
+  ReadValue(value, "m_looping", &m_looping);
+  ReadValue(value, "m_prewarm", &m_prewarm);
+  ReadVector2(value, "m_start_force_mag", &m_start_force_mag);
+  ReadVector3DPair(value, "m_start_size", &m_start_size);
+  ReadVector2(value, "m_start_force", &m_start_force);
+  ReadVector2(value, "m_start_torque", &m_start_torque);
+  ReadVector2(value, "m_start_torque_mag", &m_start_torque_mag);
+  ReadVector2(value, "m_start_rot", &m_start_rot);
+  ReadValue(value, "m_arc", &m_arc);
+  ReadVector4(value, "m_start_color_min", &m_start_color_min);
+  ReadVector4(value, "m_start_color_max", &m_start_color_max);
+  ReadValue(value, "particle_tex", &particle_tex);
+  ReadRate(value, "m_emitter_num_particles", &m_emitter_num_particles);
+  ReadVector3DPair(value, "m_particle_size", &m_particle_size);
+  ReadVector4(value, "m_particle_color_min", &m_particle_color_min);
+  ReadVector4(value, "m_particle_color_max", &m_particle_color_max);
+  ReadPoolSize(value, "m_num_of_particles", &m_num_of_particles);
+}
+
+void ParticleSystemC::Serialize(Writer& writer) {
+  const auto& rate = m_emitter_num_particles;
+  WriteValue(writer, "m_duration", m_duration);
+  WriteValue(writer, "m_delay", m_delay);
+  WriteVector2(writer, "m_max_distance", m_max_distance);
+  WriteVector2(writer, "m_lifetime_max", m_lifetime_max);
+  WriteValue(writer, "m_looping", m_looping);
+  WriteValue(writer, "m_prewarm", m_prewarm);
+  WriteVector2(writer, "m_start_force_mag", m_start_force_mag);
+  WriteVector3DPair(writer, "m_start_size", m_start_size);
+  WriteVector2(writer, "m_start_force", m_start_force);
+  WriteVector2(writer, "m_start_rot", m_start_rot);
+  WriteValue(writer, "m_arc", m_arc);
+  WriteVector4(writer, "m_start_color_min", m_start_color_min);
+  WriteVector4(writer, "m_start_color_max", m_start_color_max);
+  WriteIntArray(writer, "m_emitter_num_particles", {rate[0], rate[1]});
+  WriteVector3DPair(writer, "m_particle_size", m_particle_size);
+  WriteVector4(writer, "m_particle_color_min", m_particle_color_min);
+  WriteVector4(writer, "m_particle_color_max", m_particle_color_max);
+  WriteValue(writer, "m_num_of_particles", m_num_of_particles);
+  WriteVector2(writer, "m_start_torque", m_start_torque);
+  WriteVector2(writer, "m_start_torque_mag", m_start_torque_mag);
+  WriteValue(writer, "particle_tex", particle_tex);
+}
+
+void ParticleSystemC::Init() {
+  m_init = true;
+  ZOV_ASSERT(m_num_of_particles >= 0 && m_num_of_particles <= kMaxParticles,
+             "Object \"" + m_owner->name + "\": the pool cannot hold " +
+                 std::to_string(m_num_of_particles) + " particles");
+  m_particle_template = g_game_obj_factory->Instantiate(kArchetype, false);
+  RequireComponent<Transform>(*m_particle_template, "Transform", *m_owner);
+  RequireComponent<RigidBody>(*m_particle_template, "RigidBody", *m_owner);
+  RequireComponent<Render>(*m_particle_template, "Render", *m_owner);
+  RequireComponent<iModel>(*m_particle_template, "iModel", *m_owner);
+  RequireComponent<Particle>(*m_particle_template, "Particle", *m_owner);
+  m_particles.Make(static_cast<std::size_t>(m_num_of_particles));
+  for (std::int32_t i = 0; i < m_num_of_particles; ++i) {
+    GameObj* object = g_game_obj_factory->Clone(m_particle_template, false);
+    m_particles.Add(object->GetComponent<Particle>());
+    // Room for the name now, so that no birth allocates it.
+    object->GetComponent<Render>()->m_tex.reserve(particle_tex.size());
+  }
+}
+
+void ParticleSystemC::Update(float dt) {
+  if (!m_particles.IsMade()) Init();
+  if (m_emitting) AdvanceCycle(dt);
+  if (m_active && m_emitting) {
+    Accumulate(dt);
+    PlaceEmitter();
+  } else {
+    m_emit_accumulator = 0.0f;
+  }
+  for (Particle* particle : m_particles) {
+    if (particle == nullptr) continue;
+    if (particle->m_owner->active) {
+      RunParticle(*particle, dt);
+    } else if (TakeOwed()) {
+      ResetParticle(*particle);
+    }
+  }
+}
+
+void ParticleSystemC::Destroy() {
+  for (Particle* particle : m_particles) {
+    if (particle != nullptr) particle->m_owner->SetActive(false);
+  }
+}
+
+void ParticleSystemC::AdvanceCycle(float dt) {
+  m_cycle_time += dt;
+  if (m_duration > m_cycle_time) return;
+  if (!m_looping) m_emitting = false;
+  m_cycle_time = 0.0f;
+}
+
+void ParticleSystemC::Accumulate(float dt) {
+  const std::int64_t min = m_emitter_num_particles[0];
+  const std::int64_t range = m_emitter_num_particles[1] - min + 1;
+  ZOV_ASSERT(range > 0, "Object \"" + m_owner->name +
+                            "\": the minimum of m_emitter_num_particles is above the maximum");
+  m_emit_accumulator += static_cast<float>(Rand() % range + min) * dt;
+}
+
+void ParticleSystemC::PlaceEmitter() {
+  const Transform& own = *m_owner->GetComponent<Transform>();
+  // The object's own depth plays no part, deliberately.
+  m_emitter_world_pos = Vector3D(m_emitter_local_pos.x + own.m_world_pos.x,
+                                 m_emitter_local_pos.y + own.m_world_pos.y, m_emitter_local_pos.z);
+  m_emitter_world_scale = Vector3D(m_emitter_local_scale.x * own.m_world_scale.x,
+                                   m_emitter_local_scale.y * own.m_world_scale.y,
+                                   m_emitter_local_scale.z * own.m_world_scale.z);
+  const Matrix4x4 turn =
+      Matrix4x4::Rotation(m_emitter_local_rotate) * Matrix4x4::Rotation(own.m_world_rotate);
+  m_emitter_world_rotate = std::atan2(turn.at[1][0], turn.at[0][0]) * 180.0f / kPi;
+}
+
+/// Takes one from the particles owed. A whole one is not enough: it must be more than one,
+/// deliberately, since the pace of all emitters rests on it.
+bool ParticleSystemC::TakeOwed() {
+  if (!(m_emit_accumulator > 1.0f)) return false;
+  m_emit_accumulator -= 1.0f;
+  return true;
+}
+
+void ParticleSystemC::RunParticle(Particle& particle, float dt) {
+  GameObj* object = particle.m_owner;
+  Render& render = *object->GetComponent<Render>();
+  Transform& transform = *object->GetComponent<Transform>();
+  particle.m_age += dt;
+  transform.m_local_scale += particle.m_size_step * dt;
+  if (render.m_tex != particle_tex) render.m_tex = particle_tex;
+  particle.m_distance += (transform.m_prev_pos - transform.m_world_pos).Length();
+  for (std::size_t i = 0; i < 4; ++i) render.m_colour[i] += particle.m_colour_step[i] * dt;
+  const bool too_old = particle.m_lifetime != 0.0f && particle.m_lifetime <= particle.m_age;
+  const bool too_far =
+      particle.m_max_distance != 0.0f && particle.m_max_distance <= particle.m_distance;
+  if (!too_old && !too_far) return;
+  if (TakeOwed()) {
+    ResetParticle(particle);
+  } else {
+    object->SetActive(false);
+  }
+}
+
+// The order of the draws of a birth, here and in what it calls, decides what every later draw of
+// the game gives.
+void ParticleSystemC::ResetParticle(Particle& particle) {
+  particle.m_owner->SetActive(true);
+  particle.m_distance = 0.0f;
+  particle.m_age = 0.0f;
+  particle.m_lifetime = Draw(m_lifetime_max);
+  particle.m_max_distance = Draw(m_max_distance);
+  Stop(*particle.m_owner->GetComponent<RigidBody>());
+  PlaceParticle(particle);
+  ColourParticle(particle);
+  PushParticle(particle);
+}
+
+void ParticleSystemC::PlaceParticle(Particle& particle) {
+  const int radii = Round(m_emitter_world_scale.x * 0.5f);
+  float radius = kSmallestRadius;
+  if (radii != 0) radius = static_cast<float>(Rand() % radii) + kSmallestRadius;
+  // The sector runs from the object's rotation upward and is not centred on it, deliberately.
+  float angle = m_owner->GetComponent<Transform>()->m_world_rotate;
+  if (ToWhole(m_arc) != 0) angle += static_cast<float>(Rand() % Round(m_arc));
+  const float radians = DegreesToRadians(angle);
+  Transform& transform = *particle.m_owner->GetComponent<Transform>();
+  transform.m_local_pos =
+      m_emitter_world_pos + Vector3D(std::cos(radians) * radius, std::sin(radians) * radius, 0.0f);
+  transform.m_local_rotate = Draw(m_start_rot);
+  for (std::size_t i = 0; i < 3; ++i) {
+    transform.m_local_scale.v[i] = Draw(m_start_size[0].v[i], m_start_size[1].v[i]);
+  }
+}
+
+void ParticleSystemC::ColourParticle(Particle& particle) {
+  Render& render = *particle.m_owner->GetComponent<Render>();
+  for (std::size_t i = 0; i < 4; ++i) {
+    render.m_colour[i] = Draw(m_start_color_min[i], m_start_color_max[i]);
+  }
+  // A life of 0 makes the steps infinite; a life without limit is none that sizes can be spread
+  // over.
+  for (std::size_t i = 0; i < 4; ++i) {
+    particle.m_colour_step[i] =
+        (m_particle_color_max[i] - render.m_colour[i]) / particle.m_lifetime;
+  }
+  const Transform& transform = *particle.m_owner->GetComponent<Transform>();
+  particle.m_size_step = (m_particle_size[1] - transform.m_local_scale) / particle.m_lifetime;
+  render.m_tex = particle_tex;
+}
+
+void ParticleSystemC::PushParticle(Particle& particle) {
+  const Vector3D offset =
+      particle.m_owner->GetComponent<Transform>()->m_local_pos - m_emitter_world_pos;
+  const std::uint32_t id = particle.m_owner->id;
+  const float magnitude = Draw(m_start_force_mag);
+  AddForceToObject force(id, offset.Normalized(), magnitude, Draw(m_start_force));
+  g_engine->Broadcast(&force);
+  const float torque = Draw(m_start_torque_mag);
+  AddTorqueToObject turn(id, torque, Draw(m_start_torque));
+  g_engine->Broadcast(&turn);
+}
+
+}  // namespace ZOVEngine

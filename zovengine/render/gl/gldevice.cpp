@@ -1,0 +1,341 @@
+#include "render/gldevice.h"
+
+#include <GL/glew.h>
+// glew.h must come before other GL headers.
+#include <GL/glu.h>
+
+#include <algorithm>
+#include <array>
+#include <unordered_set>
+
+#include "render/gl/glatlas.h"
+#include "render/gl/gloptions.h"
+#include "render/gl/glplanner.h"
+#include "render/gl/glprogram.h"
+#include "render/gl/glstate.h"
+#include "render/gl/gltextures.h"
+
+namespace ZOVEngine {
+
+GLDevice* g_gl_device = nullptr;
+
+namespace {
+
+constexpr double kFieldOfView = 45.0;  // (unit: degrees)
+constexpr double kNearPlane = 1.0;
+constexpr double kFarPlane = 1000.0;
+/// What glewInit answers in a context that is not GLX's, with all entry points loaded.
+constexpr GLenum kNoGlxDisplay = 4;
+
+enum Attribute : GLuint { kPosition = 0, kUv = 1, kModel = 2, kTint = 6, kUnit = 7, kNear = 8 };
+
+const void* Offset(std::size_t bytes) {
+  // OpenGL takes offsets into a bound buffer as pointers.
+  return reinterpret_cast<const void*>(bytes);  // NOLINT(performance-no-int-to-ptr)
+}
+
+std::string TextOf(GLenum what) {
+  const GLubyte* text = glGetString(what);
+  return text ? reinterpret_cast<const char*>(text) : "";
+}
+
+/// Textures are bound by their number in the game's list. Taken here, these names are nobody
+/// else's.
+void ReserveTextureNames() {
+  std::array<GLuint, kMaxTextures> names;
+  glGenTextures(static_cast<GLsizei>(names.size()), names.data());
+}
+
+bool IsAtLeast33(GLint major, GLint minor) {
+  return major > 3 || (major == 3 && minor >= 3);
+}
+
+/// The device on OpenGL 3.3, compatibility profile.
+///
+/// Execute plans the whole frame first (FramePlanner), uploads the planned vertices, indices and
+/// instances with one call each, and then issues the planned draws. Texture number i is the texture
+/// object of name i, object 0 included. The depth test is never on: the order of commands is the
+/// stacking order.
+class RealGLDevice final : public GLDevice {
+ public:
+  RealGLDevice(const GLOptions& options, void (*swap_buffers)(), void (*set_swap_interval)(int))
+      : m_options(options), m_swap_buffers(swap_buffers), m_set_swap_interval(set_swap_interval) {}
+
+  std::string Start() override;
+  void ResetViewport(int width, int height, double aspect) override;
+  void SetSwapInterval(bool vsync) override { m_set_swap_interval(vsync ? 1 : 0); }
+  std::uint32_t CompileProgram(Program program, const std::string& vertex_source,
+                               const std::string& fragment_source) override;
+  void CreateResources(const Matrix4x4& projection) override;
+  void UploadTexture(std::uint32_t position, const Image& image) override;
+  std::uint32_t UploadGlyph(int width, int height, const std::uint8_t* coverage) override;
+  void Execute(const Frame& frame) override;
+  void Present() override { m_swap_buffers(); }
+  void Release() override;
+  DeviceCounters Counters() const override { return m_state.Counters(); }
+
+ private:
+  bool PicksByNumber() const;
+  void CreateSpriteArray();
+  void CreateInstanceArray();
+  void PointAtVertices();
+  void PointAtInstances(std::uint32_t first);
+  void Upload(GLuint buffer, std::size_t bytes, const void* data);
+  void MakeMipmaps(GLuint texture);
+  void UploadPlan();
+  void Draw(const DrawRun& run, const Frame& frame);
+  void Prepare(const DrawRun& run, const Frame& frame);
+  void SetCommandValues(const DrawRun& run);
+
+  GLOptions m_options;
+  void (*m_swap_buffers)();
+  void (*m_set_swap_interval)(int);
+  GLState m_state;
+  FramePlanner::Programs m_programs;
+  FramePlanner::Reaches m_reaches{};
+  GlyphAtlas m_atlas;
+  TextureUnits m_units;
+  std::unordered_set<std::uint32_t> m_uploaded;  ///< but texture 0
+  std::unordered_set<std::uint32_t> m_without_mipmaps;
+  FramePlanner m_planner{&m_programs, &m_atlas, &m_units};
+  Matrix4x4 m_projection;
+  std::uint64_t m_projection_number = 0;
+  std::uint64_t m_frame_number = 0;
+  std::vector<float> m_lamps;
+  bool m_ready = false;
+  GLuint m_sprite_array = 0, m_instance_array = 0;
+  GLuint m_vertex_buffer = 0, m_index_buffer = 0, m_instance_buffer = 0;
+  std::uint32_t m_pointed_instance = 0;
+};
+
+std::string RealGLDevice::Start() {
+  glewExperimental = GL_TRUE;
+  const GLenum status = glewInit();
+  if (status != GLEW_OK && status != kNoGlxDisplay) {
+    return "OpenGL could not be started: " +
+           std::string(reinterpret_cast<const char*>(glewGetErrorString(status))) + ".";
+  }
+  GLint major = 0;
+  GLint minor = 0;
+  glGetIntegerv(GL_MAJOR_VERSION, &major);
+  glGetIntegerv(GL_MINOR_VERSION, &minor);
+  if (IsAtLeast33(major, minor)) {
+    ReserveTextureNames();
+    return "";
+  }
+  return "The game needs OpenGL 3.3, but the graphics driver offers only version " +
+         TextOf(GL_VERSION) + ".";
+}
+
+void RealGLDevice::ResetViewport(int width, int height, double aspect) {
+  glMatrixMode(GL_PROJECTION);
+  glLoadIdentity();
+  glViewport(0, 0, width, height);
+  gluPerspective(kFieldOfView, aspect, kNearPlane, kFarPlane);
+  glMatrixMode(GL_MODELVIEW);
+}
+
+std::uint32_t RealGLDevice::CompileProgram(Program program, const std::string& vertex_source,
+                                           const std::string& fragment_source) {
+  const auto at = static_cast<std::size_t>(program);
+  m_programs[at] = ProgramSet(vertex_source, fragment_source, PicksByNumber(), m_options.stream);
+  m_reaches[at] = m_programs[at].Plain() ? m_programs[at].Plain()->LightReach() : 0.0f;
+  return m_programs[at].Name();
+}
+
+void RealGLDevice::CreateResources(const Matrix4x4& projection) {
+  Release();
+  m_projection = projection;
+  ++m_projection_number;
+  GLuint* buffers[] = {&m_vertex_buffer, &m_index_buffer, &m_instance_buffer};
+  for (GLuint* buffer : buffers) glGenBuffers(1, buffer);
+  CreateSpriteArray();
+  CreateInstanceArray();
+  glPixelStorei(GL_UNPACK_ALIGNMENT, 1);
+  glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
+  glDisable(GL_CULL_FACE);
+  // The order of commands is the stacking order.
+  glDisable(GL_DEPTH_TEST);
+  glEnable(GL_BLEND);
+  glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+  glClearColor(0.0f, 0.0f, 0.0f, 1.0f);
+  m_ready = true;
+}
+
+void RealGLDevice::UploadTexture(std::uint32_t position, const Image& image) {
+  const std::size_t bytes = 4u * static_cast<std::size_t>(std::max(image.width, 0)) *
+                            static_cast<std::size_t>(std::max(image.height, 0));
+  if (bytes == 0 || image.pixels.size() < bytes) return;
+  m_state.UseTexture(kUploadUnit, position);
+  glTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA, image.width, image.height, 0, GL_RGBA, GL_UNSIGNED_BYTE,
+               image.pixels.data());
+  m_units.NoteSize(position, image.width, image.height);
+  m_units.NoteOpaque(position, IsOpaque(image));
+  // Who replaces a texture may have it on a unit already, as every unit has texture 0 at first.
+  const bool known = position == 0 || !m_uploaded.insert(position).second;
+  if (known) glGenerateMipmap(GL_TEXTURE_2D);
+  if (!known) m_without_mipmaps.insert(position);
+}
+
+/// Mipmaps are made when a texture is bound for the first time: most of a start's textures are not
+/// for its first picture.
+void RealGLDevice::MakeMipmaps(GLuint texture) {
+  if (m_without_mipmaps.erase(texture) == 0) return;
+  m_state.UseTexture(kUploadUnit, texture);
+  glGenerateMipmap(GL_TEXTURE_2D);
+}
+
+std::uint32_t RealGLDevice::UploadGlyph(int width, int height, const std::uint8_t* coverage) {
+  glPixelStorei(GL_UNPACK_ALIGNMENT, 1);
+  return m_atlas.Add(m_state, width, height, coverage);
+}
+
+void RealGLDevice::Execute(const Frame& frame) {
+  m_state.ResetCounters();
+  glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+  if (!m_ready) return;
+  ++m_frame_number;
+  m_planner.Plan(frame, m_reaches, m_projection);
+  PackLamps(frame.lights, &m_lamps);
+  UploadPlan();
+  for (const DrawRun& run : m_planner.Runs()) Draw(run, frame);
+}
+
+void RealGLDevice::Release() {
+  if (!m_ready) return;
+  m_ready = false;
+  m_state.UseVertexArray(0);
+  m_state.UseArrayBuffer(0);
+  m_state.UseUploadBuffer(0);
+  const GLuint arrays[] = {m_sprite_array, m_instance_array};
+  const GLuint buffers[] = {m_vertex_buffer, m_instance_buffer, m_index_buffer};
+  glDeleteVertexArrays(2, arrays);
+  glDeleteBuffers(3, buffers);
+}
+
+bool RealGLDevice::PicksByNumber() const {
+  if (m_options.texture_choice != GLOptions::TextureChoice::kByDriver) {
+    return m_options.texture_choice == GLOptions::TextureChoice::kByNumber;
+  }
+  // A software rasteriser pays for all branches of a comparison chain, and shades a triangle apart
+  // from others, so that indexing is safe there.
+  return GLEW_ARB_gpu_shader5 && TextOf(GL_RENDERER).find("llvmpipe") != std::string::npos;
+}
+
+void RealGLDevice::CreateSpriteArray() {
+  glGenVertexArrays(1, &m_sprite_array);
+  m_state.UseVertexArray(m_sprite_array);
+  PointAtVertices();
+  const GLsizei stride = sizeof(StreamVertex);
+  for (const GLuint attribute : {kTint, kUnit, kNear}) glEnableVertexAttribArray(attribute);
+  glVertexAttribPointer(kTint, 4, GL_FLOAT, GL_FALSE, stride, Offset(offsetof(StreamVertex, tint)));
+  glVertexAttribPointer(kUnit, 1, GL_FLOAT, GL_FALSE, stride, Offset(offsetof(StreamVertex, unit)));
+  glVertexAttribIPointer(kNear, 2, GL_UNSIGNED_INT, stride, Offset(offsetof(StreamVertex, near)));
+}
+
+void RealGLDevice::CreateInstanceArray() {
+  glGenVertexArrays(1, &m_instance_array);
+  m_state.UseVertexArray(m_instance_array);
+  PointAtVertices();
+  for (const GLuint attribute : {kModel + 0u, kModel + 1u, kModel + 2u, kModel + 3u}) {
+    glEnableVertexAttribArray(attribute);
+    glVertexAttribDivisor(attribute, 1);
+  }
+  PointAtInstances(0);
+}
+
+/// Of the array in use: the index buffer, place and texture coordinates.
+void RealGLDevice::PointAtVertices() {
+  glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, m_index_buffer);
+  m_state.UseArrayBuffer(m_vertex_buffer);
+  glEnableVertexAttribArray(kPosition);
+  glEnableVertexAttribArray(kUv);
+  const GLsizei stride = sizeof(StreamVertex);
+  glVertexAttribPointer(kPosition, 3, GL_FLOAT, GL_FALSE, stride,
+                        Offset(offsetof(StreamVertex, place)));
+  glVertexAttribPointer(kUv, 2, GL_FLOAT, GL_FALSE, stride, Offset(offsetof(StreamVertex, uv)));
+}
+
+/// Of the instance array, which is in use: the records from `first` on.
+void RealGLDevice::PointAtInstances(std::uint32_t first) {
+  m_pointed_instance = first;
+  m_state.UseArrayBuffer(m_instance_buffer);
+  const std::size_t base = first * sizeof(InstanceRecord);
+  const GLsizei stride = sizeof(InstanceRecord);
+  for (GLuint column = 0; column < 4; ++column) {
+    glVertexAttribPointer(kModel + column, 4, GL_FLOAT, GL_FALSE, stride,
+                          Offset(base + std::size_t{16} * column));
+  }
+}
+
+void RealGLDevice::Upload(GLuint buffer, std::size_t bytes, const void* data) {
+  if (bytes == 0) return;
+  m_state.UseUploadBuffer(buffer);
+  glBufferData(GL_COPY_WRITE_BUFFER, static_cast<GLsizeiptr>(bytes), data, GL_DYNAMIC_DRAW);
+}
+
+void RealGLDevice::UploadPlan() {
+  Upload(m_vertex_buffer, m_planner.Vertices().Bytes(), m_planner.Vertices().Data());
+  Upload(m_index_buffer, m_planner.Indices().Bytes(), m_planner.Indices().Data());
+  Upload(m_instance_buffer, m_planner.Instances().Bytes(), m_planner.Instances().Data());
+}
+
+void RealGLDevice::Draw(const DrawRun& run, const Frame& frame) {
+  for (std::size_t i = 0; i < run.bind_count; ++i) {
+    const TextureBind& bind = m_units.Binds()[run.first_bind + i];
+    MakeMipmaps(bind.texture);
+    m_state.BindTexture(bind.unit, bind.texture);
+  }
+  if (run.glyph_page != 0) m_state.UseTexture(kGlyphUnit, run.glyph_page);
+  m_state.UseProgram(run.program->Name());
+  Prepare(run, frame);
+  const auto count = static_cast<GLsizei>(run.index_count);
+  const void* first = Offset(run.first_index * sizeof(std::uint32_t));
+  m_state.CountDraw();
+  if (run.instance_count == 0) {
+    m_state.UseVertexArray(m_sprite_array);
+    glDrawElements(run.mode, count, GL_UNSIGNED_INT, first);
+    return;
+  }
+  m_state.UseVertexArray(m_instance_array);
+  if (run.first_instance != m_pointed_instance) PointAtInstances(run.first_instance);
+  glDrawElementsInstanced(run.mode, count, GL_UNSIGNED_INT, first,
+                          static_cast<GLsizei>(run.instance_count));
+}
+
+void RealGLDevice::Prepare(const DrawRun& run, const Frame& frame) {
+  GLProgram& program = *run.program;
+  if (program.prepared_projection != m_projection_number) {
+    program.prepared_projection = m_projection_number;
+    program.SetConstants(m_projection);
+  }
+  if (program.prepared_frame != m_frame_number) {
+    program.prepared_frame = m_frame_number;
+    program.SetView(frame.view, frame.view_pos);
+    if (run.plain) {
+      program.SetLights(frame.lights);
+    } else {
+      program.SetLamps(std::min(static_cast<int>(frame.lights.size()), kMaxLights), m_lamps);
+    }
+  }
+  if (!run.plain) program.SetUnit(run.unit);
+  if (run.command) SetCommandValues(run);
+}
+
+void RealGLDevice::SetCommandValues(const DrawRun& run) {
+  run.program->SetColour(run.command->colour);
+  if (run.plain && run.instance_count == 0) run.program->SetPlacement(run.command->placement);
+}
+
+}  // namespace
+
+std::unique_ptr<GLDevice> MakeGLDevice(void (*swap_buffers)(), void (*set_swap_interval)(int)) {
+  return MakeGLDeviceWith(GLOptions(), swap_buffers, set_swap_interval);
+}
+
+std::unique_ptr<GLDevice> MakeGLDeviceWith(const GLOptions& options, void (*swap_buffers)(),
+                                           void (*set_swap_interval)(int)) {
+  return std::make_unique<RealGLDevice>(options, swap_buffers, set_swap_interval);
+}
+
+}  // namespace ZOVEngine

@@ -1,0 +1,97 @@
+#include "render/gl/gllights.h"
+
+#include <algorithm>
+
+namespace ZOVEngine {
+
+namespace {
+
+std::size_t SeenLights(const std::vector<LightRecord>& lights) {
+  return std::min(lights.size(), static_cast<std::size_t>(kMaxLights));
+}
+
+void Append(std::vector<float>* lamps, const Vector3D& xyz, float w) {
+  lamps->insert(lamps->end(), {xyz.x, xyz.y, xyz.z, w});
+}
+
+}  // namespace
+
+void NearLights::Add(std::size_t lamp) {
+  if (count < kNearLamps) {
+    const int shift = 8 * (count % 4);
+    std::uint32_t& word = packed[count / 4];
+    word = (word & ~(255u << shift)) | static_cast<std::uint32_t>(lamp) << shift;
+  }
+  ++count;
+}
+
+LightClass NearLights::Class() const {
+  if (count == 0) return LightClass::kNone;
+  if (count <= 2) return LightClass::kTwo;
+  if (count <= 4) return LightClass::kFour;
+  return count <= kNearLamps ? LightClass::kEight : LightClass::kEvery;
+}
+
+void LightField::Gather(const std::vector<LightRecord>& lights, float reach) {
+  m_reach = reach;
+  m_places.clear();
+  for (std::size_t i = 0; i < SeenLights(lights); ++i) {
+    m_places.push_back({lights[i].position.x, lights[i].position.y, static_cast<std::uint32_t>(i)});
+  }
+}
+
+NearLights LightField::Near(const WorldBox& box) const {
+  NearLights near;
+  for (const Place& place : m_places) {
+    if (Meets(place, box)) near.Add(place.number);
+  }
+  return near;
+}
+
+WorldBox LightField::LitPart(const WorldBox& box) const {
+  if (m_reach <= 0.0f) return box;
+  WorldBox lit{box.right, box.left, box.top, box.bottom};
+  for (const Place& place : m_places) {
+    if (!Meets(place, box)) continue;
+    lit.left = std::max(box.left, std::min(lit.left, place.x - m_reach));
+    lit.right = std::min(box.right, std::max(lit.right, place.x + m_reach));
+    lit.bottom = std::max(box.bottom, std::min(lit.bottom, place.y - m_reach));
+    lit.top = std::min(box.top, std::max(lit.top, place.y + m_reach));
+  }
+  return lit;
+}
+
+void LightField::Narrow(const WorldBox& box) {
+  m_narrowed.clear();
+  for (const Place& place : m_places) {
+    if (Meets(place, box)) m_narrowed.push_back(place);
+  }
+}
+
+NearLights LightField::NearAmong(const WorldBox& box) const {
+  NearLights near;
+  for (const Place& place : m_narrowed) {
+    if (Meets(place, box)) near.Add(place.number);
+  }
+  return near;
+}
+
+bool LightField::Meets(const Place& place, const WorldBox& box) const {
+  if (m_reach <= 0.0f) return true;
+  const float dx = place.x - std::clamp(place.x, box.left, box.right);
+  const float dy = place.y - std::clamp(place.y, box.bottom, box.top);
+  return !(dx * dx + dy * dy > m_reach * m_reach);
+}
+
+void PackLamps(const std::vector<LightRecord>& lights, std::vector<float>* lamps) {
+  lamps->clear();
+  for (std::size_t i = 0; i < SeenLights(lights); ++i) {
+    const LightRecord& light = lights[i];
+    const Vector3D gloss = light.specular * light.specularStr * kMaterialSpecular;
+    Append(lamps, light.position, gloss.x);
+    Append(lamps, light.ambient * light.ambientStr, gloss.y);
+    Append(lamps, light.diffuse * light.diffuseStr, gloss.z);
+  }
+}
+
+}  // namespace ZOVEngine

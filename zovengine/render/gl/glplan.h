@@ -1,0 +1,68 @@
+#pragma once
+
+#include <GL/glew.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+#include "render/frame.h"
+#include "render/gl/glprogram.h"
+
+namespace ZOVEngine {
+
+/// A vertex as the streamed programs take it. Plain programs use place and texture coordinates
+/// only.
+struct StreamVertex {
+  float place[3];
+  float uv[2];
+  float tint[4];
+  float unit;             ///< from which the texture is sampled
+  std::uint32_t near[2];  ///< see NearLights
+};
+
+/// A particle as the plain form of the instanced program takes it.
+struct InstanceRecord {
+  float columns[16];  ///< of the model matrix
+};
+
+/// A draw call: a stretch of the frame's index buffer and what must be set before it.
+struct DrawRun {
+  GLProgram* program = nullptr;
+  const DrawCommand* command = nullptr;  ///< whose values are set as uniforms; null when streamed
+  bool plain = false;                    ///< `program` is in its plain form
+  GLenum mode = GL_TRIANGLES;
+  std::uint32_t first_index = 0;
+  std::uint32_t index_count = 0;
+  std::size_t first_bind = 0;  ///< in the binds of TextureUnits
+  std::size_t bind_count = 0;
+  std::uint32_t first_instance = 0;
+  std::uint32_t instance_count = 0;  ///< 0: not instanced
+  int unit = 0;                      ///< from which a program of one texture samples
+  GLuint glyph_page = 0;             ///< 0: no text
+};
+
+/// A growing array whose memory is kept, for records that are written field by field in place.
+template <typename T>
+class Stream {
+ public:
+  void Clear() { m_size = 0; }
+  /// Adds `count` records with unspecified values and returns the first. Earlier pointers die.
+  T* Grab(std::size_t count) {
+    if (m_size + count > m_store.size()) m_store.resize(2 * (m_size + count));
+    m_size += count;
+    return m_store.data() + (m_size - count);
+  }
+  /// Takes the last `count` records off again.
+  void Drop(std::size_t count) { m_size -= count; }
+
+  const T* Data() const { return m_store.data(); }
+  std::size_t Size() const { return m_size; }
+  std::size_t Bytes() const { return m_size * sizeof(T); }
+
+ private:
+  std::vector<T> m_store;
+  std::size_t m_size = 0;
+};
+
+}  // namespace ZOVEngine

@@ -1,0 +1,487 @@
+#include "render/gl/glplanner.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace ZOVEngine {
+
+namespace {
+
+constexpr std::uint32_t kQuadPattern[6] = {0, 1, 3, 1, 2, 3};
+/// Sprites up to this area join a run that evaluates more lamps than they need, which is cheaper
+/// than a draw call (unit: square world units).
+constexpr float kSmallArea = 48.0f * 48.0f;
+
+/// A quad from this size on can be the ground, of which what is hidden is left out; a quarter of
+/// the screen (unit: areas of the screen box).
+constexpr float kLargeOnScreen = 1.0f;
+
+/// The three matrices of a command, applied in the shaders' order.
+class Placer {
+ public:
+  explicit Placer(const Placement& placement) : m_at(placement) {
+    if (placement.rotate_radians == 0.0f) return;
+    m_cos = std::cos(placement.rotate_radians);
+    m_sin = std::sin(placement.rotate_radians);
+  }
+
+  void Place(float x, float y, float z, float out[3]) const {
+    const float wide = m_at.scale.x * x;
+    const float high = m_at.scale.y * y;
+    out[0] = m_cos * wide - m_sin * high + m_at.translate.x;
+    out[1] = m_sin * wide + m_cos * high + m_at.translate.y;
+    out[2] = m_at.scale.z * z + m_at.translate.z;
+  }
+
+ private:
+  const Placement& m_at;
+  float m_cos = 1.0f;
+  float m_sin = 0.0f;
+};
+
+void SetTint(StreamVertex* vertex, const float colour[4]) {
+  std::copy_n(colour, 4, vertex->tint);
+}
+
+void SetNear(StreamVertex* vertices, std::size_t count, const NearLights& near) {
+  for (std::size_t i = 0; i < count; ++i) std::copy_n(near.packed, 2, vertices[i].near);
+}
+
+void SetUnit(StreamVertex* vertices, std::size_t count, int unit) {
+  for (std::size_t i = 0; i < count; ++i) vertices[i].unit = static_cast<float>(unit);
+}
+
+/// The unit quad, corner by corner: upper right, lower right, lower left, upper left.
+void UnitQuad(const TextureWindow& window, StreamVertex out[4]) {
+  constexpr float kX[4] = {0.5f, 0.5f, -0.5f, -0.5f};
+  constexpr float kY[4] = {0.5f, -0.5f, -0.5f, 0.5f};
+  for (int i = 0; i < 4; ++i) {
+    out[i].place[0] = kX[i];
+    out[i].place[1] = kY[i];
+    out[i].place[2] = 0.0f;
+    out[i].uv[0] = kX[i] > 0.0f ? window.u_right : window.u_left;
+    out[i].uv[1] = kY[i] > 0.0f ? window.v_top : window.v_bottom;
+  }
+}
+
+void PlaceQuad(const DrawCommand& command, StreamVertex out[4]) {
+  UnitQuad(command.window, out);
+  const Placer placer(command.placement);
+  for (int i = 0; i < 4; ++i) {
+    placer.Place(out[i].place[0], out[i].place[1], 0.0f, out[i].place);
+    SetTint(out + i, command.colour);
+  }
+}
+
+float AreaOf(const WorldBox& box) {
+  return (box.right - box.left) * (box.top - box.bottom);
+}
+
+WorldBox BoundsOf(const Placement& upright) {
+  const float wide = 0.5f * std::abs(upright.scale.x);
+  const float high = 0.5f * std::abs(upright.scale.y);
+  const Vector3D& middle = upright.translate;
+  return {middle.x - wide, middle.x + wide, middle.y - high, middle.y + high};
+}
+
+float AreaOnScreen(const ScreenBox& box) {
+  const float wide = std::min(box.right, 1.0f) - std::max(box.left, -1.0f);
+  const float high = std::min(box.top, 1.0f) - std::max(box.bottom, -1.0f);
+  return std::max(wide, 0.0f) * std::max(high, 0.0f);
+}
+
+bool IsUprightQuad(const DrawCommand& command) {
+  return command.kind == DrawCommand::Kind::kQuad && command.placement.rotate_radians == 0.0f;
+}
+
+WorldBox BoundsOf(const Matrix4x4& model) {
+  const float wide = 0.5f * (std::abs(model.m[0]) + std::abs(model.m[1]));
+  const float high = 0.5f * (std::abs(model.m[4]) + std::abs(model.m[5]));
+  return {model.m[3] - wide, model.m[3] + wide, model.m[7] - high, model.m[7] + high};
+}
+
+/// A corner of the unit quad, which is flat, where `model` puts it; without its tint and its unit,
+/// which instances do not have of their own.
+void PlaceCorner(const Matrix4x4& model, const StreamVertex& corner, StreamVertex* out) {
+  const float x = corner.place[0];
+  const float y = corner.place[1];
+  for (int i = 0; i < 3; ++i) {
+    out->place[i] = model.at[i][0] * x + model.at[i][1] * y + model.at[i][3];
+  }
+  std::copy_n(corner.uv, 2, out->uv);
+}
+
+void Transpose(const Matrix4x4& matrix, float columns[16]) {
+  for (int row = 0; row < 4; ++row) {
+    for (int column = 0; column < 4; ++column) columns[4 * column + row] = matrix.at[row][column];
+  }
+}
+
+}  // namespace
+
+void FramePlanner::Plan(const Frame& frame, const Reaches& reaches, const Matrix4x4& projection) {
+  Reset(frame, reaches);
+  FindGround(projection);
+  for (const DrawCommand& command : frame.commands) Add(command);
+  CloseRun();
+}
+
+void FramePlanner::Reset(const Frame& frame, const Reaches& reaches) {
+  m_frame = &frame;
+  for (std::size_t i = 0; i < m_lights.size(); ++i) m_lights[i].Gather(frame.lights, reaches[i]);
+  m_units->StartFrame();
+  m_runs.clear();
+  m_vertices.Clear();
+  m_indices.Clear();
+  m_instances.Clear();
+  m_run_open = m_streamed_run_open = false;
+}
+
+void FramePlanner::FindGround(const Matrix4x4& projection) {
+  m_screen = ScreenMap(projection, m_frame->view);
+  m_ground = nullptr;
+  const std::vector<DrawCommand>& commands = m_frame->commands;
+  for (std::size_t i = 0; i < commands.size() && !m_ground; ++i) {
+    const Placement& at = commands[i].placement;
+    ScreenBox box;
+    if (!IsUprightQuad(commands[i])) continue;
+    if (!m_screen.Find(BoundsOf(at), at.translate.z, &box)) continue;
+    if (!(AreaOnScreen(box) >= kLargeOnScreen)) continue;
+    m_ground = &commands[i];
+    GatherCover(i + 1);
+  }
+}
+
+void FramePlanner::GatherCover(std::size_t first) {
+  m_cover.Clear();
+  for (std::size_t i = first; i < m_frame->commands.size(); ++i) {
+    const DrawCommand& command = m_frame->commands[i];
+    ScreenBox box;
+    if (IsOpaque(command) &&
+        m_screen.Find(BoundsOf(command.placement), command.placement.translate.z, &box)) {
+      m_cover.Add(box);
+    }
+  }
+  m_cover.Build();
+}
+
+void FramePlanner::Add(const DrawCommand& command) {
+  switch (command.kind) {
+    case DrawCommand::Kind::kQuad:
+      return AddQuad(command);
+    case DrawCommand::Kind::kMesh:
+      return AddMesh(command, GL_TRIANGLES);
+    case DrawCommand::Kind::kOutline:
+      return AddMesh(command, GL_LINES);
+    case DrawCommand::Kind::kText:
+      return AddText(command);
+    case DrawCommand::Kind::kInstances:
+      return AddInstances(command);
+  }
+}
+
+void FramePlanner::AddQuad(const DrawCommand& command) {
+  if (!StreamsSprites(command.program)) return AddPlainQuad(command);
+  StreamVertex* corners = m_vertices.Grab(4);
+  PlaceQuad(command, corners);
+  FinishQuad(command, corners);
+}
+
+void FramePlanner::AddMesh(const DrawCommand& command, GLenum mode) {
+  const std::uint32_t count = VertexCountOf(command);
+  if (count == 0) return;
+  if (!StreamsSprites(command.program)) return AddPlainMesh(command, mode, count);
+  StreamVertex* vertices = m_vertices.Grab(count);
+  const Placer placer(command.placement);
+  const MeshVertex* mesh = m_frame->vertices.data() + command.base_vertex;
+  for (std::uint32_t i = 0; i < count; ++i) {
+    placer.Place(mesh[i].position.x, mesh[i].position.y, mesh[i].position.z, vertices[i].place);
+    vertices[i].uv[0] = mesh[i].u;
+    vertices[i].uv[1] = mesh[i].v;
+    SetTint(vertices + i, command.colour);
+  }
+  const std::uint32_t* indices = m_frame->indices.data() + command.first;
+  if (mode == GL_TRIANGLES && command.count == 6 &&
+      std::equal(kQuadPattern, kQuadPattern + 6, indices)) {
+    FinishQuad(command, vertices);
+  } else {
+    FinishMesh(command, mode, vertices, count);
+  }
+}
+
+void FramePlanner::AddText(const DrawCommand& command) {
+  if (command.first + std::size_t{command.count} > m_frame->glyphs.size()) return;
+  if (!SetOf(Program::kFont).Plain()) return;
+  GLuint page = 0;
+  for (std::uint32_t i = 0; i < command.count; ++i) {
+    const GlyphQuad& glyph = m_frame->glyphs[command.first + i];
+    const GlyphAtlas::Spot& spot = m_atlas->Find(glyph.texture);
+    if (spot.page == 0) continue;
+    if (spot.page != page) OpenTextRun(command, page = spot.page);
+    AddGlyph(glyph, spot, command.colour);
+  }
+}
+
+void FramePlanner::AddInstances(const DrawCommand& command) {
+  if (command.count == 0 || !SetOf(Program::kInstance).Plain()) return;
+  if (command.first + std::size_t{command.count} > m_frame->instances.size()) return;
+  GLProgram* program = SetOf(Program::kInstance).Streamed(LightClass::kEvery, true);
+  if (!program) return AddPlainInstances(command);
+  // Placed here and not by the driver: a software rasteriser starts anew for each instance, which
+  // costs it more than the instance's four corners do.
+  StreamVertex* vertices = m_vertices.Grab(std::size_t{4} * command.count);
+  const LightClass lights = PlaceInstances(command, vertices);
+  if (GLProgram* exact = SetOf(Program::kInstance).Streamed(lights, true)) program = exact;
+  OpenCommandRun(command, program, false, GL_TRIANGLES);
+  m_runs.back().unit = m_units->Take(command.texture);
+  for (std::uint32_t i = 0; i < command.count; ++i) AddQuadIndices(vertices + std::size_t{4} * i);
+  CloseRun();
+}
+
+void FramePlanner::AddPlainInstances(const DrawCommand& command) {
+  const auto first = static_cast<std::uint32_t>(m_instances.Size());
+  InstanceRecord* records = m_instances.Grab(command.count);
+  for (std::uint32_t i = 0; i < command.count; ++i) {
+    Transpose(m_frame->instances[command.first + i], records[i].columns);
+  }
+  OpenCommandRun(command, SetOf(Program::kInstance).Plain(), true, GL_TRIANGLES);
+  m_units->TakeUnit(0, command.texture);
+  m_runs.back().first_instance = first;
+  m_runs.back().instance_count = command.count;
+  StreamVertex* corners = m_vertices.Grab(4);
+  UnitQuad(command.window, corners);
+  AddQuadIndices(corners);
+  CloseRun();
+}
+
+void FramePlanner::AddPlainQuad(const DrawCommand& command) {
+  if (!SetOf(command.program).Plain()) return;
+  OpenPlainRun(command, GL_TRIANGLES);
+  StreamVertex* corners = m_vertices.Grab(4);
+  UnitQuad(command.window, corners);
+  AddQuadIndices(corners);
+}
+
+void FramePlanner::AddPlainMesh(const DrawCommand& command, GLenum mode,
+                                std::uint32_t vertex_count) {
+  if (!SetOf(command.program).Plain()) return;
+  OpenPlainRun(command, mode);
+  StreamVertex* vertices = m_vertices.Grab(vertex_count);
+  const MeshVertex* mesh = m_frame->vertices.data() + command.base_vertex;
+  for (std::uint32_t i = 0; i < vertex_count; ++i) {
+    std::copy_n(mesh[i].position.v, 3, vertices[i].place);
+    vertices[i].uv[0] = mesh[i].u;
+    vertices[i].uv[1] = mesh[i].v;
+  }
+  AddIndices(command, NumberOf(vertices));
+}
+
+void FramePlanner::FinishQuad(const DrawCommand& command, StreamVertex* corners) {
+  if (IsHidden(command, corners)) return m_vertices.Drop(4);
+  RunKey key{command.program, LightClass::kNone, GL_TRIANGLES, 0};
+  if (command.program == Program::kLight) {
+    key.lights = LightSprite(corners, 4, GL_TRIANGLES);
+    if (key.lights != LightClass::kNone && CellCutter::CanCut(corners)) {
+      StreamVertex whole[4];
+      std::copy_n(corners, 4, whole);
+      m_vertices.Drop(4);
+      return AddCells(command, whole);
+    }
+  }
+  OpenStreamedRun(key);
+  SetUnit(corners, 4, TakeUnit(key, command.texture));
+  AddQuadIndices(corners);
+}
+
+void FramePlanner::FinishMesh(const DrawCommand& command, GLenum mode, StreamVertex* vertices,
+                              std::uint32_t count) {
+  RunKey key{command.program, LightClass::kNone, mode, 0};
+  if (command.program == Program::kLight) key.lights = LightSprite(vertices, count, mode);
+  OpenStreamedRun(key);
+  SetUnit(vertices, count, TakeUnit(key, command.texture));
+  AddIndices(command, NumberOf(vertices));
+}
+
+void FramePlanner::AddCells(const DrawCommand& command, const StreamVertex corners[4]) {
+  LightField& lights = m_lights[static_cast<std::size_t>(command.program)];
+  const std::vector<LitCell>& cells = m_cutter.Cut(corners, &lights);
+  for (int i = 0; i < kLightClasses; ++i) {
+    AddCellsOfClass(command, corners, cells, static_cast<LightClass>(i));
+  }
+}
+
+void FramePlanner::AddCellsOfClass(const DrawCommand& command, const StreamVertex corners[4],
+                                   const std::vector<LitCell>& cells, LightClass lights) {
+  const RunKey key{command.program, DrawableClass(command.program, lights), GL_TRIANGLES, 0};
+  for (const LitCell& cell : cells) {
+    if (cell.near.Class() != lights) continue;
+    StreamVertex placed[4];
+    PlaceCell(corners, cell, placed);
+    if (IsHidden(command, placed)) continue;
+    OpenStreamedRun(key);
+    StreamVertex* vertices = m_vertices.Grab(4);
+    std::copy_n(placed, 4, vertices);
+    SetUnit(vertices, 4, TakeUnit(key, command.texture));
+    AddQuadIndices(vertices);
+  }
+}
+
+void FramePlanner::AddGlyph(const GlyphQuad& glyph, const GlyphAtlas::Spot& spot,
+                            const float colour[4]) {
+  StreamVertex* corners = m_vertices.Grab(4);
+  UnitQuad({spot.u_left, spot.u_right, spot.v_top, spot.v_bottom}, corners);
+  for (int i = 0; i < 4; ++i) {
+    float* place = corners[i].place;
+    place[0] = place[0] > 0.0f ? glyph.x + glyph.width : glyph.x;
+    place[1] = place[1] > 0.0f ? glyph.y + glyph.height : glyph.y;
+    place[2] = glyph.z;
+    SetTint(corners + i, colour);
+  }
+  AddQuadIndices(corners);
+}
+
+LightClass FramePlanner::PlaceInstances(const DrawCommand& command, StreamVertex* vertices) {
+  const LightField& lights = m_lights[static_cast<std::size_t>(Program::kInstance)];
+  StreamVertex quad[4];
+  UnitQuad(command.window, quad);
+  LightClass most = LightClass::kNone;
+  for (std::uint32_t i = 0; i < command.count; ++i, vertices += 4) {
+    const Matrix4x4& model = m_frame->instances[command.first + i];
+    const NearLights near = lights.Near(BoundsOf(model));
+    most = std::max(most, near.Class());
+    for (int corner = 0; corner < 4; ++corner) {
+      PlaceCorner(model, quad[corner], &vertices[corner]);
+      std::copy_n(near.packed, 2, vertices[corner].near);
+    }
+  }
+  return most;
+}
+
+DrawRun& FramePlanner::BeginRun(GLenum mode) {
+  CloseRun();
+  DrawRun& run = m_runs.emplace_back();
+  run.mode = mode;
+  run.first_index = static_cast<std::uint32_t>(m_indices.Size());
+  run.first_bind = m_units->Binds().size();
+  m_units->StartRun();
+  m_run_open = true;
+  return run;
+}
+
+void FramePlanner::OpenStreamedRun(const RunKey& key) {
+  if (m_streamed_run_open && m_key == key) return;
+  BeginRun(key.mode).glyph_page = key.glyph_page;
+  m_key = key;
+  m_streamed_run_open = true;
+}
+
+void FramePlanner::OpenCommandRun(const DrawCommand& command, GLProgram* program, bool plain,
+                                  GLenum mode) {
+  DrawRun& run = BeginRun(mode);
+  run.program = program;
+  run.command = &command;
+  run.plain = plain;
+}
+
+void FramePlanner::OpenPlainRun(const DrawCommand& command, GLenum mode) {
+  OpenCommandRun(command, SetOf(command.program).Plain(), true, mode);
+  m_units->TakeUnit(0, command.texture);
+}
+
+void FramePlanner::OpenTextRun(const DrawCommand& command, GLuint page) {
+  ProgramSet& font = SetOf(Program::kFont);
+  if (font.Streamed(LightClass::kNone, true)) {
+    return OpenStreamedRun({Program::kFont, LightClass::kNone, GL_TRIANGLES, page});
+  }
+  OpenCommandRun(command, font.Plain(), true, GL_TRIANGLES);
+  m_units->TakeUnit(0, page);
+}
+
+void FramePlanner::CloseRun() {
+  if (!m_run_open) return;
+  DrawRun& run = m_runs.back();
+  run.index_count = static_cast<std::uint32_t>(m_indices.Size()) - run.first_index;
+  run.bind_count = m_units->Binds().size() - run.first_bind;
+  if (m_streamed_run_open) ChooseForm(&run);
+  m_run_open = m_streamed_run_open = false;
+}
+
+void FramePlanner::ChooseForm(DrawRun* run) {
+  ProgramSet& set = SetOf(m_key.program);
+  const bool text = m_key.glyph_page != 0;
+  run->unit = text ? kGlyphUnit : m_last_unit;
+  if (text || (m_units->UsedCount() == 1 && !set.PicksByNumber())) {
+    run->program = set.Streamed(m_key.lights, true);
+  }
+  if (!run->program) run->program = set.Streamed(m_key.lights, false);
+}
+
+int FramePlanner::TakeUnit(const RunKey& key, GLuint texture) {
+  m_last_unit = m_units->Take(texture);
+  if (m_last_unit < 0) {
+    CloseRun();
+    OpenStreamedRun(key);
+    m_last_unit = m_units->Take(texture);
+  }
+  return m_last_unit;
+}
+
+void FramePlanner::AddQuadIndices(const StreamVertex* first) {
+  const std::uint32_t base = NumberOf(first);
+  std::uint32_t* indices = m_indices.Grab(6);
+  for (int i = 0; i < 6; ++i) indices[i] = base + kQuadPattern[i];
+}
+
+void FramePlanner::AddIndices(const DrawCommand& command, std::uint32_t first_vertex) {
+  std::uint32_t* indices = m_indices.Grab(command.count);
+  for (std::uint32_t i = 0; i < command.count; ++i) {
+    indices[i] = first_vertex + m_frame->indices[command.first + i];
+  }
+}
+
+bool FramePlanner::StreamsSprites(Program program) {
+  if (program == Program::kDefault) return SetOf(program).Streamed(LightClass::kNone, false);
+  return program == Program::kLight && SetOf(program).Streamed(LightClass::kNone, false) &&
+         SetOf(program).Streamed(LightClass::kEvery, false);
+}
+
+/// Streamed programs keep the product of texel and colour as the sprite's alpha.
+bool FramePlanner::IsOpaque(const DrawCommand& command) {
+  return IsUprightQuad(command) && command.colour[3] >= 1.0f &&
+         m_units->IsOpaque(command.texture) && StreamsSprites(command.program);
+}
+
+bool FramePlanner::IsHidden(const DrawCommand& command, const StreamVertex corners[4]) const {
+  ScreenBox box;
+  return &command == m_ground && m_screen.Find(BoundsOf(corners, 4), corners[0].place[2], &box) &&
+         m_cover.Hides(box);
+}
+
+LightClass FramePlanner::DrawableClass(Program program, LightClass lights) {
+  return SetOf(program).Streamed(lights, false) ? lights : LightClass::kEvery;
+}
+
+LightClass FramePlanner::LightSprite(StreamVertex* vertices, std::size_t count, GLenum mode) {
+  const WorldBox box = BoundsOf(vertices, count);
+  const NearLights near = m_lights[static_cast<std::size_t>(Program::kLight)].Near(box);
+  SetNear(vertices, count, near);
+  const LightClass needed = DrawableClass(Program::kLight, near.Class());
+  const bool joins = m_streamed_run_open && m_key.program == Program::kLight &&
+                     m_key.mode == mode && m_key.lights > needed && AreaOf(box) <= kSmallArea;
+  return joins ? m_key.lights : needed;
+}
+
+std::uint32_t FramePlanner::VertexCountOf(const DrawCommand& command) const {
+  if (command.first + std::size_t{command.count} > m_frame->indices.size()) return 0;
+  std::uint32_t count = 0;
+  for (std::uint32_t i = 0; i < command.count; ++i) {
+    count = std::max(count, m_frame->indices[command.first + i] + 1);
+  }
+  return command.base_vertex + std::size_t{count} > m_frame->vertices.size() ? 0 : count;
+}
+
+std::uint32_t FramePlanner::NumberOf(const StreamVertex* vertex) const {
+  return static_cast<std::uint32_t>(vertex - m_vertices.Data());
+}
+
+}  // namespace ZOVEngine

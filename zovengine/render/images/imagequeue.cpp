@@ -1,0 +1,38 @@
+#include "render/images/imagequeue.h"
+
+#include <utility>
+
+namespace ZOVEngine {
+
+ImageQueue::ImageQueue(const std::vector<std::string>& paths) {
+  std::vector<std::packaged_task<Picture()>> tasks;
+  for (const std::string& path : paths) {
+    m_pictures.push_back(tasks.emplace_back([path] { return LoadImage(path); }).get_future());
+  }
+  m_thread = std::jthread([this, tasks = std::move(tasks)](const std::stop_token& stop) mutable {
+    Decode(stop, &tasks);
+  });
+}
+
+ImageQueue::~ImageQueue() {
+  m_thread.request_stop();
+  m_free.release();
+  m_thread.join();
+}
+
+std::optional<Image> ImageQueue::Take() {
+  Picture picture = m_pictures[m_taken++].get();
+  m_free.release();
+  return picture;
+}
+
+void ImageQueue::Decode(const std::stop_token& stop,
+                        std::vector<std::packaged_task<Picture()>>* tasks) {
+  for (auto& task : *tasks) {
+    m_free.acquire();
+    if (stop.stop_requested()) return;
+    task();
+  }
+}
+
+}  // namespace ZOVEngine
