@@ -4,6 +4,7 @@
 #include <memory>
 #include <random>
 
+#include "jsonunserializer.h"
 #include "objects/gameobjfactory.h"
 #include "objects/statec.h"
 #include "physics/components/colliderholder.h"

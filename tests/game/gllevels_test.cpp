@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "jsonunserializer.h"
 #include "render/gldevice.h"
 #include "render/graphicsconfig.h"
 #include "render/rendersystem.h"

@@ -9,6 +9,7 @@
 #include "game/level00hash.h"
 #include "game/level00world.h"
 #include "game/turns/gamecontroller.h"
+#include "jsonunserializer.h"
 #include "physics/components/colliderholder.h"
 #include "render/components/light.h"
 #include "render/components/particlesystemc.h"

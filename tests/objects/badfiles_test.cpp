@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "core/app/loadscreen.h"
+#include "jsonunserializer.h"
 #include "objects/gameobjfactory.h"
 #include "physics/collidersystem.h"
 #include "platform/windowsystem.h"

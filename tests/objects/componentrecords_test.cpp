@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "jsonunserializer.h"
 #include "objects/gameobjfactory.h"
 #include "physics/components/colliderholder.h"
 #include "physics/components/transform.h"

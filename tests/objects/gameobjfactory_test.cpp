@@ -8,6 +8,7 @@
 #include "core/base/profile.h"
 #include "core/engine.h"
 #include "core/messages.h"
+#include "jsonunserializer.h"
 #include "physicssystem.h"
 #include "render/components/render.h"
 #include "support/probe.h"

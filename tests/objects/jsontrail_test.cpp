@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "jsonunserializer.h"
 #include "support/reports.h"
 
 namespace ZOVEngine {

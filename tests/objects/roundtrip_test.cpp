@@ -6,6 +6,7 @@
 #include <string>
 
 #include "game/levels/levelobjects.h"
+#include "jsonunserializer.h"
 #include "objects/gameobjfactory.h"
 #include "support/reports.h"
 #include "support/world.h"

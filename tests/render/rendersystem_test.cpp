@@ -7,6 +7,7 @@
 #include <rttr/type>
 
 #include "core/base/profile.h"
+#include "jsonunserializer.h"
 #include "platform/windowsystem.h"
 #include "render/graphicsconfig.h"
 #include "render/picturefiles.h"

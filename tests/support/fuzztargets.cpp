@@ -8,6 +8,7 @@
 #include <stdexcept>
 
 #include "game/levels/levelobjects.h"
+#include "jsonunserializer.h"
 #include "objects/gameobjfactory.h"
 #include "physics/collidersystem.h"
 #include "physicssystem.h"

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "core/messages.h"
+#include "jsonunserializer.h"
 #include "objects/gameobjfactory.h"
 #include "objects/logiccomponent.h"
 

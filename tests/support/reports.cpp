@@ -3,6 +3,7 @@
 #include <iostream>
 #include <sstream>
 
+#include "jsonunserializer.h"
 #include "objects/gamecomponentbase.h"
 #include "zovassert.h"
 

@@ -4,6 +4,7 @@
 #include <sstream>
 
 #include "core/statemachine.h"
+#include "jsonunserializer.h"
 #include "physics/components/transform.h"
 #include "platform/windowsystem.h"
 

@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "jsonunserializer.h"
 #include "objects/parallellists.h"
 
 namespace ZOVEngine {

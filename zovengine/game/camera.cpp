@@ -7,6 +7,7 @@
 #include "core/base/random.h"
 #include "game/objectquery.h"
 #include "game/turns/gamecontroller.h"
+#include "jsonunserializer.h"
 #include "physics/components/transform.h"
 
 namespace ZOVEngine {

@@ -28,7 +28,7 @@ struct ContactSides {
   }
   /// The side for which `is_wanted` holds while the other side has a T, A first; null if none.
   template <class T, class Test>
-  GameObj* Facing(Test is_wanted) const {
+  GameObj* PartnerOf(Test is_wanted) const {
     if (b->HasComponent<T>() && is_wanted(a)) return a;
     if (a->HasComponent<T>() && is_wanted(b)) return b;
     return nullptr;
@@ -50,7 +50,7 @@ template <class Zone>
 void MarkUnit(const ContactInfo& contact, const char* status) {
   const ContactSides sides(contact);
   if (!sides.BothActive()) return;
-  GameObj* unit = sides.Facing<Zone>([](const GameObj* object) { return IsUnit(*object); });
+  GameObj* unit = sides.PartnerOf<Zone>([](const GameObj* object) { return IsUnit(*object); });
   if (unit != nullptr) *StatusOf(unit) = status;
 }
 

@@ -15,7 +15,7 @@ GameObj* FirstChildNamed(GameObj* object, std::string_view name) {
   return nullptr;
 }
 
-GameController* ControllerOf(GameObj* object) {
+GameController* FindController(GameObj* object) {
   CurrGC query;
   for (GameObj* at = object; at != nullptr; at = at->parent) at->SendToComponents(&query);
   const auto& objects = g_game_obj_factory->m_objects;
@@ -24,11 +24,11 @@ GameController* ControllerOf(GameObj* object) {
   return FindComponent<GameController>(objects[query.objectId]);
 }
 
-void PlaySoundOf(GameObj* object, const char* name) {
+void PlaySound(GameObj* object, const char* name) {
   if (auto* source = FindComponent<AudioSource>(object)) source->PlaySound(name);
 }
 
-void SetStateOf(GameObj* object, const char* state) {
+void SetState(GameObj* object, const char* state) {
   if (auto* holder = FindComponent<StateC>(object)) holder->m_state = state;
 }
 

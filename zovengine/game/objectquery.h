@@ -35,11 +35,11 @@ GameObj* FirstChildNamed(GameObj* object, std::string_view name);
 
 /// The turn controller above `object`, asked for with CurrGC from the object up its parents; null
 /// when there is none.
-GameController* ControllerOf(GameObj* object);
+GameController* FindController(GameObj* object);
 
 /// Asks for a sound of the object, if it has an AudioSource.
-void PlaySoundOf(GameObj* object, const char* name);
+void PlaySound(GameObj* object, const char* name);
 /// Sets the state of an object that has a StateC.
-void SetStateOf(GameObj* object, const char* state);
+void SetState(GameObj* object, const char* state);
 
 }  // namespace ZOVEngine

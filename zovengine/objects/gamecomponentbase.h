@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-#include "jsonunserializer.h"
+#include "objects/jsonforward.h"
 
 namespace ZOVEngine {
 

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "jsonunserializer.h"
 #include "objects/rapidjsonconfig.h"
 
 namespace ZOVEngine {

@@ -32,19 +32,28 @@ class LogicComponent : public GameComponentBase {
   bool m_init = false;
 };
 
-/// A logic component with every slot empty: it takes its place in the order of tables and in files.
-class EmptyLogicComponent : public LogicComponent {
+/// Base of the logic components that hear no messages.
+class QuietComponent : public LogicComponent {
   RTTR_ENABLE(LogicComponent)
 
  public:
   using LogicComponent::LogicComponent;
 
+  void Destroy() override {}
+  void OnMessage(Message*) override {}
+};
+
+/// A logic component with every slot empty: it takes its place in the order of tables and in files.
+class EmptyLogicComponent : public QuietComponent {
+  RTTR_ENABLE(QuietComponent)
+
+ public:
+  using QuietComponent::QuietComponent;
+
   void Unserialize(const Value&) override {}
   void Serialize(Writer&) override {}
   void Init() override { m_init = true; }
   void Update(float) override {}
-  void Destroy() override {}
-  void OnMessage(Message*) override {}
 };
 
 }  // namespace ZOVEngine

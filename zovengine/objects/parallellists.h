@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "jsonunserializer.h"
 #include "objects/jsontrail.h"
 
 namespace ZOVEngine {

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "jsonunserializer.h"
 #include "objects/gamecomponentbase.h"
 
 namespace ZOVEngine {

@@ -9,6 +9,7 @@
 #include "core/base/prefetch.h"
 #include "core/base/profile.h"
 #include "core/engine.h"
+#include "jsonunserializer.h"
 #include "objects/gameobjfactory.h"
 #include "objects/parallellists.h"
 #include "objects/reflection.h"

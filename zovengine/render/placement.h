@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/base/vector3d.h"
 #include "physics/components/transform.h"
 #include "render/components/render.h"
 #include "render/frame.h"

@@ -11,6 +11,7 @@
 #include <glm/mat4x4.hpp>
 
 #include "core/base/profile.h"
+#include "jsonunserializer.h"
 #include "objects/gameobjfactory.h"
 #include "objects/reflection.h"
 #include "platform/virtualkeys.h"

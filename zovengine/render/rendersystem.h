@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "core/base/vector3d.h"
 #include "core/messages.h"
 #include "core/system.h"
 #include "game/camera.h"

@@ -66,11 +66,11 @@ TEST(Vector3D, NormalizedZeroIsZeroAndNoNan) {
 }
 
 TEST(Vector3D, AHeadingIsCountedFromUpwardToTheLeft) {
-  EXPECT_NEAR(HeadingOf(Vector3D(0.0f, 5.0f, 9.0f)), 0.0f, 1e-4f);
-  EXPECT_NEAR(HeadingOf(Vector3D(5.0f, 0.0f, 0.0f)), -90.0f, 1e-4f);
-  EXPECT_NEAR(HeadingOf(Vector3D(0.0f, -5.0f, 0.0f)), -180.0f, 1e-4f);
-  EXPECT_NEAR(HeadingOf(Vector3D(-5.0f, 0.0f, 0.0f)), 90.0f, 1e-4f);
-  EXPECT_NEAR(HeadingOf(Vector3D(-5.0f, -0.001f, 0.0f)), -270.0f, 0.1f);
+  EXPECT_NEAR(Heading(Vector3D(0.0f, 5.0f, 9.0f)), 0.0f, 1e-4f);
+  EXPECT_NEAR(Heading(Vector3D(5.0f, 0.0f, 0.0f)), -90.0f, 1e-4f);
+  EXPECT_NEAR(Heading(Vector3D(0.0f, -5.0f, 0.0f)), -180.0f, 1e-4f);
+  EXPECT_NEAR(Heading(Vector3D(-5.0f, 0.0f, 0.0f)), 90.0f, 1e-4f);
+  EXPECT_NEAR(Heading(Vector3D(-5.0f, -0.001f, 0.0f)), -270.0f, 0.1f);
 }
 
 TEST(Vector3D, DegreesGoThroughTheFloatPi) {

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "jsonunserializer.h"
 #include "objects/gameobjfactory.h"
 #include "support/world.h"
 

@@ -7,6 +7,7 @@
 #include <csignal>
 
 #include "game/levels/tileworld.h"
+#include "jsonunserializer.h"
 #include "render/rendersystem.h"
 
 namespace ZOVEngine {

@@ -485,8 +485,8 @@ TEST(GameController, TheMousePointsIntoTheLevelFromTheCamerasPlace) {
 
 TEST(GameController, ItAnswersTheQueryOfWhatIsBelowIt) {
   const TurnWorld level;
-  EXPECT_EQ(ControllerOf(level.Find("p")), &level.Controller());
-  EXPECT_EQ(ControllerOf(level.Find("level")), &level.Controller());
+  EXPECT_EQ(FindController(level.Find("p")), &level.Controller());
+  EXPECT_EQ(FindController(level.Find("level")), &level.Controller());
 }
 
 }  // namespace

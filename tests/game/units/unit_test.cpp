@@ -669,8 +669,8 @@ TEST(UnitQueries, DamageStopsAtTheEndsOfWhatHealthCanBe) {
 
 TEST(UnitQueries, TheControllerIsAskedForUpTheParents) {
   UnitStage stage({UnitRecord("unit", "Player")});
-  EXPECT_EQ(ControllerOf(stage.Find("Weapon0Barrel")), &stage.Of<GameController>("level"));
-  EXPECT_EQ(ControllerOf(stage.Find("first")), nullptr);
+  EXPECT_EQ(FindController(stage.Find("Weapon0Barrel")), &stage.Of<GameController>("level"));
+  EXPECT_EQ(FindController(stage.Find("first")), nullptr);
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include <limits>
 
 #include "game/levels/levelobjects.h"
+#include "jsonunserializer.h"
 #include "render/components/particlefountain.h"
 #include "render/rendersystem.h"
 #include "support/reports.h"

@@ -63,7 +63,7 @@ inline float Dot(const Vector3D& a, const Vector3D& b) {
 
 /// The rotation of something drawn upward that looks along `way`: 0 is up, a quarter turn to the
 /// left is 90 (unit: degrees, from -270 to 90).
-inline float HeadingOf(const Vector3D& way) {
+inline float Heading(const Vector3D& way) {
   return std::atan2(way.y, way.x) * 180.0f / kPi - 90.0f;
 }
 

@@ -2,14 +2,8 @@
 
 #include "game/contactsides.h"
 #include "game/units/player.h"
-#include "objects/reflection.h"
+#include "objects/fields.h"
 #include "physics/components/transform.h"
-
-RTTR_REGISTRATION {
-  using ZOVEngine::DeathField;
-  ZOVEngine::ComponentRegistration<DeathField>("DeathField")
-      .Field("m_damage", &DeathField::m_damage, "int", "Damage");
-}
 
 namespace ZOVEngine {
 namespace {
@@ -18,17 +12,15 @@ constexpr float kTurnPerStep = 0.3f;  ///< (unit: degrees)
 
 }  // namespace
 
-void DeathField::Unserialize(const Value& value) {
-  ReadValue(value, "m_damage", &m_damage);
+template <class Visitor>
+void DeathField::Fields(Visitor& visit) {
+  visit("m_damage", &DeathField::m_damage, "Damage");
 }
-
-void DeathField::Serialize(Writer& writer) {
-  WriteValue(writer, "m_damage", m_damage);
-}
+ZOV_COMPONENT_FIELDS(DeathField)
 
 void DeathField::Init() {
   m_init = true;
-  SetStateOf(m_owner, "loop");
+  SetState(m_owner, "loop");
 }
 
 void DeathField::Update(float) {

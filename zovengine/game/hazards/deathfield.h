@@ -6,18 +6,18 @@ namespace ZOVEngine {
 
 /// The boss's aura: follows the boss and wounds a player unit each time that it enters. Everything
 /// passes through it.
-class DeathField final : public LogicComponent {
-  RTTR_ENABLE(LogicComponent)
+class DeathField final : public QuietComponent {
+  RTTR_ENABLE(QuietComponent)
 
  public:
-  using LogicComponent::LogicComponent;
+  using QuietComponent::QuietComponent;
 
+  template <class Visitor>
+  static void Fields(Visitor& visit);
   void Unserialize(const Value& value) override;
   void Serialize(Writer& writer) override;
   void Init() override;
   void Update(float dt) override;
-  void Destroy() override {}
-  void OnMessage(Message*) override {}
   void OnCollisionEnter(ContactInfo* contact) override;
   void OnCollisionStay(ContactInfo* contact) override;
   void OnCollisionExit(ContactInfo* contact) override;

@@ -5,6 +5,7 @@
 #include "game/camera.h"
 #include "game/contactsides.h"
 #include "game/shots/projectile.h"
+#include "jsonunserializer.h"
 #include "objects/reflection.h"
 #include "physics/components/colliderholder.h"
 #include "physics/components/transform.h"
@@ -51,7 +52,7 @@ void EnvironmentBlackhole::Init() {
   m_bodies = FetchTable<RigidBody>();
   m_owner->SetActive(true);
   m_active = true;
-  if (m_owner->HasComponent<Animation>()) SetStateOf(m_owner, "loop");
+  if (m_owner->HasComponent<Animation>()) SetState(m_owner, "loop");
   if (auto* dust = FindComponent<ParticleSystemC>(m_owner)) {
     dust->m_emitting = true;
     dust->m_active = true;
@@ -68,13 +69,13 @@ void EnvironmentBlackhole::Update(float) {
 void EnvironmentBlackhole::Pull(const RigidBody* body) const {
   if (IsLeftAlone(body->m_owner)) return;
   if (DistanceBetween(m_owner, body->m_owner) > m_suction_range) return;
-  BlowAway(m_owner, body, -m_suction_force);
+  ApplyRadialForce(m_owner, body, -m_suction_force);
 }
 
 void EnvironmentBlackhole::OnCollisionEnter(ContactInfo* contact) {
   const ContactSides sides(*contact);
   if (!sides.BothActive()) return;
-  GameObj* caught = sides.Facing<EnvironmentBlackhole>(
+  GameObj* caught = sides.PartnerOf<EnvironmentBlackhole>(
       [](const GameObj* object) { return IsCarriable(*object); });
   if (caught == nullptr) return;
   if (int* health = HealthOf(caught)) {

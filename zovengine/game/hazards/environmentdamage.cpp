@@ -13,7 +13,7 @@ void EnvironmentDamage::Init() {
   m_init = true;
   m_owner->SetActive(true);
   m_active = true;
-  SetStateOf(m_owner, "loop");
+  SetState(m_owner, "loop");
 }
 
 void EnvironmentDamage::Update(float) {

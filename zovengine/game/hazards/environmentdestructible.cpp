@@ -5,6 +5,7 @@
 #include "game/shots/projectiledefault.h"
 #include "game/shots/projectilepierce.h"
 #include "game/shots/projectilepush.h"
+#include "jsonunserializer.h"
 #include "objects/reflection.h"
 #include "objects/statec.h"
 #include "render/components/animation.h"
@@ -20,7 +21,7 @@ namespace {
 
 /// Takes the damage of the shots of one kind, on either side of a contact, off `health`.
 template <class Shot>
-void TakeDamageOf(const ContactSides& sides, int* health) {
+void TakeDamage(const ContactSides& sides, int* health) {
   for (GameObj* side : {sides.a, sides.b}) {
     if (const auto* shot = FindComponent<Shot>(side)) {
       *health = AfterDamage(*health, shot->m_damage);
@@ -42,7 +43,7 @@ void EnvironmentDestructible::Init() {
   m_init = true;
   m_owner->SetActive(true);
   m_active = true;
-  SetStateOf(m_owner, "loop");
+  SetState(m_owner, "loop");
   m_initial_health = m_health;
   if (auto* animation = FindComponent<Animation>(m_owner)) {
     animation->m_loop = "Sheet_Env_DestructibleA";
@@ -63,7 +64,7 @@ void EnvironmentDestructible::Update(float) {
 void EnvironmentDestructible::OnCollisionEnter(ContactInfo* contact) {
   const ContactSides sides(*contact);
   if (!sides.BothActive()) return;
-  GameObj* bouncer = sides.Facing<EnvironmentDestructible>(
+  GameObj* bouncer = sides.PartnerOf<EnvironmentDestructible>(
       [](const GameObj* object) { return object->HasComponent<ProjectileBounce>(); });
   if (bouncer != nullptr) {
     const int damage = bouncer->GetComponent<ProjectileBounce>()->m_curr_damage;
@@ -71,9 +72,9 @@ void EnvironmentDestructible::OnCollisionEnter(ContactInfo* contact) {
     // One less: the shot has raised its damage on this contact already if it was told first.
     m_health = AfterDamage(m_health, std::int64_t{damage} - 1);
   }
-  TakeDamageOf<ProjectileDefault>(sides, &m_health);
-  TakeDamageOf<ProjectilePierce>(sides, &m_health);
-  TakeDamageOf<ProjectilePush>(sides, &m_health);
+  TakeDamage<ProjectileDefault>(sides, &m_health);
+  TakeDamage<ProjectilePierce>(sides, &m_health);
+  TakeDamage<ProjectilePush>(sides, &m_health);
 }
 
 }  // namespace ZOVEngine

@@ -8,6 +8,7 @@
 
 #include "game/levels/levelobjects.h"
 #include "game/turns/gamecontroller.h"
+#include "jsonunserializer.h"
 #include "objects/gameobjfactory.h"
 #include "physics/components/transform.h"
 #include "render/components/render.h"

@@ -7,6 +7,7 @@
 #include "core/engine.h"
 #include "core/messages.h"
 #include "game/objectquery.h"
+#include "jsonunserializer.h"
 #include "objects/reflection.h"
 #include "physics/components/transform.h"
 

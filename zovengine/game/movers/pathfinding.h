@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "core/base/vector3d.h"
 #include "game/movers/pathgrid.h"
 #include "objects/logiccomponent.h"
 

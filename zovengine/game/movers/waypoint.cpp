@@ -5,6 +5,7 @@
 #include "core/engine.h"
 #include "core/messages.h"
 #include "game/objectquery.h"
+#include "jsonunserializer.h"
 #include "physics/components/rigidbody.h"
 #include "physics/components/transform.h"
 

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "core/base/vector3d.h"
 #include "objects/logiccomponent.h"
 
 namespace ZOVEngine {

@@ -62,7 +62,7 @@ float SpeedOf(GameObj* shot) {
 }
 
 bool IsLevelOver(GameObj* shot) {
-  const GameController* controller = ControllerOf(shot);
+  const GameController* controller = FindController(shot);
   return controller != nullptr && controller->m_state == TURN_LEVEL_END;
 }
 
@@ -90,7 +90,7 @@ void SetLight(GameObj* shot, float strength) {
 }
 
 float FlightAngle(GameObj* shot) {
-  return HeadingOf(shot->GetComponent<RigidBody>()->m_vel);
+  return Heading(shot->GetComponent<RigidBody>()->m_vel);
 }
 
 void TurnTo(GameObj* object, float angle) {
@@ -109,7 +109,7 @@ void TurnTrail(GameObj* shot, float angle) {
   });
 }
 
-bool PassesThrough(const ContactSides& sides, ContactInfo* contact) {
+bool IgnoreIfPassable(const ContactSides& sides, ContactInfo* contact) {
   if (sides.BothActive() && !sides.EitherHas<EnvironmentRough>() &&
       !sides.EitherHas<EnvironmentDamage>() && !sides.EitherHas<DeathField>()) {
     return false;
@@ -138,7 +138,7 @@ void HitAndEnd(GameObj* shot, GameObj* unit, int damage) {
 }
 
 void EndWithBang(GameObj* shot) {
-  PlaySoundOf(shot, "push_hit.ogg");
+  PlaySound(shot, "push_hit.ogg");
   shot->SetActive(false);
   EmitFeedback(shot);
   ShowBurst(shot);
@@ -152,7 +152,7 @@ bool IsBossAtOwnMuzzle(GameObj* shot, const ContactSides& sides) {
 }
 
 void ShakeCamera(GameObj* shot, float magnitude) {
-  const GameController* controller = ControllerOf(shot);
+  const GameController* controller = FindController(shot);
   if (controller == nullptr || controller->m_camera == nullptr) return;
   auto* camera = controller->m_camera->GetComponent<Camera>();
   camera->m_shaking = true;
@@ -171,7 +171,7 @@ void EmitFeedback(GameObj* shot) {
 void ShowBurst(GameObj* shot) {
   for (GameObj* child : shot->children) {
     if (!child->HasComponent<Animation>()) continue;
-    SetStateOf(child, "once");
+    SetState(child, "once");
     auto* render = FindComponent<Render>(child);
     if (render == nullptr) continue;
     render->m_visible = true;
@@ -187,7 +187,7 @@ void PlayBounceSound(GameObj* shot, const char* name) {
 }
 
 void PlayHitSound(GameObj* shot) {
-  PlaySoundOf(shot, kHitSound);
+  PlaySound(shot, kHitSound);
 }
 
 bool IsHitHeard(GameObj* shot) {
@@ -202,7 +202,7 @@ float DistanceBetween(GameObj* one, GameObj* other) {
   return (here->m_world_pos - there->m_world_pos).Length();
 }
 
-void BlowAway(GameObj* centre, const RigidBody* body, float strength) {
+void ApplyRadialForce(GameObj* centre, const RigidBody* body, float strength) {
   // What is switched off does not age its forces: they would only pile up.
   if (!body->m_active) return;
   GameObj* object = body->m_owner;

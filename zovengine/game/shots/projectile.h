@@ -116,11 +116,11 @@ void TurnTrail(GameObj* shot, float angle);
 
 /// True when a contact with a hazard or of something switched off is to be passed through; marks it
 /// so.
-bool PassesThrough(const ContactSides& sides, ContactInfo* contact);
+bool IgnoreIfPassable(const ContactSides& sides, ContactInfo* contact);
 /// The unit that a shot of type Shot hit, or null.
 template <class Shot>
 GameObj* HitUnit(const ContactSides& sides) {
-  return sides.Facing<Shot>([](const GameObj* object) { return IsUnit(*object); });
+  return sides.PartnerOf<Shot>([](const GameObj* object) { return IsUnit(*object); });
 }
 /// Takes health from a unit and has it flash. The health may fall below 0.
 void Wound(GameObj* unit, int damage);
@@ -152,7 +152,7 @@ bool IsHitHeard(GameObj* shot);
 /// distance, which the magnitude divides by. A body in the very place of the centre, as a shot
 /// itself, has no direction to go and gets none. Nor does a body that is switched off: the physics
 /// would neither apply nor drop the force, and forces would pile up in memory.
-void BlowAway(GameObj* centre, const RigidBody* body, float strength);
+void ApplyRadialForce(GameObj* centre, const RigidBody* body, float strength);
 /// The distance between the world positions of two objects, depth included (unit: world units);
 /// infinite if one has no place.
 float DistanceBetween(GameObj* one, GameObj* other);

@@ -1,6 +1,7 @@
 #include "game/shots/projectilebounce.h"
 
 #include "game/shots/projectile.h"
+#include "jsonunserializer.h"
 #include "objects/reflection.h"
 
 RTTR_REGISTRATION {
@@ -58,7 +59,7 @@ void ProjectileBounce::Update(float dt) {
 
 void ProjectileBounce::OnCollisionEnter(ContactInfo* contact) {
   const ContactSides sides(*contact);
-  if (PassesThrough(sides, contact)) return;
+  if (IgnoreIfPassable(sides, contact)) return;
   EmitFeedback(m_owner);
   if (GameObj* unit = HitUnit<ProjectileBounce>(sides)) {
     HitAndEnd(m_owner, unit, m_curr_damage);

@@ -45,7 +45,7 @@ void ProjectileDefault::Update(float dt) {
 
 void ProjectileDefault::OnCollisionEnter(ContactInfo* contact) {
   const ContactSides sides(*contact);
-  if (PassesThrough(sides, contact)) return;
+  if (IgnoreIfPassable(sides, contact)) return;
   if (sides.EitherHas<ProjectileExplosion>() || sides.BothHave<ProjectileDefault>() ||
       (m_curr_range < kBossMuzzle && IsBossAtOwnMuzzle(m_owner, sides))) {
     contact->ignored = true;

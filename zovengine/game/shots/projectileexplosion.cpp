@@ -3,6 +3,7 @@
 #include "game/camera.h"
 #include "game/shots/projectile.h"
 #include "game/shots/projectiledefault.h"
+#include "jsonunserializer.h"
 #include "objects/reflection.h"
 #include "physics/components/transform.h"
 #include "render/components/particle.h"
@@ -77,7 +78,7 @@ void ProjectileExplosion::PlaceTrail(const Vector3D& place) {
 
 void ProjectileExplosion::OnCollisionEnter(ContactInfo* contact) {
   const ContactSides sides(*contact);
-  if (PassesThrough(sides, contact)) return;
+  if (IgnoreIfPassable(sides, contact)) return;
   if (sides.EitherHas<ProjectileDefault>() || sides.BothHave<ProjectileExplosion>() ||
       IsBossAtOwnMuzzle(m_owner, sides)) {
     contact->ignored = true;
@@ -101,7 +102,7 @@ void ProjectileExplosion::Crack(EnvironmentDestructible* destructible) const {
 void ProjectileExplosion::Blast(RigidBody* body) const {
   GameObj* object = body->m_owner;
   if (IsSpared(*object) || DistanceBetween(m_owner, object) > m_aoe) return;
-  BlowAway(m_owner, body, m_knockback);
+  ApplyRadialForce(m_owner, body, m_knockback);
   if (IsUnit(*object)) Wound(object, m_damage);
 }
 

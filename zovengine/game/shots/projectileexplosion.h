@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "core/base/vector3d.h"
 #include "game/hazards/environmentdestructible.h"
 #include "objects/componentmanager.h"
 #include "objects/logiccomponent.h"

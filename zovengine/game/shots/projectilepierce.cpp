@@ -24,7 +24,7 @@ bool IsShooterDead(const GameObj* shot) {
 
 /// Asking has the controller show the level's end, deliberately.
 bool AreAllPlayersDead(GameObj* shot) {
-  GameController* controller = ControllerOf(shot);
+  GameController* controller = FindController(shot);
   return controller != nullptr && controller->AllPlayersDead();
 }
 
@@ -60,7 +60,7 @@ void ProjectilePierce::Update(float dt) {
 
 void ProjectilePierce::OnCollisionEnter(ContactInfo* contact) {
   const ContactSides sides(*contact);
-  if (PassesThrough(sides, contact)) return;
+  if (IgnoreIfPassable(sides, contact)) return;
   FlashLight(m_owner, m_base_light);
   if (GameObj* unit = HitUnit<ProjectilePierce>(sides)) {
     WoundAndShake(m_owner, unit, m_damage);
@@ -71,7 +71,7 @@ void ProjectilePierce::OnCollisionEnter(ContactInfo* contact) {
     return;
   }
   m_owner->SetActive(false);
-  if (!IsHitHeard(m_owner)) PlaySoundOf(m_owner, "bullet_bounce.ogg");
+  if (!IsHitHeard(m_owner)) PlaySound(m_owner, "bullet_bounce.ogg");
   ShowBurst(m_owner);
 }
 

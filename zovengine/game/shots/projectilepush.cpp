@@ -40,7 +40,7 @@ void ProjectilePush::Update(float dt) {
 
 void ProjectilePush::OnCollisionEnter(ContactInfo* contact) {
   const ContactSides sides(*contact);
-  if (PassesThrough(sides, contact)) return;
+  if (IgnoreIfPassable(sides, contact)) return;
   ShakeCamera(m_owner, kBigShake);
   EmitFeedback(m_owner);
   if (GameObj* unit = HitUnit<ProjectilePush>(sides)) Wound(unit, m_damage);

@@ -18,8 +18,8 @@ namespace ZOVEngine {
 namespace {
 
 void Respawn(GameObj* object) {
-  SetStateOf(object, "spawn");
-  PlaySoundOf(object, "unit_spawn.ogg");
+  SetState(object, "spawn");
+  PlaySound(object, "unit_spawn.ogg");
 }
 
 /// Local positions are traded, whatever the parents are: deliberate, units are children of the
@@ -63,16 +63,16 @@ void ProjectileSwap::Update(float dt) {
 
 void ProjectileSwap::OnCollisionEnter(ContactInfo* contact) {
   const ContactSides sides(*contact);
-  if (PassesThrough(sides, contact)) return;
+  if (IgnoreIfPassable(sides, contact)) return;
   FlashLight(m_owner, m_base_light);
-  PlaySoundOf(m_owner, "bullet_bounce.ogg");
+  PlaySound(m_owner, "bullet_bounce.ogg");
   EmitFeedback(m_owner);
   ShowBurst(m_owner);
-  GameObj* target = sides.Facing<ProjectileSwap>(
+  GameObj* target = sides.PartnerOf<ProjectileSwap>(
       [this](const GameObj* object) { return object != m_owner && IsCarriable(*object); });
   if (target == nullptr) return;
   contact->ignored = true;
-  const GameController* controller = ControllerOf(m_owner);
+  const GameController* controller = FindController(m_owner);
   if (controller != nullptr && controller->m_selected != nullptr) {
     TradePlaces(target, controller->m_selected);
   }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/base/vector3d.h"
 #include "objects/logiccomponent.h"
 
 namespace ZOVEngine {

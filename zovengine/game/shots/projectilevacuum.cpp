@@ -2,6 +2,7 @@
 
 #include "game/camera.h"
 #include "game/shots/projectile.h"
+#include "jsonunserializer.h"
 #include "objects/reflection.h"
 #include "render/components/particle.h"
 
@@ -48,7 +49,7 @@ void ProjectileVacuum::Update(float dt) {
 
 void ProjectileVacuum::OnCollisionEnter(ContactInfo* contact) {
   const ContactSides sides(*contact);
-  if (PassesThrough(sides, contact)) return;
+  if (IgnoreIfPassable(sides, contact)) return;
   // In a pause contacts reach a shot that was never stepped.
   if (m_bodies == nullptr) m_bodies = FetchTable<RigidBody>();
   EmitFeedback(m_owner);
@@ -59,7 +60,7 @@ void ProjectileVacuum::OnCollisionEnter(ContactInfo* contact) {
 void ProjectileVacuum::Pull(RigidBody* body) const {
   GameObj* object = body->m_owner;
   if (object->HasComponent<Particle>() || object->HasComponent<Camera>()) return;
-  if (DistanceBetween(m_owner, object) <= m_aoe) BlowAway(m_owner, body, -m_suction_force);
+  if (DistanceBetween(m_owner, object) <= m_aoe) ApplyRadialForce(m_owner, body, -m_suction_force);
 }
 
 }  // namespace ZOVEngine

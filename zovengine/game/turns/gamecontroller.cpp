@@ -10,6 +10,7 @@
 #include "game/objectquery.h"
 #include "game/units/enemy.h"
 #include "game/units/player.h"
+#include "jsonunserializer.h"
 #include "objects/gameobjfactory.h"
 #include "objects/reflection.h"
 #include "objects/statec.h"
@@ -78,11 +79,11 @@ void GameController::GatherChildren() {
     if (child->HasComponent<Camera>()) m_camera = child;
     if (child->HasComponent<Enemy>()) {
       m_enemies.push_back(child);
-      SetStateOf(child, "spawn");
+      SetState(child, "spawn");
     }
     if (child->HasComponent<Player>()) {
       m_players.push_back(child);
-      SetStateOf(child, "spawn");
+      SetState(child, "spawn");
     }
   }
 }

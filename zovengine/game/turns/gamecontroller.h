@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "core/base/vector3d.h"
 #include "game/levels/tilemap.h"
 #include "objects/componentmanager.h"
 #include "objects/logiccomponent.h"

@@ -96,7 +96,7 @@ void GameController::PushSelected(std::uint32_t direction) {
   AddForceToObject push(m_selected->id, kDirections[direction], player.m_movement_mag,
                         player.m_status == "slowed" ? kSlowedPushTime : kPushTime);
   g_engine->Broadcast(&push);
-  PlaySoundOf(m_owner, "tank_move.ogg");
+  PlaySound(m_owner, "tank_move.ogg");
   player.m_movement_curr -= kEnergyPerPush;
 }
 
@@ -134,7 +134,7 @@ void GameController::TakeKey(std::uint64_t key) {
 /// Pauses, or goes back to the level from whatever screen covers it.
 void GameController::ToggleScreen() {
   if (m_ui_state == "ui_default") {
-    PlaySoundOf(m_owner, kClick);
+    PlaySound(m_owner, kClick);
     m_ui_state = "ui_pause";
   } else {
     m_ui_state = "ui_default";
@@ -157,7 +157,7 @@ void GameController::ToggleDebug() {
 
 /// Ends the turn of a player unit, in whatever state the machine is.
 void GameController::SkipUnit() {
-  PlaySoundOf(m_owner, kClick);
+  PlaySound(m_owner, kClick);
   auto* player = m_selected ? FindComponent<Player>(m_selected) : nullptr;
   if (player == nullptr) return;
   player->m_acted = true;
@@ -179,7 +179,7 @@ void GameController::SwitchWeapon() {
   if (!IsPlayersTurn()) return;
   SwitchWeaponOf(FindComponent<Player>(m_selected));
   SwitchWeaponOf(FindComponent<Enemy>(m_selected));
-  PlaySoundOf(m_owner, kClick);
+  PlaySound(m_owner, kClick);
 }
 
 /// Brings the unit back to where its turn began, with full energy. Forces that still act on it go

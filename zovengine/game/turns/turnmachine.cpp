@@ -201,7 +201,7 @@ void GameController::EnemyMove() {
   if (AllBodiesAtRest()) StepMove();
   const Vector3D& velocity = m_selected->GetComponent<RigidBody>()->m_vel;
   const bool drives = std::abs(velocity.x) > kDrivingSpeed || std::abs(velocity.y) > kDrivingSpeed;
-  if (!enemy.m_moved && drives) PlaySoundOf(m_owner, "tank_move.ogg");
+  if (!enemy.m_moved && drives) PlaySound(m_owner, "tank_move.ogg");
 }
 
 void GameController::StepMove() {
@@ -226,7 +226,7 @@ void GameController::EnemyAim() {
     const Vector3D& goal = enemy.m_target->GetComponent<Transform>()->m_world_pos;
     const Vector3D& own = m_selected->GetComponent<Transform>()->m_world_pos;
     enemy.m_turning = true;
-    enemy.m_aim_angle = HeadingOf(goal - own);
+    enemy.m_aim_angle = Heading(goal - own);
   }
   m_state = TURN_ENEMY_NEXT;
 }

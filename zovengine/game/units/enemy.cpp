@@ -11,6 +11,7 @@
 #include "game/shots/projectileexplosion.h"
 #include "game/turns/gamecontroller.h"
 #include "game/units/unit.h"
+#include "jsonunserializer.h"
 #include "objects/reflection.h"
 #include "objects/statec.h"
 #include "physics/components/rigidbody.h"
@@ -133,7 +134,7 @@ void Enemy::Init() {
   });
   for (const char* name : kExplosions) {
     ForEachChildNamed(m_owner, name, [](GameObj* explosion) {
-      SetStateOf(explosion, "default");
+      SetState(explosion, "default");
       explosion->SetActive(false);
     });
   }
@@ -147,7 +148,7 @@ void Enemy::Update(float dt) {
   m_dt = dt;
   if (!m_init) Init();
   if (!m_alive) return;
-  GameController* controller = ControllerOf(m_owner);
+  GameController* controller = FindController(m_owner);
   if (!RunUpkeep(this, controller, dt)) return;
   BeginPhaseTwo(controller);
   FadePhaseIn(controller);
@@ -190,7 +191,7 @@ void Enemy::Turn(GameController* controller) {
   if (m_aim_angle + kArrival < rotation || rotation < m_aim_angle - kArrival) {
     const float speed = m_boss ? kBossTurnSpeed : kTurnSpeed;
     body->m_rot_vel = rotation <= m_aim_angle ? speed : -speed;
-    if (controller != nullptr) PlaySoundOf(controller->m_owner, "tank_move.ogg");
+    if (controller != nullptr) PlaySound(controller->m_owner, "tank_move.ogg");
     return;
   }
   m_turning = false;
@@ -244,7 +245,7 @@ void Enemy::RunExplosions() {
       const auto* state = FindComponent<StateC>(explosion);
       if (state == nullptr || state->m_state == "loop") return;
       explosion->SetActive(true);
-      SetStateOf(explosion, "loop");
+      SetState(explosion, "loop");
       auto* source = FindComponent<AudioSource>(explosion);
       if (source != nullptr && !source->IsPlaying("unit_death.ogg")) {
         source->PlaySound("unit_death.ogg");

@@ -4,6 +4,7 @@
 
 #include "game/objectquery.h"
 #include "game/units/unit.h"
+#include "jsonunserializer.h"
 #include "objects/reflection.h"
 #include "physics/components/transform.h"
 
@@ -60,7 +61,7 @@ void Player::Update(float dt) {
   m_dt = dt;
   if (!m_init) Init();
   if (!m_alive) return;
-  if (!RunUpkeep(this, ControllerOf(m_owner), dt)) return;
+  if (!RunUpkeep(this, FindController(m_owner), dt)) return;
   ShowHeldBarrel(this);
   RunPierceMuzzle(dt);
   if (m_health < 1) {
@@ -85,7 +86,7 @@ void Player::RunPierceMuzzle(float dt) {
 
 void Player::AimAt(const Vector3D& mouse) {
   auto* transform = m_owner->GetComponent<Transform>();
-  transform->m_local_rotate = transform->m_prev_rotate = HeadingOf(mouse - transform->m_local_pos);
+  transform->m_local_rotate = transform->m_prev_rotate = Heading(mouse - transform->m_local_pos);
 }
 
 void Player::Fire(const Vector3D& mouse) {

@@ -3,6 +3,7 @@
 #include <array>
 #include <string>
 
+#include "core/base/vector3d.h"
 #include "objects/logiccomponent.h"
 
 namespace ZOVEngine {

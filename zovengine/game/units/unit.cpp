@@ -97,7 +97,7 @@ void BindUnit(Unit* unit) {
   unit->m_init = true;
   if (auto* state = FindComponent<StateC>(object)) {
     state->m_state = "spawn";
-    PlaySoundOf(object, "unit_spawn.ogg");
+    PlaySound(object, "unit_spawn.ogg");
   }
   ForEachChildWith<Transform>(object, kBarName, [unit](const Transform* bar) {
     unit->m_hp_bar_width = bar->m_world_scale.x;
@@ -240,9 +240,9 @@ void RunAlive(Unit* unit) {
 }
 
 void StartDeathSheet(GameObj* unit) {
-  SetStateOf(unit, "death");
+  SetState(unit, "death");
   ScaleBy(unit, kDeathScale);
-  PlaySoundOf(unit, "unit_death.ogg");
+  PlaySound(unit, "unit_death.ogg");
   HideBarrels(unit);
 }
 
@@ -310,14 +310,14 @@ bool FireHeldWeapon(Unit* unit, const Vector3D& muzzle, const Vector3D& directio
 
 void PlayOnce(GameObj* unit, const char* name) {
   ForEachChildWith<Animation>(unit, name, [](const Animation* sprite) {
-    SetStateOf(sprite->m_owner, "once");
+    SetState(sprite->m_owner, "once");
     if (auto* render = FindComponent<Render>(sprite->m_owner)) render->m_visible = true;
   });
 }
 
 void ShowMuzzleFire(GameObj* unit) {
   PlayOnce(unit, "unit_fire");
-  PlaySoundOf(unit, "unit_fire.ogg");
+  PlaySound(unit, "unit_fire.ogg");
 }
 
 GameObj* FirstBarrel(GameObj* unit) {

@@ -2,6 +2,7 @@
 
 #include <unordered_map>
 
+#include "jsonunserializer.h"
 #include "objects/componentmanager.h"
 #include "objects/reflection.h"
 #include "physics/components/transform.h"

@@ -1,5 +1,6 @@
 #include "physics/components/rigidbody.h"
 
+#include "jsonunserializer.h"
 #include "objects/reflection.h"
 
 RTTR_REGISTRATION {

@@ -3,6 +3,7 @@
 #include <memory>
 #include <vector>
 
+#include "core/base/vector3d.h"
 #include "objects/gamecomponentbase.h"
 
 namespace ZOVEngine {

@@ -1,5 +1,6 @@
 #include "physics/components/transform.h"
 
+#include "jsonunserializer.h"
 #include "objects/componentmanager.h"
 #include "objects/reflection.h"
 

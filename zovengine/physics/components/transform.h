@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/base/matrix4x4.h"
+#include "core/base/vector3d.h"
 #include "objects/gamecomponentbase.h"
 
 namespace ZOVEngine {

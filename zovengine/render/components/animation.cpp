@@ -1,5 +1,6 @@
 #include "render/components/animation.h"
 
+#include "jsonunserializer.h"
 #include "objects/reflection.h"
 
 RTTR_REGISTRATION {

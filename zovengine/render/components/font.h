@@ -3,6 +3,7 @@
 #include <array>
 #include <string>
 
+#include "jsonunserializer.h"
 #include "objects/gamecomponentbase.h"
 
 namespace ZOVEngine {

@@ -1,5 +1,7 @@
 #include "render/components/imodel.h"
 
+#include "jsonunserializer.h"
+
 namespace ZOVEngine {
 namespace {
 

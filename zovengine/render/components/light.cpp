@@ -1,5 +1,7 @@
 #include "render/components/light.h"
 
+#include "jsonunserializer.h"
+
 namespace ZOVEngine {
 
 void Light::Unserialize(const Value& value) {

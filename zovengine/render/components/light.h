@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/base/vector3d.h"
 #include "objects/gamecomponentbase.h"
 
 namespace ZOVEngine {

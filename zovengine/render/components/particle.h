@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <vector>
 
+#include "core/base/vector3d.h"
 #include "objects/gamecomponentbase.h"
 
 namespace ZOVEngine {

@@ -6,6 +6,7 @@
 
 #include "core/base/random.h"
 #include "core/engine.h"
+#include "jsonunserializer.h"
 #include "objects/gameobjfactory.h"
 #include "physics/components/rigidbody.h"
 #include "physics/components/transform.h"

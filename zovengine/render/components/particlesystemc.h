@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 
+#include "core/base/vector3d.h"
 #include "objects/logiccomponent.h"
 #include "render/components/particle.h"
 

@@ -1,5 +1,6 @@
 #include "render/components/render.h"
 
+#include "jsonunserializer.h"
 #include "objects/componentmanager.h"
 #include "physics/components/transform.h"
 

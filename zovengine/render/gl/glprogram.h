@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "core/base/matrix4x4.h"
+#include "core/base/vector3d.h"
 #include "render/frame.h"
 
 namespace ZOVEngine {

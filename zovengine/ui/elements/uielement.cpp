@@ -1,5 +1,6 @@
 #include "ui/elements/uielement.h"
 
+#include "jsonunserializer.h"
 #include "objects/reflection.h"
 
 RTTR_REGISTRATION {

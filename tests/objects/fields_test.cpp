@@ -1,0 +1,105 @@
+#include "objects/fields.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cstdint>
+
+#include "objects/logiccomponent.h"
+
+namespace ZOVEngine {
+namespace {
+
+using testing::ElementsAre;
+
+/// A component with a field of each type that files can hold.
+struct Everything {
+  template <class Visitor>
+  static void Fields(Visitor& visit) {
+    visit("flag", &Everything::flag);
+    visit("whole", &Everything::whole);
+    visit("natural", &Everything::natural);
+    visit("real", &Everything::real);
+    visit("text", &Everything::text);
+    visit("place", &Everything::place);
+    visit("pair", &Everything::pair);
+    visit("colour", &Everything::colour);
+    visit("range", &Everything::range);
+    visit("places", &Everything::places);
+  }
+
+  bool flag = false;
+  int whole = 0;
+  unsigned natural = 0;
+  float real = 0.0f;
+  std::string text;
+  Vector3D place;
+  std::array<float, 2> pair = {};
+  std::array<float, 4> colour = {};
+  std::array<Vector3D, 2> range = {};
+  std::vector<Vector3D> places;
+};
+
+constexpr const char* kText =
+    R"({"flag": true, "whole": -3, "natural": 4, "real": 0.5, "text": "five", "place": [6, 7, 8],
+        "pair": [9, 10], "colour": [0.1, 0.2, 0.3, 0.4], "range": [[1, 2, 3], [4, 5, 6]],
+        "places": [[7, 8, 9]]})";
+
+/// The text of `everything` as a writer puts it.
+std::string Written(const Everything& everything) {
+  JsonWriter writer;
+  writer.Out().json->StartObject();
+  FieldWriter<Everything> visit(writer.Out(), everything);
+  Everything::Fields(visit);
+  writer.Out().json->EndObject();
+  return writer.Text();
+}
+
+Everything Read(const std::string& text) {
+  JsonDocument document;
+  document.ParseText(text, "everything.json");
+  Everything everything;
+  FieldReader<Everything> visit(document.Root(), &everything);
+  Everything::Fields(visit);
+  return everything;
+}
+
+TEST(Fields, OneListReadsEveryType) {
+  const Everything read = Read(kText);
+  EXPECT_TRUE(read.flag);
+  EXPECT_EQ(read.whole, -3);
+  EXPECT_EQ(read.natural, 4u);
+  EXPECT_EQ(read.real, 0.5f);
+  EXPECT_EQ(read.text, "five");
+  EXPECT_EQ(read.place, Vector3D(6, 7, 8));
+  EXPECT_THAT(read.pair, ElementsAre(9.0f, 10.0f));
+  EXPECT_THAT(read.colour, ElementsAre(0.1f, 0.2f, 0.3f, 0.4f));
+  EXPECT_THAT(read.range, ElementsAre(Vector3D(1, 2, 3), Vector3D(4, 5, 6)));
+  EXPECT_THAT(read.places, ElementsAre(Vector3D(7, 8, 9)));
+}
+
+TEST(Fields, TheSameListWritesThemInItsOrder) {
+  const std::string once = Written(Read(kText));
+  EXPECT_EQ(Written(Read(once)), once);
+  std::size_t last = 0;
+  for (const char* key :
+       {"flag", "whole", "natural", "real", "text", "place", "pair", "colour", "range", "places"}) {
+    const std::size_t at = once.find("\"" + std::string(key) + "\"");
+    ASSERT_NE(at, std::string::npos) << key;
+    EXPECT_GE(at, last) << key;
+    last = at;
+  }
+}
+
+TEST(Fields, EachTypeHasItsEditor) {
+  EXPECT_STREQ(FieldEditor<bool>(), "bool");
+  EXPECT_STREQ(FieldEditor<int>(), "int");
+  EXPECT_STREQ(FieldEditor<unsigned>(), "unsigned");
+  EXPECT_STREQ(FieldEditor<float>(), "float");
+  EXPECT_STREQ(FieldEditor<std::string>(), "std::string");
+  EXPECT_STREQ(FieldEditor<Vector3D>(), "Vector3");
+  EXPECT_STREQ(FieldEditor<std::vector<Vector3D>>(), "Vector3");
+}
+
+}  // namespace
+}  // namespace ZOVEngine

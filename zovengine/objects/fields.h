@@ -1,0 +1,151 @@
+#pragma once
+
+#include <array>
+#include <string>
+#include <type_traits>
+#include <vector>
+
+#include "core/base/vector3d.h"
+#include "jsonunserializer.h"
+#include "objects/reflection.h"
+
+namespace ZOVEngine {
+
+// One list of a component's fields serves its reader, its writer and the inspector. A class
+// declares
+//   template <class Visitor> static void Fields(Visitor& visit);
+// and defines it in its source, before ZOV_COMPONENT_FIELDS: a line for each field, in the order of
+// the files, `visit(key, &Class::member)`, with the label of the inspector behind it if the
+// inspector shows the field. Where files and inspector differ in names or order, the class has two
+// lists: `Fields` for files and `Inspected`, of the same form, for the inspector.
+
+/// Reads a field by its type, in the manner of ReadValue.
+template <class T>
+void ReadField(const Value& object, const char* key, T* out) {
+  ReadValue(object, key, out);
+}
+inline void ReadField(const Value& object, const char* key, Vector3D* out) {
+  ReadVector3D(object, key, out);
+}
+inline void ReadField(const Value& object, const char* key, std::array<float, 2>* out) {
+  ReadVector2(object, key, out);
+}
+inline void ReadField(const Value& object, const char* key, std::array<float, 4>* out) {
+  ReadVector4(object, key, out);
+}
+inline void ReadField(const Value& object, const char* key, std::array<Vector3D, 2>* out) {
+  ReadVector3DPair(object, key, out);
+}
+inline void ReadField(const Value& object, const char* key, std::vector<Vector3D>* out) {
+  ReadVector3DArray(object, key, out);
+}
+
+/// Writes a field by its type, in the manner of WriteValue.
+template <class T>
+void WriteField(Writer& writer, const char* key, const T& value) {
+  WriteValue(writer, key, value);
+}
+inline void WriteField(Writer& writer, const char* key, const Vector3D& value) {
+  WriteVector3D(writer, key, value);
+}
+inline void WriteField(Writer& writer, const char* key, const std::array<float, 2>& value) {
+  WriteVector2(writer, key, value);
+}
+inline void WriteField(Writer& writer, const char* key, const std::array<float, 4>& value) {
+  WriteVector4(writer, key, value);
+}
+inline void WriteField(Writer& writer, const char* key, const std::array<Vector3D, 2>& value) {
+  WriteVector3DPair(writer, key, value);
+}
+inline void WriteField(Writer& writer, const char* key, const std::vector<Vector3D>& value) {
+  WriteVector3DArray(writer, key, value);
+}
+
+/// The name of the inspector's editor for a field of type T.
+template <class T>
+constexpr const char* FieldEditor() {
+  if constexpr (std::is_same_v<T, bool>) return "bool";
+  if constexpr (std::is_same_v<T, int>) return "int";
+  if constexpr (std::is_same_v<T, unsigned>) return "unsigned";
+  if constexpr (std::is_same_v<T, float>) return "float";
+  if constexpr (std::is_same_v<T, std::string>) return "std::string";
+  return "Vector3";
+}
+
+/// Reads the listed fields of `component` from the value of its key.
+template <class T>
+class FieldReader {
+ public:
+  FieldReader(const Value& value, T* component) : m_value(value), m_component(component) {}
+  template <class C, class M, class... Shown>
+  void operator()(const char* key, M C::*member, Shown...) {
+    ReadField(m_value, key, &(m_component->*member));
+  }
+
+ private:
+  const Value& m_value;
+  T* m_component;
+};
+
+/// Writes the listed fields of `component` into an object that the caller has opened.
+template <class T>
+class FieldWriter {
+ public:
+  FieldWriter(Writer& writer, const T& component) : m_writer(writer), m_component(component) {}
+  template <class C, class M, class... Shown>
+  void operator()(const char* key, M C::*member, Shown...) {
+    WriteField(m_writer, key, m_component.*member);
+  }
+
+ private:
+  Writer& m_writer;
+  const T& m_component;
+};
+
+/// Registers the listed fields that have a label for the inspector, under their keys.
+template <class T>
+class FieldRegistrar {
+ public:
+  explicit FieldRegistrar(ComponentRegistration<T>* registration) : m_registration(registration) {}
+  template <class C, class M>
+  void operator()(const char*, M C::*) {}
+  template <class C, class M>
+  void operator()(const char* key, M C::*member, const char* label,
+                  const char* display_mode = "default") {
+    m_registration->Field(key, static_cast<M T::*>(member), FieldEditor<M>(), label, display_mode);
+  }
+
+ private:
+  ComponentRegistration<T>* m_registration;
+};
+
+/// Registers a component class and the fields that it shows.
+template <class T>
+ComponentRegistration<T>& RegisterFields(ComponentRegistration<T>&& registration) {
+  FieldRegistrar<T> visit(&registration);
+  if constexpr (requires { T::Inspected(visit); }) {
+    T::Inspected(visit);
+  } else {
+    T::Fields(visit);
+  }
+  return registration;
+}
+
+}  // namespace ZOVEngine
+
+/// Defines reader and writer of a component by its list of fields.
+#define ZOV_COMPONENT_FILE(Class)               \
+  void Class::Unserialize(const Value& value) { \
+    FieldReader<Class> visit(value, this);      \
+    Fields(visit);                              \
+  }                                             \
+  void Class::Serialize(Writer& writer) {       \
+    FieldWriter<Class> visit(writer, *this);    \
+    Fields(visit);                              \
+  }
+
+/// The same, and registers the class for the inspector.
+#define ZOV_COMPONENT_FIELDS(Class)                         \
+  ZOV_COMPONENT_FILE(Class)                                 \
+  [[maybe_unused]] static const bool g_registered_##Class = \
+      (RegisterFields(ComponentRegistration<Class>(#Class)), true);
