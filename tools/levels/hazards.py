@@ -1,7 +1,7 @@
 """Hazards: what a level has against its units, and what they can hide behind."""
 import sys
 
-from levels.parts import animation, body, collider, light, record, render, sprite, transform
+from records import animation, body, collider, light, record, render, shared_square, sprite, transform
 
 
 def place(own, side, turn=0):
@@ -39,7 +39,7 @@ def rough(own):
     return record("EnvRough", {
         **place(own, 120),
         "Render": render("Env_Rough", 2),
-        "iModel": sprite("")["iModel"],
+        "iModel": shared_square(),
         "EnvironmentRough": {},
         **shape("Box", "Hazard"),
     })
@@ -60,7 +60,7 @@ def barrier(own):
         **place(own, 72),
         "RigidBody": body({"mass": 300, "inertia": 260000, "drag": 3, "angular_drag": 5, "rest": 0.4}),
         "Render": render("Env_MovableBarrier", 1.5),
-        "iModel": sprite("")["iModel"],
+        "iModel": shared_square(),
         **shape("Box", "Barrier"),
     })
 

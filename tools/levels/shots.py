@@ -1,5 +1,5 @@
 """The seven weapons: the shot of each, its gun and its looks."""
-from levels.parts import (animation, attached, body, collider, light, particles, record, sounds, sprite)
+from records import animation, attached, body, collider, light, puffs, record, sounds, sprite
 
 HIT = ("Sheet_Shot_Hit", 6)
 RANGE = 2000
@@ -41,12 +41,12 @@ def children(name, kind, own):
     backwards = name in TURNS_TRAIL
     yield record("bullet_trail", {
         "Transform": attached(own, (0, 0), (size * 0.5, size * 0.5)),
-        **particles(24, 48, ((*colour, 0.7), (*colour, 0.0)), (size * 0.6, 4), force=500 if backwards else 150,
+        **puffs(24, 48, ((*colour, 0.7), (*colour, 0.0)), (size * 0.6, 4), force=500 if backwards else 150,
                     arc=0 if backwards else 359),
     })
     yield record("bullet_feedback", {
         "Transform": attached(own, (0, 0), (10, 10)),
-        **particles(12, 120, ((1.0, 0.96, 0.85, 1.0), (*colour, 0.0)), (12, 3), force=2400, looping=False,
+        **puffs(12, 120, ((1.0, 0.96, 0.85, 1.0), (*colour, 0.0)), (12, 3), force=2400, looping=False,
                     duration=0.15, arc=359),
     })
     yield record("bullet_hit", {

@@ -1,8 +1,9 @@
 """Units: a tank of either side, or a boss, with everything that the game finds by name among its children."""
 import sys
 
-from levels.parts import (animation, attached, body, collider, floats, light, particles, record, render, sounds, sprite, transform)
 from levels.shots import HIT, KINDS, shot
+from records import (animation, attached, body, collider, floats, light, puffs, record, render, shared_square, sounds, sprite,
+                     transform)
 
 # With mass 350 and a loss of 3 a second, a full bar of energy (2 seconds) carries a player 248 units, and it rests 1.3
 # seconds after the key is let go. One push of an enemy carries it 95.
@@ -59,7 +60,7 @@ def gun(own, index, texture, size):
 def effects(own, size, is_player):
     yield record("unit_damaged", {
         "Transform": attached(own, (0, 0), (size * 0.3, size * 0.3)),
-        **particles(16, 12, ((0.35, 0.37, 0.45, 0.65), (0.1, 0.1, 0.15, 0.0)), (16, 44), seconds=1.2, force=500, arc=359),
+        **puffs(16, 12, ((0.35, 0.37, 0.45, 0.65), (0.1, 0.1, 0.15, 0.0)), (16, 44), seconds=1.2, force=500, arc=359),
     })
     yield record("electricvfx", {
         "Transform": attached(own, (0, 0), (size * 1.25, size * 1.25), follow=True),
@@ -157,7 +158,7 @@ def unit_record(unit, number):
         "Transform": own,
         "RigidBody": body({"mass": MASS * weight, "inertia": INERTIA * weight * weight, "drag": DRAG, "angular_drag": 5, "rest": 0.5}),
         "Render": {**render(look), "m_hl_tex": f"{look}_Selected", "m_shader": "default"},
-        **{"iModel": sprite(look)["iModel"]},
+        "iModel": shared_square(),
         **animation(0.07, spawn=(f"Sheet_{look}_Spawn", 6), death=(f"Sheet_{look}_Death", 6), once=(f"Sheet_{look}_Once", 4)),
         **sounds("unit_spawn.ogg", "unit_fire.ogg", "unit_death.ogg"),
         **light(SIDES[kind]["colour"], 0.45, 10),
