@@ -1,35 +1,25 @@
-"""Turns the sources of assets/pictures into the PNG files of Resources/Textures.
+"""Renders a source of assets/pictures into a PNG file, for tools/render_pictures.
 
-Called by tools/render_pictures; docs/pictures.md tells the format of the sources.
+docs/pictures.md describes the sources.
 """
-
 import io
 import math
 import random
 import re
 import subprocess
 import sys
-from pathlib import Path
 
 import numpy
 from PIL import Image
 
-SOURCES = Path("assets/pictures")
-TARGETS = Path("Resources/Textures")
-LIST = SOURCES / "pictures.txt"
 LARGEST_SIDE = 4096
 
 CODE = re.compile(r"<\?draw\n(.*?)\?>", re.S)
 VALUE = re.compile(r"\{\{(.*?)\}\}", re.S)
 
-
-def read_list():
-    """Yields (name, source, width, height, frames) for each line of the list."""
-    for line in LIST.read_text().splitlines():
-        words = line.split("#")[0].split()
-        if words:
-            name, source, *numbers = words
-            yield (name, source, *map(int, numbers))
+for font in ("Play", "Jura"):
+    if not subprocess.run(["fc-list", font], stdout=subprocess.PIPE, check=True).stdout:
+        sys.exit(f"the font {font} is missing")
 
 
 def fill_in(text, name, frame, frames):
@@ -80,32 +70,15 @@ def spread_colour(pixels, rings=4):
     return pixels
 
 
-def make(name, source, width, height, frames=1):
+def make(picture, source, target):
+    """Renders the frames of a picture side by side into a PNG file; returns the file's size in bytes."""
+    name, width, height, frames = picture.name, picture.width, picture.height, picture.frames
     if width * frames > LARGEST_SIDE or height > LARGEST_SIDE:
         sys.exit(f"{name}: larger than {LARGEST_SIDE} pixels")
-    text = (SOURCES / source).read_text()
+    text = source.read_text()
     strip = [draw(fill_in(text, name, frame, frames), width, height) for frame in range(frames)]
     pixels = numpy.concatenate(strip, axis=1)
-    if pixels[..., 3].min() == 255:
-        picture = Image.fromarray(pixels[..., :3])
-    else:
-        picture = Image.fromarray(spread_colour(pixels))
-    target = TARGETS / (name + ".png")
+    opaque = pixels[..., 3].min() == 255
     target.parent.mkdir(parents=True, exist_ok=True)
-    picture.save(target, optimize=True)
-    print(f"{target}  {pixels.shape[1]}x{pixels.shape[0]}  {target.stat().st_size // 1024} KB")
-
-
-def main(wanted):
-    pictures = list(read_list())
-    unknown = set(wanted) - {name for name, *_ in pictures}
-    if unknown:
-        sys.exit("not in the list: " + ", ".join(sorted(unknown)))
-    for picture in pictures:
-        if not wanted or picture[0] in wanted:
-            make(*picture)
-    area = sum(width * height * frames for _, _, width, height, frames in pictures)
-    print(f"{len(pictures)} pictures, {area / 1e6:.2f} megapixels in all")
-
-
-main(sys.argv[1:])
+    Image.fromarray(pixels[..., :3] if opaque else spread_colour(pixels)).save(target, optimize=True)
+    return target.stat().st_size
