@@ -1,4 +1,4 @@
-"""Makes the sounds of the game; see render_sounds."""
+"""Renders a sound of assets/sounds into an Ogg file, for tools/render_sounds."""
 import pathlib
 import subprocess
 import sys
@@ -10,7 +10,6 @@ import numpy as np
 
 ROOT = pathlib.Path(__file__).resolve().parents[1]
 sys.path.insert(0, str(ROOT / "assets/sounds"))
-sys.dont_write_bytecode = True
 import effects  # noqa: E402
 import scores  # noqa: E402
 
@@ -88,24 +87,22 @@ def perform(score, folder):
 
 
 def encode(samples, quality, target, folder):
+    """Writes an Ogg file, the same for the same samples, and returns how long it lasts, in words."""
     target.parent.mkdir(parents=True, exist_ok=True)
     write_wave(samples, folder / "sound.wav")
     subprocess.run(["oggenc", "-Q", "-q", quality, "-s", "1", "-o", target, folder / "sound.wav"], check=True)
-    print(f"{target.relative_to(ROOT)}: {len(samples) / RATE:.1f} s, {target.stat().st_size} bytes")
+    return f"{len(samples) / RATE:.1f} s, {target.stat().st_size} bytes"
 
 
-def main():
-    wanted = set(sys.argv[1:])
-    with tempfile.TemporaryDirectory() as name:
-        folder = pathlib.Path(name)
-        for make in scores.SCORES:
-            if not wanted or make.__name__ in wanted:
-                encode(perform(make(), folder), "0.5", ROOT / f"Resources/Sound/BGM/{make.__name__}.ogg", folder)
-        for make, peak in effects.PEAKS.items():
-            if not wanted or make.__name__ in wanted:
-                samples = make()
-                samples = (samples * peak / np.abs(samples).max())[:, None]
-                encode(samples, "3", ROOT / f"Resources/Sound/SFX/{make.__name__}.ogg", folder)
-
-
-main()
+def make(name, target):
+    """Renders the score or the effect of this name."""
+    with tempfile.TemporaryDirectory() as place:
+        folder = pathlib.Path(place)
+        for score in scores.SCORES:
+            if score.__name__ == name:
+                return encode(perform(score(), folder), "0.5", target, folder)
+        for effect, peak in effects.PEAKS.items():
+            if effect.__name__ == name:
+                samples = effect()
+                return encode((samples * peak / np.abs(samples).max())[:, None], "3", target, folder)
+    sys.exit(f"{name} is neither a score nor an effect")
