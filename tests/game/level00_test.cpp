@@ -36,7 +36,8 @@ std::vector<GameObj*> ObjectsNamed(const std::string& name) {
 
 template <class T>
 std::vector<T*> All() {
-  return ComponentTable<T>().Components();
+  const auto components = ComponentTable<T>().Components();
+  return {components.begin(), components.end()};
 }
 
 /// Texture keys as the settings of the picture list them.

@@ -6,14 +6,21 @@
 #include <vector>
 
 #include "gameobj.h"
+#include "objects/componentarray.h"
 #include "objects/gamecomponentbase.h"
 #include "objects/idtable.h"
 #include "objects/logiccomponent.h"
 
 namespace ZOVEngine {
 
-/// Base of every component table. A table has two halves: the first holds the components of level
-/// objects, the second those of archetypes; both are keyed by object id.
+/// Base of every component table, with all that does not depend on the class of the components.
+///
+/// A table owns its components. It has two halves: the first holds the components of level objects,
+/// the second those of archetypes; both are keyed by object id. Each half has a dense array: a
+/// removal moves the last entry into the hole, so the order is that of creation until the first
+/// removal. Systems walk a copy of the dense array (objects/tablewalk.h), so that a component may
+/// create objects during the walk; nothing may destroy objects of the walked class meanwhile,
+/// except a state change, after which the walk must not touch them.
 class ComponentManagerBase {
  public:
   ComponentManagerBase() = default;
@@ -26,20 +33,20 @@ class ComponentManagerBase {
   virtual GameComponentBase* Get(GameObj* obj) = 0;
   virtual GameComponentBase* Get(std::uint32_t id) = 0;
   /// Deletes the component of the first half and moves the last one into its place; throws as Get.
-  virtual void Remove(std::uint32_t id) = 0;
+  virtual void Remove(std::uint32_t id);
   /// Deletes the component of `obj` from the half that `obj->isArchetype` tells.
-  virtual void Remove(GameObj* obj) = 0;
-  virtual ~ComponentManagerBase() = default;
+  virtual void Remove(GameObj* obj);
+  virtual ~ComponentManagerBase();
   /// An empty slot of the contract.
   virtual void Reserved() {}
   /// Deletes all components of the first half.
-  virtual void Clear() = 0;
+  virtual void Clear();
   /// Sets `m_active` of the component at the dense index `obj->id`, bounds-checked. Deliberately
   /// not through the map: right only for an object whose id equals its component's index.
-  virtual void SetActive(GameObj* obj, bool value) = 0;
+  virtual void SetActive(GameObj* obj, bool value);
   /// Re-keys an entry; the dense array stays. A missing key does nothing.
-  virtual void ChangeId(std::uint32_t old_id, std::uint32_t new_id) = 0;
-  virtual void ChangeArchetypeId(std::uint32_t old_id, std::uint32_t new_id) = 0;
+  virtual void ChangeId(std::uint32_t old_id, std::uint32_t new_id);
+  virtual void ChangeArchetypeId(std::uint32_t old_id, std::uint32_t new_id);
   /// Add, Get and Remove for the second half.
   virtual GameComponentBase* AddArchetype(GameObj* obj) = 0;
   virtual GameComponentBase* GetArchetype(std::uint32_t id) = 0;
@@ -49,101 +56,62 @@ class ComponentManagerBase {
   virtual void CloneFromArchetype(GameObj* to, GameObj* from) = 0;
   /// Copies the component of the level object `from` to the level object `to`.
   virtual void CloneFromObject(GameObj* to, GameObj* from) = 0;
-  virtual void RemoveArchetype(std::uint32_t id) = 0;
-  virtual void RemoveArchetype(GameObj* obj) = 0;
-};
+  virtual void RemoveArchetype(std::uint32_t id);
+  virtual void RemoveArchetype(GameObj* obj);
 
-/// The table of all components of type T, which it owns.
-///
-/// `m_components` and `m_archetypes` are dense: a removal moves the last entry into the hole, so
-/// their order is not stable across removals. Systems walk a copy of the dense array, so that a
-/// component may create objects during the walk; nothing may destroy objects of the walked type
-/// meanwhile, except a state change, after which the walk must not touch them.
-template <class T>
-class ComponentManager final : public ComponentManagerBase {
- public:
-  using Array = std::vector<T*>;
+  /// The dense array of level components.
+  const std::vector<GameComponentBase*>& Entries() const { return m_components; }
 
-  ~ComponentManager() override {
-    Clear();
-    DeleteAll(&m_archetypeMap, &m_archetypes);
-  }
+ protected:
+  using Map = IdTable<GameComponentBase>;
+  using Array = std::vector<GameComponentBase*>;
 
-  T* Add(GameObj* obj) override { return Store(new T(obj), obj, &m_map, &m_components); }
-  T* Get(GameObj* obj) override { return m_map.At(obj->id); }
-  T* Get(std::uint32_t id) override { return m_map.At(id); }
-  void Remove(std::uint32_t id) override { RemoveFrom(id, &m_map, &m_components); }
-  void Remove(GameObj* obj) override {
-    if (obj->isArchetype) {
-      RemoveArchetype(obj->id);
-    } else {
-      Remove(obj->id);
-    }
-  }
-  void Clear() override { DeleteAll(&m_map, &m_components); }
-  void SetActive(GameObj* obj, bool value) override { m_components.at(obj->id)->m_active = value; }
-  void ChangeId(std::uint32_t old_id, std::uint32_t new_id) override {
-    m_map.Rekey(old_id, new_id);
-  }
-  void ChangeArchetypeId(std::uint32_t old_id, std::uint32_t new_id) override {
-    m_archetypeMap.Rekey(old_id, new_id);
-  }
-  T* AddArchetype(GameObj* obj) override {
-    return Store(new T(obj), obj, &m_archetypeMap, &m_archetypes);
-  }
-  T* GetArchetype(std::uint32_t id) override { return m_archetypeMap.At(id); }
-  T* GetArchetype(GameObj* obj) override { return m_archetypeMap.At(obj->id); }
-  void CloneFromArchetype(GameObj* to, GameObj* from) override {
-    StoreCopy(*GetArchetype(from->id), to);
-  }
-  void CloneFromObject(GameObj* to, GameObj* from) override { StoreCopy(*Get(from->id), to); }
-  void RemoveArchetype(std::uint32_t id) override {
-    RemoveFrom(id, &m_archetypeMap, &m_archetypes);
-  }
-  void RemoveArchetype(GameObj* obj) override { RemoveArchetype(obj->id); }
-
-  /// The component of the level object `id`, or null if it has none.
-  T* Find(std::uint32_t id) const { return m_map.Find(id); }
-  /// The dense array of level components, in creation order until the first removal.
-  const Array& Components() const { return m_components; }
-  const Array& Archetypes() const { return m_archetypes; }
-
- private:
-  using Map = IdTable<T>;
-
-  static T* Store(T* component, GameObj* obj, Map* map, Array* array) {
-    component->m_index = static_cast<std::uint32_t>(array->size());
-    array->push_back(component);
-    map->Insert(obj->id, component);
-    return component;
-  }
-
-  void StoreCopy(const T& source, GameObj* to) {
-    T* copy = new T(source);
-    copy->m_owner = to;
-    Store(copy, to, &m_map, &m_components);
-  }
-
-  static void RemoveFrom(std::uint32_t id, Map* map, Array* array) {
-    T* component = map->At(id);
-    T* last = array->back();
-    last->m_index = component->m_index;
-    array->at(last->m_index) = last;
-    array->pop_back();
-    map->Erase(id);
-    delete component;
-  }
-
-  static void DeleteAll(Map* map, Array* array) {
-    for (T* component : *array) delete component;
-    array->clear();
-    map->Clear();
-  }
+  /// Takes `component`, which was made for `obj`, into the first half or into the second.
+  void Store(GameComponentBase* component, GameObj* obj);
+  void StoreArchetype(GameComponentBase* component, GameObj* obj);
 
   Map m_map;
   Array m_components;
   Map m_archetypeMap;
   Array m_archetypes;
+};
+
+/// The table of all components of class T: makes and copies them, and hands them out as what they
+/// are. A T must derive from GameComponentBase alone.
+template <class T>
+class ComponentManager final : public ComponentManagerBase {
+ public:
+  T* Add(GameObj* obj) override {
+    T* component = new T(obj);
+    Store(component, obj);
+    return component;
+  }
+  T* Get(GameObj* obj) override { return Get(obj->id); }
+  T* Get(std::uint32_t id) override { return static_cast<T*>(m_map.At(id)); }
+  T* AddArchetype(GameObj* obj) override {
+    T* component = new T(obj);
+    StoreArchetype(component, obj);
+    return component;
+  }
+  T* GetArchetype(std::uint32_t id) override { return static_cast<T*>(m_archetypeMap.At(id)); }
+  T* GetArchetype(GameObj* obj) override { return GetArchetype(obj->id); }
+  void CloneFromArchetype(GameObj* to, GameObj* from) override {
+    StoreCopy(*GetArchetype(from->id), to);
+  }
+  void CloneFromObject(GameObj* to, GameObj* from) override { StoreCopy(*Get(from->id), to); }
+
+  /// The component of the level object `id`, or null if it has none.
+  T* Find(std::uint32_t id) const { return static_cast<T*>(m_map.Find(id)); }
+  /// The dense array of level components, in creation order until the first removal.
+  ComponentArray<T> Components() const { return ComponentArray<T>(m_components); }
+  ComponentArray<T> Archetypes() const { return ComponentArray<T>(m_archetypes); }
+
+ private:
+  void StoreCopy(const T& source, GameObj* to) {
+    T* copy = new T(source);
+    copy->m_owner = to;
+    Store(copy, to);
+  }
 };
 
 /// The registered table of T, or null. Set by the factory; what makes GetComponent one indexed

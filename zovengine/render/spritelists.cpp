@@ -52,7 +52,7 @@ iModel& Sprite::GetModel() const {
   return *render->m_owner->GetComponent<iModel>();
 }
 
-void SpriteLists::Fill(const std::vector<Render*>& components) {
+void SpriteLists::Fill(ComponentArray<Render> components) {
   for (auto* list : {&tiles, &instances, &hazards, &world, &interface}) list->clear();
   // Objects of one kind come in rows: clones of an archetype have the same list of components.
   const GameObj* last = nullptr;
