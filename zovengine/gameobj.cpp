@@ -6,16 +6,6 @@
 namespace ZOVEngine {
 namespace {
 
-/// Tells whether all objects were destroyed since it was made: then nothing may be touched any
-/// more.
-class ClearWatch {
- public:
-  bool Cleared() const { return g_game_obj_factory->ClearCount() != m_before; }
-
- private:
-  std::uint64_t m_before = g_game_obj_factory->ClearCount();
-};
-
 /// Calls `visit` with each logic component of a level object, in the order of its component list.
 /// Ends when a visit changes the state and so destroys the object.
 template <class Visitor>

@@ -21,8 +21,7 @@ PhysicsSystem* g_physics_system = nullptr;
 
 PhysicsSystem::PhysicsSystem() {
   g_physics_system = this;
-  g_game_obj_factory->RegisterComponent<Transform>("Transform");
-  g_game_obj_factory->RegisterComponent<RigidBody>("RigidBody");
+  g_game_obj_factory->RegisterComponents(TypeList<Transform, RigidBody>());
   g_game_obj_factory->OnClear([this] {
     current.clear();
     previous.clear();

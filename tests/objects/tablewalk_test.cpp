@@ -10,6 +10,7 @@ namespace ZOVEngine {
 namespace {
 
 using carapace_test::ProbeA;
+using carapace_test::ProbeB;
 using carapace_test::Record;
 using carapace_test::World;
 using ::testing::ElementsAre;
@@ -31,13 +32,13 @@ class TableWalkTest : public ::testing::Test {
 };
 
 TEST_F(TableWalkTest, VisitsInTableOrder) {
-  TableWalk<ProbeA> walk(FetchTable<ProbeA>());
+  TableWalk<ProbeA> walk;
   walk.ForEach([&](ProbeA* probe) { seen.push_back(probe->label); });
   EXPECT_THAT(seen, ElementsAre("a", "b", "c"));
 }
 
 TEST_F(TableWalkTest, ObjectsMadeOnTheWayWaitForTheNextWalk) {
-  TableWalk<ProbeA> walk(FetchTable<ProbeA>());
+  TableWalk<ProbeA> walk;
   walk.ForEach([&](ProbeA* probe) {
     seen.push_back(probe->label);
     // Enough to move the dense array.
@@ -48,7 +49,7 @@ TEST_F(TableWalkTest, ObjectsMadeOnTheWayWaitForTheNextWalk) {
 }
 
 TEST_F(TableWalkTest, AClearedSceneEndsTheWalk) {
-  TableWalk<ProbeA> walk(FetchTable<ProbeA>());
+  TableWalk<ProbeA> walk;
   walk.ForEach([&](ProbeA* probe) {
     seen.push_back(probe->label);
     if (seen.size() == 2) g_game_obj_factory->ClearObjects();
@@ -60,7 +61,7 @@ TEST_F(TableWalkTest, AClearedSceneEndsTheWalk) {
 }
 
 TEST_F(TableWalkTest, AClearWithNewObjectsOfTheSameNumberEndsTheWalkToo) {
-  TableWalk<ProbeA> walk(FetchTable<ProbeA>());
+  TableWalk<ProbeA> walk;
   walk.ForEach([&](ProbeA* probe) {
     seen.push_back(probe->label);
     g_game_obj_factory->ClearObjects();
@@ -70,7 +71,7 @@ TEST_F(TableWalkTest, AClearWithNewObjectsOfTheSameNumberEndsTheWalkToo) {
 }
 
 TEST_F(TableWalkTest, AWalkWithinAWalkSeesEverything) {
-  TableWalk<ProbeA> walk(FetchTable<ProbeA>());
+  TableWalk<ProbeA> walk;
   walk.ForEach([&](ProbeA* outer) {
     walk.ForEach([&](ProbeA* inner) { seen.push_back(outer->label + inner->label); });
   });
@@ -79,12 +80,38 @@ TEST_F(TableWalkTest, AWalkWithinAWalkSeesEverything) {
 
 TEST_F(TableWalkTest, TheWalkOutlivesNothingButItsTable) {
   // A table that was registered anew is another table; the walk stays with the one it was given.
-  TableWalk<ProbeA> walk(FetchTable<ProbeA>());
+  TableWalk<ProbeA> walk;
   const ComponentManager<ProbeA>* before = &walk.Table();
   g_game_obj_factory->ClearObjects();
   g_game_obj_factory->RegisterComponent<ProbeA>("ProbeA");
   EXPECT_NE(FetchTable<ProbeA>().get(), before);
   EXPECT_EQ(&walk.Table(), before);
+}
+
+TEST_F(TableWalkTest, TheWalksOfAListGoTableByTable) {
+  world.LoadObjects(Record("z", {{"ProbeB", R"({"label": "z"})"}}));
+  TableWalks<ProbeB, ProbeA> walks;
+  walks.ForEach([&](auto* probe) { seen.push_back(probe->label); });
+  EXPECT_THAT(seen, ElementsAre("z", "a", "b", "c"));
+}
+
+TEST_F(TableWalkTest, SomeOfTheTablesAreWalkedInTheOrderThatIsAskedFor) {
+  world.LoadObjects(Record("z", {{"ProbeB", R"({"label": "z"})"}}));
+  TableWalks<ProbeB, ProbeA> walks;
+  walks.ForEach(TypeList<ProbeA>(), [&](ProbeA* probe) { seen.push_back(probe->label); });
+  EXPECT_THAT(seen, ElementsAre("a", "b", "c"));
+  seen.clear();
+  walks.ForEach(TypeList<ProbeA, ProbeB>(), [&](auto* probe) { seen.push_back(probe->label); });
+  EXPECT_THAT(seen, ElementsAre("a", "b", "c", "z"));
+}
+
+TEST_F(TableWalkTest, ATablesCopyIsTakenWhenItsTurnComes) {
+  TableWalks<ProbeA, ProbeB> walks;
+  walks.ForEach([&](auto* probe) {
+    seen.push_back(probe->label);
+    if (seen.size() == 1) world.LoadObjects(Record("z", {{"ProbeB", R"({"label": "z"})"}}));
+  });
+  EXPECT_THAT(seen, ElementsAre("a", "b", "c", "z"));
 }
 
 }  // namespace

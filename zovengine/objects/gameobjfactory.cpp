@@ -5,7 +5,6 @@
 
 #include "core/base/profile.h"
 #include "core/messages.h"
-#include "objects/builtintables.h"
 #include "objects/playercreator.h"
 #include "objects/reflection.h"
 
@@ -19,6 +18,17 @@ namespace ZOVEngine {
 GameObjFactory* g_game_obj_factory = nullptr;
 TableMap* g_component_tables = nullptr;
 
+namespace {
+
+template <class Entry>
+const Entry& AtOrThrow(const std::unordered_map<ComponentType, Entry>& map, ComponentType type) {
+  const auto found = map.find(type);
+  if (found == map.end()) throw std::out_of_range("invalid unordered_map<K, T> key");
+  return found->second;
+}
+
+}  // namespace
+
 GameObjFactory::GameObjFactory() {
   g_game_obj_factory = this;
   g_component_tables = &m_tables;
@@ -30,14 +40,14 @@ GameObjFactory::~GameObjFactory() {
     RemoveComponents(archetype);
     delete archetype;
   }
-  for (const auto& forget : m_forget_tables) forget();
+  for (void (*forget)() : m_forget_tables) forget();
   g_component_tables = nullptr;
   g_game_obj_factory = nullptr;
 }
 
 void GameObjFactory::Init() {
   m_creators[kPlayerCreator] = std::make_shared<PlayerCreator>();
-  RegisterBuiltInTables(this);
+  RegisterBuiltInTables();
 }
 
 void GameObjFactory::Update(float) {
@@ -49,6 +59,13 @@ void GameObjFactory::SendMessage(Message* message) {
   for (const ObjectOrder::Entry& entry : dynamic_cast<ObjectOrder&>(*message).entries) {
     for (std::uint32_t i = 0; i < entry.count; ++i) Create(entry.creatorType);
   }
+}
+
+void GameObjFactory::AddTable(ComponentType type, const std::string& name,
+                              ComponentManagerBase* table, AddFunction add) {
+  m_tables[type] = std::shared_ptr<ComponentManagerBase>(table);
+  m_typeNames[type] = name;
+  m_addFunctions[name] = add;
 }
 
 GameObj* GameObjFactory::Create(std::uint32_t creatorType) {
@@ -228,16 +245,16 @@ void GameObjFactory::ClearObjects() {
   ++m_clear_count;
 }
 
+const std::shared_ptr<ComponentManagerBase>& FetchTable(ComponentType type) {
+  return AtOrThrow(*g_component_tables, type);
+}
+
 ComponentManagerBase& GameObjFactory::Table(ComponentType type) const {
-  const auto table = m_tables.find(type);
-  if (table == m_tables.end()) throw std::out_of_range("invalid unordered_map<K, T> key");
-  return *table->second;
+  return *AtOrThrow(m_tables, type);
 }
 
 const std::string& GameObjFactory::TypeName(ComponentType type) const {
-  const auto name = m_typeNames.find(type);
-  if (name == m_typeNames.end()) throw std::out_of_range("invalid unordered_map<K, T> key");
-  return name->second;
+  return AtOrThrow(m_typeNames, type);
 }
 
 namespace {

@@ -11,6 +11,7 @@
 #include "gameobj.h"
 #include "jsonunserializer.h"
 #include "objects/componentmanager.h"
+#include "objects/typelist.h"
 
 namespace ZOVEngine {
 
@@ -46,6 +47,11 @@ class GameObjFactory final : public System {
   /// Makes the table of T under the class name `name`, in place of one that was there.
   template <class T>
   void RegisterComponent(const std::string& name);
+  /// Makes the tables of all listed classes, each under the name of its class.
+  template <class... T>
+  void RegisterComponents(TypeList<T...>) {
+    (RegisterComponent<T>(ClassName<T>()), ...);
+  }
 
   /// Registers the creators and the factory's own tables.
   void Init() override;
@@ -84,7 +90,7 @@ class GameObjFactory final : public System {
   ComponentManagerBase& Table(ComponentType type) const;
   /// The class name of a component type, for files; throws as Table.
   const std::string& TypeName(ComponentType type) const;
-  /// Grows with every ClearObjects: a walk over components that sees it change holds dead pointers.
+  /// Grows with every ClearObjects, for ClearWatch.
   std::uint64_t ClearCount() const { return m_clear_count; }
   bool HasArchetype(const std::string& name) const { return m_archetypes.count(name) != 0; }
 
@@ -92,6 +98,11 @@ class GameObjFactory final : public System {
   std::vector<GameObj*> m_archetypeObjects;  ///< archetypes, children too; the index is the id
 
  private:
+  /// Registers the tables that belong to no other system. Stands in core/app, where their classes
+  /// are known.
+  void RegisterBuiltInTables();
+  void AddTable(ComponentType type, const std::string& name, ComponentManagerBase* table,
+                AddFunction add);
   GameObj* ReadRecord(const Value& record, bool archetype);
   void ReadComponents(const Value& record, const std::vector<std::string>& names, GameObj* object);
   void ReadChildren(const Value& record, GameObj* object);
@@ -105,32 +116,40 @@ class GameObjFactory final : public System {
   std::unordered_map<std::string, AddFunction> m_addFunctions;
   std::unordered_map<std::string, GameObj*> m_archetypes;
   std::vector<std::function<void()>> m_clear_listeners;
-  std::vector<std::function<void()>> m_forget_tables;
+  std::vector<void (*)()> m_forget_tables;
   std::uint64_t m_clear_count = 0;
 };
 
 extern GameObjFactory* g_game_obj_factory;
 extern TableMap* g_component_tables;
 
+/// The registered table of a component type with shared ownership; throws as GameObjFactory::Table.
+const std::shared_ptr<ComponentManagerBase>& FetchTable(ComponentType type);
+
 template <class T>
 void GameObjFactory::RegisterComponent(const std::string& name) {
-  auto table = std::make_shared<ComponentManager<T>>();
-  g_component_table<T> = table.get();
-  m_forget_tables.emplace_back([] { g_component_table<T> = nullptr; });
-  m_tables[&typeid(T)] = std::move(table);
-  m_typeNames[&typeid(T)] = name;
-  m_addFunctions[name] = &AddComponent<T>;
+  auto* table = new ComponentManager<T>;
+  AddTable(&typeid(T), name, table, &AddComponent<T>);
+  g_component_table<T> = table;
+  m_forget_tables.push_back([] { g_component_table<T> = nullptr; });
 }
 
-/// The registered table of T with shared ownership, as systems hold it.
+/// The registered table of T with shared ownership, as systems hold it; throws as
+/// GameObjFactory::Table.
 template <class T>
 std::shared_ptr<ComponentManager<T>> FetchTable() {
-  const auto table = g_component_tables->find(&typeid(T));
-  if (table == g_component_tables->end()) {
-    throw std::out_of_range("invalid unordered_map<K, T> key");
-  }
-  return std::static_pointer_cast<ComponentManager<T>>(table->second);
+  return std::static_pointer_cast<ComponentManager<T>>(FetchTable(&typeid(T)));
 }
+
+/// Tells whether all objects were destroyed since it was made: then nothing may be touched any
+/// more.
+class ClearWatch {
+ public:
+  bool Cleared() const { return g_game_obj_factory->ClearCount() != m_before; }
+
+ private:
+  std::uint64_t m_before = g_game_obj_factory->ClearCount();
+};
 
 /// Writes an object record: name, active, components, one key a component, and the children.
 void WriteObject(Writer& writer, GameObj* object);

@@ -46,7 +46,7 @@ void WriteTable(Writer& writer, const char* names_key, const char* values_key,
 
 ColliderSystem::ColliderSystem() {
   g_collider_system = this;
-  g_game_obj_factory->RegisterComponent<ColliderHolder>("ColliderHolder");
+  g_game_obj_factory->RegisterComponents(TypeList<ColliderHolder>());
   ReadMasks();
 }
 

@@ -77,9 +77,7 @@ bool ReadText(const std::string& path, std::string* out) {
 
 RenderSystem::RenderSystem() {
   g_render_system = this;
-  g_game_obj_factory->RegisterComponent<Render>("Render");
-  g_game_obj_factory->RegisterComponent<Animation>("Animation");
-  g_game_obj_factory->RegisterComponent<Font>("Font");
+  g_game_obj_factory->RegisterComponents(TypeList<Render, Animation, Font>());
 }
 
 RenderSystem::~RenderSystem() {

@@ -8,6 +8,7 @@
 #include "core/base/profile.h"
 #include "core/engine.h"
 #include "game/camera.h"
+#include "game/turns/gamecontroller.h"
 #include "support/reports.h"
 #include "support/world.h"
 #include "ui/screens/splashcontroller.h"

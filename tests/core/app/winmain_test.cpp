@@ -8,7 +8,9 @@
 #include <vector>
 
 #include "audio/audiosystem.h"
+#include "core/app/builtintables.h"
 #include "core/app/logicsystem.h"
+#include "core/app/logictables.h"
 #include "physics/collidersystem.h"
 #include "physicssystem.h"
 #include "platform/inputsystem.h"
@@ -96,27 +98,27 @@ class CreatedEngine {
   carapace_test::FakeDevice m_device;
 };
 
-template <class... T>
-void ExpectTables(bool registered) {
-  EXPECT_THAT((std::vector<bool>{g_component_tables->count(&typeid(T)) == 1 ...}),
-              ::testing::Each(registered));
-}
-
-template <class... T>
-void ExpectLogicTables(TypeList<T...>) {
-  // The factory's own two are registered by its Init.
-  EXPECT_THAT(
-      (std::vector<bool>{g_component_tables->count(&typeid(T)) == 1 ||
-                         std::is_same_v<T, ParticleSystemC> || std::is_same_v<T, Waypoint>...}),
-      ::testing::Each(true));
+template <class T>
+bool IsRegistered() {
+  return g_component_tables->count(&typeid(T)) == 1;
 }
 
 TEST(WinMain, ConstructorsRegisterTheTablesOfTheirSystems) {
   const CreatedEngine engine;
-  ExpectLogicTables(LogicTables());
-  ExpectTables<Transform, RigidBody, ColliderHolder, Render, Animation, Font>(true);
-  ExpectTables<ParticleSystemC, Waypoint>(false);
+  LogicTables::ForEach([]<class T>() {
+    EXPECT_EQ(IsRegistered<T>(), !BuiltInTables::Contains<T>()) << ClassName<T>();
+  });
+  using Others = TypeList<Transform, RigidBody, ColliderHolder, Render, Animation, Font>;
+  Others::ForEach([]<class T>() { EXPECT_TRUE(IsRegistered<T>()) << ClassName<T>(); });
   EXPECT_EQ(g_component_tables->size(), 22u + 6u);
+}
+
+TEST(WinMain, TheFactorysInitRegistersItsOwnTables) {
+  const CreatedEngine engine;
+  BuiltInTables::ForEach([]<class T>() { EXPECT_FALSE(IsRegistered<T>()) << ClassName<T>(); });
+  g_game_obj_factory->Init();
+  BuiltInTables::ForEach([]<class T>() { EXPECT_TRUE(IsRegistered<T>()) << ClassName<T>(); });
+  EXPECT_EQ(g_component_tables->size(), 28u + 7u);
 }
 
 TEST(WinMain, ABroadcastBeforeTheStatesAreMadeIsDropped) {

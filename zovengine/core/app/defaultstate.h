@@ -4,8 +4,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "core/app/stateforward.h"
-#include "core/statemachine.h"
+#include "core/app/screenstate.h"
 #include "game/turns/gamecontroller.h"
 #include "ui/buttons/button.h"
 
@@ -13,12 +12,10 @@
 ///
 /// The tile map and its tile objects are left to the level's turn controller, and the background
 /// stays what the last screen set. Broadcasts go to every GameController, then to every Button.
-class DefaultState final : public ZOVEngine::State {
+class DefaultState final
+    : public ZOVEngine::ScreenState<ZOVEngine::GameController, ZOVEngine::Button> {
  public:
   void Enter() override;
-  void Update(float) override {}
-  void Exit() override {}
-  void SendMessage(ZOVEngine::Message* message) override { m_receivers.Send(message); }
 
   std::string m_tileMapPath;
   std::string m_objectsPath;
@@ -29,7 +26,4 @@ class DefaultState final : public ZOVEngine::State {
     std::vector<std::vector<int>> m_grid;
     std::unordered_map<int, std::string> m_names;
   } m_tiles;
-
- private:
-  ZOVEngine::Forwarder<ZOVEngine::GameController, ZOVEngine::Button> m_receivers;
 };

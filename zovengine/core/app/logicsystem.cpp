@@ -2,12 +2,15 @@
 
 #include <filesystem>
 
+#include "core/app/builtintables.h"
 #include "core/app/defaultstate.h"
 #include "core/app/leveleditorstate.h"
+#include "core/app/logictables.h"
 #include "core/app/mainmenustate.h"
 #include "core/app/splashstate.h"
 #include "core/base/profile.h"
 #include "objects/reflection.h"
+#include "objects/tablewalk.h"
 
 RTTR_REGISTRATION {
   using ZOVEngine::LogicSystem;
@@ -22,42 +25,27 @@ namespace {
 
 constexpr const char* kArchetypeDirectory = "Resources/Archetypes/GameObjects";
 
+/// Registers the listed tables, but for those that the factory registers itself.
 template <class... T>
-void UpdateTables(TypeList<T...>, WalksOf<LogicTables>::Type& walks, float dt) {
-  (std::get<TableWalk<T>>(walks).ForEach([dt](T* component) { component->Update(dt); }), ...);
+void RegisterTables(GameObjFactory& factory, TypeList<T...>) {
+  const auto register_own = [&]<class Class>(TypeList<Class> own) {
+    if constexpr (!BuiltInTables::Contains<Class>()) factory.RegisterComponents(own);
+  };
+  (register_own(TypeList<T>()), ...);
 }
 
-void RegisterTables(GameObjFactory& factory) {
-  factory.RegisterComponent<GameController>("GameController");
-  factory.RegisterComponent<Player>("Player");
-  factory.RegisterComponent<Enemy>("Enemy");
-  factory.RegisterComponent<Button>("Button");
-  factory.RegisterComponent<UIElement>("UIElement");
-  factory.RegisterComponent<Camera>("Camera");
-  factory.RegisterComponent<Pathfinding>("Pathfinding");
-  factory.RegisterComponent<EnvironmentBlackhole>("EnvironmentBlackhole");
-  factory.RegisterComponent<EnvironmentRough>("EnvironmentRough");
-  factory.RegisterComponent<EnvironmentDamage>("EnvironmentDamage");
-  factory.RegisterComponent<EnvironmentDestructible>("EnvironmentDestructible");
-  factory.RegisterComponent<DeathField>("DeathField");
-  factory.RegisterComponent<ProjectileDefault>("ProjectileDefault");
-  factory.RegisterComponent<ProjectilePush>("ProjectilePush");
-  factory.RegisterComponent<ProjectileSwap>("ProjectileSwap");
-  factory.RegisterComponent<ProjectileBounce>("ProjectileBounce");
-  factory.RegisterComponent<ProjectileExplosion>("ProjectileExplosion");
-  factory.RegisterComponent<ProjectileVacuum>("ProjectileVacuum");
-  factory.RegisterComponent<ProjectilePierce>("ProjectilePierce");
-  factory.RegisterComponent<SplashController>("SplashController");
-  factory.RegisterComponent<MainMenuController>("MainMenuController");
-  factory.RegisterComponent<AIComp>("AIComp");
+constexpr auto Updating(float dt) {
+  return [dt](auto* component) { component->Update(dt); };
 }
 
 }  // namespace
 
+struct LogicSystem::Walks : LogicTables::Apply<TableWalks> {};
+
 LogicSystem::LogicSystem() {
   g_logic_system = this;
   g_state_machine = &m_machine;
-  RegisterTables(*g_game_obj_factory);
+  RegisterTables(*g_game_obj_factory, LogicTables());
 }
 
 LogicSystem::~LogicSystem() {
@@ -66,7 +54,7 @@ LogicSystem::~LogicSystem() {
 }
 
 void LogicSystem::Init() {
-  m_walks = std::make_unique<Walks::Type>(Walks::Fetch());
+  m_walks = std::make_unique<Walks>();
   LoadArchetypes(kArchetypeDirectory);
   auto& states = m_machine.m_states;
   states[kSplashState] = std::make_unique<SplashState>();
@@ -94,17 +82,17 @@ void LogicSystem::LoadArchetypes(const std::string& directory) {
 void LogicSystem::Update(float dt) {
   const std::int64_t start = NowNanoseconds();
   m_machine.Step(dt);
-  UpdateTables(LogicTables(), *m_walks, dt);
+  m_walks->ForEach(Updating(dt));
   RecordElapsed("Logic", start);
 }
 
 void LogicSystem::PausedUpdate(float dt) {
   const std::int64_t start = NowNanoseconds();
   m_machine.Step(dt);
-  std::get<TableWalk<GameController>>(*m_walks).ForEach([](GameController* controller) {
+  m_walks->ForEach(TypeList<GameController>(), [](GameController* controller) {
     if (!controller->m_init) controller->Init();
   });
-  UpdateTables(PausedLogicTables(), *m_walks, dt);
+  m_walks->ForEach(PausedLogicTables(), Updating(dt));
   RecordElapsed("Logic", start);
 }
 

@@ -1,23 +1,12 @@
 #pragma once
 
+#include <memory>
 #include <string>
-#include <tuple>
 
-#include "core/app/logictables.h"
 #include "core/statemachine.h"
 #include "core/system.h"
-#include "objects/tablewalk.h"
 
 namespace ZOVEngine {
-
-/// A walk for each table of a list.
-template <class List>
-struct WalksOf;
-template <class... T>
-struct WalksOf<TypeList<T...>> {
-  using Type = std::tuple<TableWalk<T>...>;
-  static Type Fetch() { return Type(TableWalk<T>(FetchTable<T>())...); }
-};
 
 /// Runs the states of the game and steps all logic components, table by table.
 ///
@@ -50,9 +39,9 @@ class LogicSystem final : public System {
   StateMachine m_machine;
 
  private:
-  using Walks = WalksOf<LogicTables>;
+  struct Walks;
 
-  std::unique_ptr<Walks::Type> m_walks;  ///< null until Init
+  std::unique_ptr<Walks> m_walks;  ///< null until Init
 };
 
 extern LogicSystem* g_logic_system;

@@ -19,6 +19,7 @@
 #include "game/units/aicomp.h"
 #include "game/units/enemy.h"
 #include "game/units/player.h"
+#include "objects/typelist.h"
 #include "render/components/particlesystemc.h"
 #include "ui/buttons/button.h"
 #include "ui/elements/uielement.h"
@@ -27,11 +28,8 @@
 
 namespace ZOVEngine {
 
-template <class... T>
-struct TypeList {};
-
-/// The logic component tables in the order in which a step walks them. This is the one place that
-/// says so: the fetch at start, the walk and the tests are made from it.
+/// The logic components in the order in which a step walks their tables. This is the one list of
+/// them: their tables are registered, fetched and walked by it, under the names of the classes.
 using LogicTables =
     TypeList<ParticleSystemC, Waypoint, GameController, SplashController, MainMenuController,
              UIElement, Button, Camera, Pathfinding, EnvironmentBlackhole, EnvironmentRough,

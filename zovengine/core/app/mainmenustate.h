@@ -2,21 +2,15 @@
 
 #include <string>
 
-#include "core/app/stateforward.h"
-#include "core/statemachine.h"
+#include "core/app/screenstate.h"
 #include "ui/buttons/button.h"
 #include "ui/screens/mainmenucontroller.h"
 
 /// The main menu. Broadcasts go to every MainMenuController, then to every Button.
-class MainMenuState final : public ZOVEngine::State {
+class MainMenuState final
+    : public ZOVEngine::ScreenState<ZOVEngine::MainMenuController, ZOVEngine::Button> {
  public:
   void Enter() override;
-  void Update(float) override {}
-  void Exit() override {}
-  void SendMessage(ZOVEngine::Message* message) override { m_receivers.Send(message); }
 
   std::string m_path;
-
- private:
-  ZOVEngine::Forwarder<ZOVEngine::MainMenuController, ZOVEngine::Button> m_receivers;
 };

@@ -2,20 +2,13 @@
 
 #include <string>
 
-#include "core/app/stateforward.h"
-#include "core/statemachine.h"
+#include "core/app/screenstate.h"
 #include "ui/screens/splashcontroller.h"
 
 /// The logo sequence at the start of the program. Broadcasts go to every SplashController.
-class SplashState final : public ZOVEngine::State {
+class SplashState final : public ZOVEngine::ScreenState<ZOVEngine::SplashController> {
  public:
   void Enter() override;
-  void Update(float) override {}
-  void Exit() override {}
-  void SendMessage(ZOVEngine::Message* message) override { m_receivers.Send(message); }
 
   std::string m_path;
-
- private:
-  ZOVEngine::Forwarder<ZOVEngine::SplashController> m_receivers;
 };
