@@ -4,24 +4,25 @@
 
 #include <algorithm>
 #include <sstream>
-#include <stdexcept>
 
-#include "audio/audiosource.h"
 #include "game/turns/gamecontroller.h"
-#include "physicssystem.h"
 #include "support/reports.h"
 
 namespace carapace_test {
 
 using namespace ZOVEngine;
 
+std::string ClassName(UnitKind kind) {
+  return kind == UnitKind::kPlayer ? "Player" : "Enemy";
+}
+
+std::string HolderOf(const std::string& shape) {
+  return R"({"m_active": true, "m_layer": 0, "m_collider_type": ")" + shape +
+         R"(", "bitmask_category": "Default", "m_local_scale": [1, 1, 1], "m_local_pos": [0, 0, 1],
+          "m_local_rot": 0})";
+}
+
 namespace {
-
-using Components = std::vector<std::pair<std::string, std::string>>;
-
-constexpr const char* kBox = R"({"m_active": true, "m_layer": 0, "m_collider_type": "Box",
-    "bitmask_category": "Default", "m_local_scale": [1, 1, 1], "m_local_pos": [0, 0, 1],
-    "m_local_rot": 0})";
 
 std::string Place(float x, float y, float width, float height) {
   std::ostringstream out;
@@ -89,58 +90,102 @@ std::string ShotRecord(const std::string& name, const std::string& shot) {
 
 std::string BodyRecord(const std::string& name, float x, float y, const Components& more) {
   Components components = {
-      {"Transform", Place(x, y, 10, 10)}, {"RigidBody", "{}"}, {"ColliderHolder", kBox}};
+      {"Transform", Place(x, y, 10, 10)}, {"RigidBody", "{}"}, {"ColliderHolder", HolderOf("Box")}};
   components.insert(components.end(), more.begin(), more.end());
   return Record(name, components);
 }
 
-std::string UnitRecord(const std::string& name, const std::string& component,
-                       const UnitParts& parts) {
+namespace {
+
+void Append(Components* all, const Components& more) {
+  all->insert(all->end(), more.begin(), more.end());
+}
+
+/// What a boss has besides: its shields, shots and explosions.
+Components BossChildren() {
+  Components children = {{"ShieldPhase1", Picture("ShieldPhase1", 0, 0, 3, 3)},
+                         {"ShieldPhase2", Picture("ShieldPhase2", 0, 0, 3, 3)},
+                         {"MiddleProj", ShotRecord("MiddleProj", "ProjectileExplosion")},
+                         {"LeftProjPhase1", ShotRecord("LeftProjPhase1", "ProjectileDefault")},
+                         {"RightProjPhase1", ShotRecord("RightProjPhase1", "ProjectileDefault")},
+                         {"LeftProjPhase2", ShotRecord("LeftProjPhase2", "ProjectileExplosion")},
+                         {"RightProjPhase2", ShotRecord("RightProjPhase2", "ProjectileExplosion")}};
+  for (int i = 0; i <= 10; ++i) {
+    const std::string child =
+        std::string("DeathExplosion") + (i < 10 ? "0" : "") + std::to_string(i);
+    children.emplace_back(child, Record(child, {{"Transform", Place(0, 0, 1, 1)},
+                                                {"Render", "{}"},
+                                                {"iModel", "{}"},
+                                                {"Animation", "{}"},
+                                                {"StateC", R"({"m_state": "once"})"},
+                                                {"AudioSource", "{}"}}));
+  }
+  return children;
+}
+
+/// Appends those of `children` that the unit is to have.
+void AppendChildren(const Components& children, const UnitParts& parts,
+                    std::vector<std::string>* records) {
+  for (const auto& [child, record] : children) {
+    if (!IsLeftOut(parts, child)) records->push_back(record);
+  }
+}
+
+}  // namespace
+
+std::string UnitRecord(UnitKind kind, const std::string& name, const UnitParts& parts) {
   const Components own = {{"Transform", Place(parts.x, parts.y, 24, 36)},
                           {"RigidBody", "{}"},
-                          {"ColliderHolder", kBox},
+                          {"ColliderHolder", HolderOf("Box")},
                           {"Render", "{}"},
                           {"iModel", "{}"},
                           {"StateC", R"({"m_state": "default"})"},
                           {"Animation", "{}"},
                           {"AudioSource", "{}"},
-                          {component, parts.fields}};
+                          {ClassName(kind), parts.fields}};
   Components components;
   for (const auto& part : own) {
     if (!IsLeftOut(parts, part.first)) components.push_back(part);
   }
-  components.insert(components.end(), parts.components.begin(), parts.components.end());
+  Append(&components, parts.components);
   std::vector<std::string> children;
-  for (const auto& [child, record] : ChildrenOf(parts)) {
-    if (!IsLeftOut(parts, child)) children.push_back(record);
-  }
+  AppendChildren(ChildrenOf(parts), parts, &children);
   children.insert(children.end(), parts.more.begin(), parts.more.end());
+  if (kind == UnitKind::kBoss) AppendChildren(BossChildren(), parts, &children);
   return Record(name, components, children);
 }
 
-std::string BossRecord(const std::string& name, const UnitParts& parts) {
-  Components own = {{"ShieldPhase1", Picture("ShieldPhase1", 0, 0, 3, 3)},
-                    {"ShieldPhase2", Picture("ShieldPhase2", 0, 0, 3, 3)},
-                    {"MiddleProj", ShotRecord("MiddleProj", "ProjectileExplosion")},
-                    {"LeftProjPhase1", ShotRecord("LeftProjPhase1", "ProjectileDefault")},
-                    {"RightProjPhase1", ShotRecord("RightProjPhase1", "ProjectileDefault")},
-                    {"LeftProjPhase2", ShotRecord("LeftProjPhase2", "ProjectileExplosion")},
-                    {"RightProjPhase2", ShotRecord("RightProjPhase2", "ProjectileExplosion")}};
-  for (int i = 0; i <= 10; ++i) {
-    const std::string child =
-        std::string("DeathExplosion") + (i < 10 ? "0" : "") + std::to_string(i);
-    own.emplace_back(child, Record(child, {{"Transform", Place(0, 0, 1, 1)},
-                                           {"Render", "{}"},
-                                           {"iModel", "{}"},
-                                           {"Animation", "{}"},
-                                           {"StateC", R"({"m_state": "once"})"},
-                                           {"AudioSource", "{}"}}));
+std::string SolidUnitAt(UnitKind kind, const std::string& name, float x, float y,
+                        const std::vector<std::string>& shots) {
+  std::vector<std::string> children = shots;
+  for (const char* barrel : {"Weapon0Barrel", "Weapon1Barrel"}) {
+    children.push_back(
+        Record(barrel, {{"Transform", TransformAt(0, 0)}, {"Render", "{}"}, {"iModel", "{}"}}));
   }
-  UnitParts whole = parts;
-  for (const auto& [child, record] : own) {
-    if (!IsLeftOut(parts, child)) whole.more.push_back(record);
-  }
-  return UnitRecord(name, "Enemy", whole);
+  const std::string boss = kind == UnitKind::kBoss ? "true" : "false";
+  return Record(
+      name,
+      {{"Transform", TransformAt(x, y, 1, 40)},
+       {"ColliderHolder", HolderOf("Box")},
+       {"RigidBody", kLively},
+       {"Render", "{}"},
+       {"iModel", "{}"},
+       {"StateC", R"({"m_state": "default"})"},
+       {"AudioSource", "{}"},
+       {ClassName(kind), R"({"m_health": 5, "m_max_health": 5, "m_boss": )" + boss + "}"}},
+      children);
+}
+
+std::string UnitAt(UnitKind kind, const std::string& name, float x, float y,
+                   const std::string& fields, const std::vector<std::string>& children) {
+  return Record(name,
+                {{"Transform", TransformAt(x, y)},
+                 {"RigidBody", R"({"m_mass": 1, "m_drag": 1})"},
+                 {"Render", "{}"},
+                 {"iModel", "{}"},
+                 {"Light", R"({"m_diffuseStr": 3})"},
+                 {ClassName(kind), fields}},
+                children);
 }
 
 UnitStage::UnitStage(const std::vector<std::string>& children, bool with_controller) {
@@ -152,31 +197,6 @@ UnitStage::UnitStage(const std::vector<std::string>& children, bool with_control
       [&] { world.LoadObjects(Record("first", {}) + ", " + Record("level", root, children)); });
   Derive();
   if (with_controller) Of<GameController>("level").m_rigid_bodies = FetchTable<RigidBody>();
-}
-
-GameObj* UnitStage::Find(const std::string& name) const {
-  GameObj* object = world.Find(name);
-  if (object == nullptr) throw std::out_of_range("no object \"" + name + "\"");
-  return object;
-}
-
-void UnitStage::Derive() {
-  g_physics_system->UpdateWorldTransforms();
-}
-
-bool AsksFor(GameObj* object, const std::string& sound) {
-  const auto& sounds = object->GetComponent<AudioSource>()->sounds;
-  const auto found = sounds.find(sound);
-  return found != sounds.end() && found->second.start_play;
-}
-
-void Hush(GameObj* object) {
-  object->GetComponent<AudioSource>()->sounds.clear();
-}
-
-void ExpectNear(const Vector3D& actual, float x, float y) {
-  EXPECT_NEAR(actual.x, x, 1e-3f);
-  EXPECT_NEAR(actual.y, y, 1e-3f);
 }
 
 }  // namespace carapace_test

@@ -4,12 +4,25 @@
 #include <utility>
 #include <vector>
 
-#include "game/objectquery.h"
-#include "support/world.h"
+#include "support/stage.h"
 
 namespace carapace_test {
 
-/// How a unit of a test differs from a whole one.
+using Components = std::vector<std::pair<std::string, std::string>>;
+
+/// What a unit of a test is: an enumeration, so that kind and name cannot change places.
+enum class UnitKind { kPlayer, kEnemy, kBoss };
+
+/// The class of a kind's component.
+std::string ClassName(UnitKind kind);
+
+/// A body of mass 1 that does not turn and loses nothing in a rebound.
+inline constexpr const char* kLively = R"({"m_mass": 1, "m_inertia": 0, "m_rest": 1})";
+
+/// The fields of a ColliderHolder of the size of its object.
+std::string HolderOf(const std::string& shape);
+
+/// How a whole unit of a test differs from a usual one.
 struct UnitParts {
   std::string fields = R"({"m_health": 8, "m_max_health": 10})";  ///< of the unit's component
   float x = 100.0f;                                               ///< (unit: world units)
@@ -19,14 +32,18 @@ struct UnitParts {
   /// Classes of the two weapons; "" makes a weapon child without a shot.
   std::vector<std::string> weapons = {"ProjectileDefault", "ProjectilePierce"};
   std::vector<std::string> more = {};  ///< records of further children, after the others
-  std::vector<std::pair<std::string, std::string>> components = {};  ///< further ones of the unit
+  Components components = {};          ///< further ones of the unit
 };
 
-/// The record of a unit with all its named children. `component` is "Player" or "Enemy".
-std::string UnitRecord(const std::string& name, const std::string& component,
-                       const UnitParts& parts = {});
-/// UnitRecord of an Enemy that is a boss, with its shots, shields and explosions.
-std::string BossRecord(const std::string& name, const UnitParts& parts = {});
+/// The record of a unit with all its named children. A boss has its shots, shields and explosions
+/// besides; that it is one stands in its fields.
+std::string UnitRecord(UnitKind kind, const std::string& name, const UnitParts& parts = {});
+/// A unit of 40 by 40 with 5 health, two barrels and these shots.
+std::string SolidUnitAt(UnitKind kind, const std::string& name, float x, float y,
+                        const std::vector<std::string>& shots = {});
+/// A unit at rest that a shot cannot touch. `fields` are those of its component.
+std::string UnitAt(UnitKind kind, const std::string& name, float x, float y,
+                   const std::string& fields = "{}", const std::vector<std::string>& children = {});
 /// A child with Transform, Render, Animation and StateC, at (x, y) in its parent's space.
 std::string SpriteRecord(const std::string& name, float x = 0.0f, float y = 0.0f,
                          const std::vector<std::string>& children = {});
@@ -34,37 +51,13 @@ std::string SpriteRecord(const std::string& name, float x = 0.0f, float y = 0.0f
 std::string ShotRecord(const std::string& name, const std::string& shot);
 /// A loose body with the further components at (x, y).
 std::string BodyRecord(const std::string& name, float x, float y,
-                       const std::vector<std::pair<std::string, std::string>>& components = {});
+                       const Components& components = {});
 
 /// Units under a level root with a turn controller and a sound source. Nothing is stepped but what
 /// a test steps; the controller has its bodies without having been started.
-class UnitStage {
+class UnitStage : public Stage {
  public:
   explicit UnitStage(const std::vector<std::string>& children, bool with_controller = true);
-
-  /// The first object of this name; one that is absent fails the test.
-  ZOVEngine::GameObj* Find(const std::string& name) const;
-  /// The first child of this name.
-  template <class T>
-  T& ChildOf(const std::string& parent, const std::string& name) const {
-    return *ZOVEngine::FirstChildNamed(Find(parent), name)->GetComponent<T>();
-  }
-  template <class T>
-  T& Of(const std::string& name) const {
-    return *Find(name)->GetComponent<T>();
-  }
-  /// Derives all world transforms.
-  static void Derive();
-
-  World world;
 };
-
-/// Whether a sound of the object was asked for.
-bool AsksFor(ZOVEngine::GameObj* object, const std::string& sound);
-/// Forgets what was asked for.
-void Hush(ZOVEngine::GameObj* object);
-
-/// Expects a place or direction at (x, y), to a thousandth; its depth may be any.
-void ExpectNear(const ZOVEngine::Vector3D& actual, float x, float y);
 
 }  // namespace carapace_test

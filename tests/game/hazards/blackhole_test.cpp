@@ -22,7 +22,6 @@ namespace ZOVEngine {
 namespace {
 
 using carapace_test::BodyRecord;
-using carapace_test::BossRecord;
 using carapace_test::KeysOf;
 using carapace_test::OutputOf;
 using carapace_test::ReadRecord;
@@ -30,6 +29,7 @@ using carapace_test::Record;
 using carapace_test::RecordOf;
 using carapace_test::SpriteRecord;
 using carapace_test::TransformAt;
+using carapace_test::UnitKind;
 using carapace_test::UnitParts;
 using carapace_test::UnitRecord;
 using carapace_test::UnitStage;
@@ -241,8 +241,8 @@ TEST(EnvironmentBlackhole, EveryUnitThatTouchesItLosesAllHealth) {
   UnitParts boss;
   boss.fields = R"({"m_health": 50, "m_max_health": 50, "m_boss": true})";
   for (const bool hole_first : {true, false}) {
-    Hole hole(
-        {UnitRecord("player", "Player"), UnitRecord("enemy", "Enemy"), BossRecord("boss", boss)});
+    Hole hole({UnitRecord(UnitKind::kPlayer, "player"), UnitRecord(UnitKind::kEnemy, "enemy"),
+               UnitRecord(UnitKind::kBoss, "boss", boss)});
     EXPECT_FALSE(hole.Touch("player", hole_first).ignored);
     hole.Touch("enemy", hole_first);
     hole.Touch("boss", hole_first);
@@ -290,7 +290,7 @@ TEST(EnvironmentBlackhole, AFixedThingStays) {
 }
 
 TEST(EnvironmentBlackhole, SwitchedOffObjectsAreNotCaught) {
-  Hole hole({UnitRecord("player", "Player")});
+  Hole hole({UnitRecord(UnitKind::kPlayer, "player")});
   hole.stage.Find("player")->active = false;
   hole.Touch("player");
   hole.stage.Find("player")->active = true;
@@ -300,7 +300,7 @@ TEST(EnvironmentBlackhole, SwitchedOffObjectsAreNotCaught) {
 }
 
 TEST(EnvironmentBlackhole, LeavesAUnitInItsRangeAloneUntilItTouches) {
-  Hole hole({UnitRecord("player", "Player")});
+  Hole hole({UnitRecord(UnitKind::kPlayer, "player")});
   for (int i = 0; i < 30; ++i) hole.Update();
   EXPECT_THAT(hole.ForcesOn("player"), IsEmpty());
   EXPECT_EQ(hole.stage.Of<Player>("player").m_health, 8);

@@ -28,6 +28,7 @@ using carapace_test::RecordOf;
 using carapace_test::ReportOf;
 using carapace_test::SpriteRecord;
 using carapace_test::TransformAt;
+using carapace_test::UnitKind;
 using carapace_test::UnitParts;
 using carapace_test::UnitRecord;
 using carapace_test::UnitStage;
@@ -64,8 +65,8 @@ class Aura {
 
  private:
   static std::vector<std::string> Children(const std::vector<std::string>& others) {
-    std::vector<std::string> children = {Field(), UnitRecord("player", "Player"),
-                                         UnitRecord("enemy", "Enemy")};
+    std::vector<std::string> children = {Field(), UnitRecord(UnitKind::kPlayer, "player"),
+                                         UnitRecord(UnitKind::kEnemy, "enemy")};
     children.insert(children.end(), others.begin(), others.end());
     return children;
   }
@@ -181,7 +182,7 @@ TEST(DeathField, AUnitThatStaysInItIsWoundedOnce) {
   const std::string field = Record("DeathField", {{"Transform", TransformAt(110, 50, 1, 40)},
                                                   {"ColliderHolder", kCircle},
                                                   {"DeathField", R"({"m_damage": 3})"}});
-  UnitStage stage({field, UnitRecord("player", "Player", parts)}, false);
+  UnitStage stage({field, UnitRecord(UnitKind::kPlayer, "player", parts)}, false);
   const Vector3D before = stage.Of<Transform>("player").m_local_pos;
   for (int i = 0; i < 10; ++i) stage.world.Step();
   EXPECT_EQ(stage.Of<Player>("player").m_health, 5);

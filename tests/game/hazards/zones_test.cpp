@@ -28,6 +28,7 @@ using carapace_test::Record;
 using carapace_test::RecordOf;
 using carapace_test::SpriteRecord;
 using carapace_test::TransformAt;
+using carapace_test::UnitKind;
 using carapace_test::UnitParts;
 using carapace_test::UnitRecord;
 using carapace_test::UnitStage;
@@ -55,10 +56,10 @@ class Zones : public ::testing::Test {
     return contact;
   }
 
-  UnitStage stage{
-      {ZoneRecord({{"StateC", R"({"m_state": "default"})"}}), UnitRecord("player", "Player"),
-       UnitRecord("enemy", "Enemy"), SpriteRecord("thing")},
-      false};
+  UnitStage stage{{ZoneRecord({{"StateC", R"({"m_state": "default"})"}}),
+                   UnitRecord(UnitKind::kPlayer, "player"), UnitRecord(UnitKind::kEnemy, "enemy"),
+                   SpriteRecord("thing")},
+                  false};
   T& zone = stage.Of<T>("zone");
   std::string& player = stage.Of<Player>("player").m_status;
   std::string& enemy = stage.Of<Enemy>("enemy").m_status;
@@ -171,7 +172,7 @@ std::string Walker() {
   parts.x = -100.0f;
   parts.y = 0.0f;
   parts.without = {"unit_damaged", "Weapon0Projectile", "Weapon1Projectile", "StateC"};
-  return UnitRecord("walker", "Player", parts);
+  return UnitRecord(UnitKind::kPlayer, "walker", parts);
 }
 
 class WalkThrough {

@@ -18,6 +18,7 @@
 namespace ZOVEngine {
 namespace {
 
+using carapace_test::ClassName;
 using carapace_test::Components;
 using carapace_test::KeysOf;
 using carapace_test::kLively;
@@ -28,9 +29,10 @@ using carapace_test::RecordOf;
 using carapace_test::ShotOf;
 using carapace_test::ShotParts;
 using carapace_test::ShotStage;
+using carapace_test::SolidUnitAt;
 using carapace_test::ThingAt;
 using carapace_test::TransformAt;
-using carapace_test::UnitAt;
+using carapace_test::UnitKind;
 using ::testing::ElementsAreArray;
 
 /// What is peculiar to a kind of shot.
@@ -452,7 +454,7 @@ TYPED_TEST(EveryShot, AContactWithAZoneOrWithWhatIsOffIsIgnored) {
   ShotStage stage(this->Parts({ThingAt("rough", 0, 0, 40, {{"EnvironmentRough", "{}"}}),
                                ThingAt("damage", 0, 0, 40, {{"EnvironmentDamage", "{}"}}),
                                ThingAt("field", 0, 0, 40, {{"DeathField", "{}"}}),
-                               UnitAt("unit", "Enemy", 0, 0)}));
+                               SolidUnitAt(UnitKind::kEnemy, "unit", 0, 0)}));
   this->FireRight(stage);
   stage.Douse();
   stage.Find("unit")->SetActive(false);
@@ -467,7 +469,7 @@ TYPED_TEST(EveryShot, AContactWithAZoneOrWithWhatIsOffIsIgnored) {
 }
 
 TYPED_TEST(EveryShot, ASleepingShotHitsNothing) {
-  ShotStage stage(this->Parts({UnitAt("unit", "Enemy", 0, 0)}));
+  ShotStage stage(this->Parts({SolidUnitAt(UnitKind::kEnemy, "unit", 0, 0)}));
   EXPECT_TRUE(stage.Enter(this->Component(stage), "unit", "shot").ignored);
   EXPECT_EQ(stage.Of<Enemy>("unit").m_health, 5);
 }
@@ -505,16 +507,17 @@ TYPED_TEST(EveryShot, AWallThrowsItBackOrEndsIt) {
 }
 
 TYPED_TEST(EveryShot, AUnitTakesTheDamageOfADirectHit) {
-  for (const char* kind : {"Player", "Enemy"}) {
-    ShotStage stage(this->Parts({UnitAt("unit", kind, 0, 0)}));
+  for (const UnitKind kind : {UnitKind::kPlayer, UnitKind::kEnemy}) {
+    ShotStage stage(this->Parts({SolidUnitAt(kind, "unit", 0, 0)}));
     this->FireRight(stage);
     ASSERT_TRUE(stage.StepUntil([&] {
       return !stage.shot->active || stage.IsWhite("unit") || this->RightEdge(stage) > 60.0f;
     }));
-    EXPECT_EQ(stage.shot->active, !this->nature.ends_at_unit) << kind;
-    EXPECT_EQ(*HealthOf(stage.Find("unit")), 5 - this->nature.damage) << kind;
+    EXPECT_EQ(stage.shot->active, !this->nature.ends_at_unit) << ClassName(kind);
+    EXPECT_EQ(*HealthOf(stage.Find("unit")), 5 - this->nature.damage) << ClassName(kind);
     stage.world.Step(30);
-    EXPECT_EQ(*HealthOf(stage.Find("unit")), 5 - this->nature.damage) << "once, for a " << kind;
+    EXPECT_EQ(*HealthOf(stage.Find("unit")), 5 - this->nature.damage)
+        << "once, for a " << ClassName(kind);
   }
 }
 
@@ -539,8 +542,7 @@ TYPED_TEST(EveryShot, ADestructibleThingThatIsToldFirstCracks) {
 
 TYPED_TEST(EveryShot, ABossAtTheMuzzleIsSparedOrHit) {
   ShotParts parts = this->Parts();
-  parts.unit = "Enemy";
-  parts.boss = "true";
+  parts.shooter = UnitKind::kBoss;
   ShotStage stage(parts);
   TypeParam& shot = this->Component(stage);
   shot.Fire(Vector3D(-295, 0, 1), Vector3D(1, 0, 0));
@@ -556,7 +558,7 @@ TYPED_TEST(EveryShot, ABossAtTheMuzzleIsSparedOrHit) {
 
 TYPED_TEST(EveryShot, ACommonShooterAtTheMuzzleIsHit) {
   ShotParts parts = this->Parts();
-  parts.unit = "Enemy";
+  parts.shooter = UnitKind::kEnemy;
   ShotStage stage(parts);
   this->Component(stage).Fire(Vector3D(-295, 0, 1), Vector3D(1, 0, 0));
   stage.world.Step();
@@ -565,8 +567,8 @@ TYPED_TEST(EveryShot, ACommonShooterAtTheMuzzleIsHit) {
 }
 
 TYPED_TEST(EveryShot, TwoOfAKindPassOrTheFirstToBeToldHitsTheOther) {
-  ShotStage stage(
-      this->Parts({UnitAt("other", "Enemy", 300, 0, {ShotOf("second", this->nature.name)})}));
+  ShotStage stage(this->Parts(
+      {SolidUnitAt(UnitKind::kEnemy, "other", 300, 0, {ShotOf("second", this->nature.name)})}));
   stage.Bind("second");
   this->FireRight(stage);
   auto& second = stage.Of<TypeParam>("second");
@@ -586,7 +588,8 @@ TYPED_TEST(EveryShot, AShotOfEachKindInTheWayIsPassedHitOrSwapped) {
   for (const char* other :
        {"ProjectileDefault", "ProjectilePush", "ProjectilePierce", "ProjectileBounce",
         "ProjectileSwap", "ProjectileExplosion", "ProjectileVacuum"}) {
-    ShotStage stage(this->Parts({UnitAt("other", "Enemy", 300, 0, {ShotOf("second", other)})}));
+    ShotStage stage(
+        this->Parts({SolidUnitAt(UnitKind::kEnemy, "other", 300, 0, {ShotOf("second", other)})}));
     const bool passes = is_light(this->nature.name) && is_light(other);
     const bool swaps = std::is_same_v<TypeParam, ProjectileSwap>;
     for (const bool shot_first : {true, false}) {

@@ -10,15 +10,16 @@ namespace {
 
 using carapace_test::ShotParts;
 using carapace_test::ShotStage;
+using carapace_test::SolidUnitAt;
 using carapace_test::ThingAt;
-using carapace_test::UnitAt;
+using carapace_test::UnitKind;
 
 /// A bouncing shot awake at (-200, 0), a wall and a unit.
 class BouncingShot : public ::testing::Test {
  protected:
   explicit BouncingShot(bool with_controller = false)
       : stage({.kind = "ProjectileBounce",
-               .more = {ThingAt("wall", 0, 0, 40), UnitAt("unit", "Enemy", 200, 0)},
+               .more = {ThingAt("wall", 0, 0, 40), SolidUnitAt(UnitKind::kEnemy, "unit", 200, 0)},
                .with_controller = with_controller}) {
     Fire();
   }
@@ -149,8 +150,9 @@ TEST_F(BouncingShot, TurnsItsTrailWithItsFlight) {
 }
 
 TEST(ProjectileBounce, AReflectedShotWoundsTheUnitBehindItsShooter) {
-  ShotStage stage({.kind = "ProjectileBounce",
-                   .more = {ThingAt("wall", 0, 0, 40), UnitAt("unit", "Enemy", -450, 0)}});
+  ShotStage stage(
+      {.kind = "ProjectileBounce",
+       .more = {ThingAt("wall", 0, 0, 40), SolidUnitAt(UnitKind::kEnemy, "unit", -450, 0)}});
   // Off the wall and back over the shooter, who has left meanwhile.
   stage.Of<ProjectileBounce>("shot").Fire(Vector3D(-200, 0, 1), Vector3D(1, 0, 0));
   ASSERT_TRUE(stage.StepUntil([&] { return stage.Of<RigidBody>("shot").m_vel.x < 0.0f; }));

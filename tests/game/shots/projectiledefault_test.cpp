@@ -11,8 +11,9 @@ namespace {
 using carapace_test::ShotOf;
 using carapace_test::ShotParts;
 using carapace_test::ShotStage;
+using carapace_test::SolidUnitAt;
 using carapace_test::ThingAt;
-using carapace_test::UnitAt;
+using carapace_test::UnitKind;
 
 /// A stage whose shot lies awake at (-200, 0), its sparks and sprite out.
 ShotStage StageWith(const std::vector<std::string>& more, const ShotParts& parts = {}) {
@@ -61,8 +62,8 @@ TEST(ProjectileDefault, TheFlashFadesWhileTheShotSleeps) {
 }
 
 TEST(ProjectileDefault, AUnitIsWoundedFlashesAndEndsTheShotWithTheSoundOfAHit) {
-  for (const char* kind : {"Player", "Enemy"}) {
-    ShotStage stage = StageWith({UnitAt("unit", kind, 0, 0)}, Controlled());
+  for (const UnitKind kind : {UnitKind::kPlayer, UnitKind::kEnemy}) {
+    ShotStage stage = StageWith({SolidUnitAt(kind, "unit", 0, 0)}, Controlled());
     ProjectileDefault& shot = Awake(stage);
     shot.m_damage = 7;
     EXPECT_FALSE(stage.Enter(shot, "unit", "shot").ignored) << "the push is felt";
@@ -112,8 +113,8 @@ TEST(ProjectileDefault, ABounceIsSilentWhileAHitIsHeardAndAskedForAgain) {
 }
 
 TEST(ProjectileDefault, ABossIsSparedBelowAHundredUnitsAndStruckAfterwards) {
-  for (const char* boss : {"true", "false"}) {
-    ShotStage stage = StageWith({}, {.unit = "Enemy", .boss = boss});
+  for (const UnitKind kind : {UnitKind::kBoss, UnitKind::kEnemy}) {
+    ShotStage stage = StageWith({}, {.shooter = kind});
     ProjectileDefault& shot = Awake(stage);
     const bool is_boss = stage.Of<Enemy>("shooter").m_boss;
     shot.m_curr_range = 99.9f;
@@ -129,7 +130,7 @@ TEST(ProjectileDefault, ABossIsSparedBelowAHundredUnitsAndStruckAfterwards) {
 }
 
 TEST(ProjectileDefault, ABossStruckByTheReboundOfItsOwnShot) {
-  ShotStage stage = StageWith({ThingAt("wall", 0, 0, 40)}, {.unit = "Enemy", .boss = "true"});
+  ShotStage stage = StageWith({ThingAt("wall", 0, 0, 40)}, {.shooter = UnitKind::kBoss});
   stage.Of<ProjectileDefault>("shot").Fire(Vector3D(-295, 0, 1), Vector3D(1, 0, 0));
   ASSERT_TRUE(stage.StepUntil([&] { return !stage.shot->active; }));
   EXPECT_EQ(stage.Of<Enemy>("shooter").m_health, 4);
@@ -138,7 +139,7 @@ TEST(ProjectileDefault, ABossStruckByTheReboundOfItsOwnShot) {
 
 TEST(ProjectileDefault, AnotherUnitNearABossIsStruck) {
   ShotStage stage =
-      StageWith({UnitAt("unit", "Player", -200, 0)}, {.unit = "Enemy", .boss = "true"});
+      StageWith({SolidUnitAt(UnitKind::kPlayer, "unit", -200, 0)}, {.shooter = UnitKind::kBoss});
   EXPECT_FALSE(stage.Enter(Awake(stage), "unit", "shot").ignored);
   EXPECT_EQ(stage.Of<Player>("unit").m_health, 4);
 }

@@ -15,9 +15,10 @@ using carapace_test::Record;
 using carapace_test::ShotOf;
 using carapace_test::ShotParts;
 using carapace_test::ShotStage;
+using carapace_test::SolidUnitAt;
 using carapace_test::ThingAt;
 using carapace_test::TransformAt;
-using carapace_test::UnitAt;
+using carapace_test::UnitKind;
 
 /// An exploding shot at (0, 0) beside a wall, with what else a test brings.
 ShotStage StageWith(const std::vector<std::string>& more, const ShotParts& parts = {}) {
@@ -131,8 +132,9 @@ TEST(ProjectileExplosion, ItsReachHoldsForThingsAndBodiesAlike) {
 }
 
 TEST(ProjectileExplosion, UnitsInReachAreWoundedWhiteAndBlownAway) {
-  ShotStage stage = StageWith({UnitAt("friend", "Player", 0, 100), UnitAt("foe", "Enemy", 0, -100),
-                               UnitAt("watcher", "Enemy", 0, 300)});
+  ShotStage stage = StageWith({SolidUnitAt(UnitKind::kPlayer, "friend", 0, 100),
+                               SolidUnitAt(UnitKind::kEnemy, "foe", 0, -100),
+                               SolidUnitAt(UnitKind::kEnemy, "watcher", 0, 300)});
   stage.Of<ProjectileExplosion>("shot").m_damage = 3;
   Burst(stage);
   EXPECT_EQ(stage.Of<Player>("friend").m_health, 2);
@@ -146,11 +148,11 @@ TEST(ProjectileExplosion, UnitsInReachAreWoundedWhiteAndBlownAway) {
 
 TEST(ProjectileExplosion, AUnitThatIsHitIsWoundedByTheBlastAlone) {
   {
-    ShotStage stage = StageWith({UnitAt("unit", "Enemy", 28, 0)});
+    ShotStage stage = StageWith({SolidUnitAt(UnitKind::kEnemy, "unit", 28, 0)});
     stage.Enter(Awake(stage), "unit", "shot");
     EXPECT_EQ(stage.Of<Enemy>("unit").m_health, 4);
   }
-  ShotStage large = StageWith({UnitAt("unit", "Enemy", 28, 0)});
+  ShotStage large = StageWith({SolidUnitAt(UnitKind::kEnemy, "unit", 28, 0)});
   large.Of<ProjectileExplosion>("shot").m_aoe = 27.0f;
   large.Enter(Awake(large), "unit", "shot");
   EXPECT_EQ(large.Of<Enemy>("unit").m_health, 5) << "its middle is out of reach";
@@ -167,7 +169,7 @@ TEST(ProjectileExplosion, AtTheShootersFeetItWoundsAndPushesTheShooter) {
 }
 
 TEST(ProjectileExplosion, ABossIsSparedByItsShellAtAnyRangeButNotByTheBlast) {
-  ShotStage stage = StageWith({ThingAt("post", -200, 0, 40)}, {.unit = "Enemy", .boss = "true"});
+  ShotStage stage = StageWith({ThingAt("post", -200, 0, 40)}, {.shooter = UnitKind::kBoss});
   auto& shot = stage.Of<ProjectileExplosion>("shot");
   shot.Fire(Vector3D(-260, 0, 1), Vector3D(1, 0, 0));
   shot.m_curr_range = 1000.0f;
@@ -196,7 +198,8 @@ TEST(ProjectileExplosion, PicturesTheCameraAndBasicOrExplodingShotsAreNotBlown) 
 }
 
 TEST(ProjectileExplosion, BodiesThatAreOffGatherNoForces) {
-  ShotStage stage = StageWith({CrateAt("off", 0, 50), UnitAt("gone", "Enemy", 0, -50)});
+  ShotStage stage =
+      StageWith({CrateAt("off", 0, 50), SolidUnitAt(UnitKind::kEnemy, "gone", 0, -50)});
   stage.Find("off")->SetActive(false);
   stage.Find("gone")->SetActive(false);
   Burst(stage);
@@ -206,7 +209,7 @@ TEST(ProjectileExplosion, BodiesThatAreOffGatherNoForces) {
 }
 
 TEST(ProjectileExplosion, ABodyInTheVeryPlaceOfTheShotIsNotBlownToNowhere) {
-  ShotStage stage = StageWith({UnitAt("unit", "Enemy", 0, 0)});
+  ShotStage stage = StageWith({SolidUnitAt(UnitKind::kEnemy, "unit", 0, 0)});
   Burst(stage);
   EXPECT_EQ(stage.ForcesOn("unit"), 0u);
   EXPECT_EQ(stage.Of<Enemy>("unit").m_health, 4);

@@ -10,16 +10,17 @@ namespace {
 using carapace_test::ShotOf;
 using carapace_test::ShotParts;
 using carapace_test::ShotStage;
+using carapace_test::SolidUnitAt;
 using carapace_test::ThingAt;
-using carapace_test::UnitAt;
+using carapace_test::UnitKind;
 
 /// A piercing shot awake at (-200, 0), units, a wall and zones.
 class PiercingShot : public ::testing::Test {
  protected:
   explicit PiercingShot(bool with_controller = false)
       : stage({.kind = "ProjectilePierce",
-               .more = {UnitAt("unit", "Enemy", -100, 0), UnitAt("next", "Player", 0, 0),
-                        ThingAt("wall", 100, 0, 40),
+               .more = {SolidUnitAt(UnitKind::kEnemy, "unit", -100, 0),
+                        SolidUnitAt(UnitKind::kPlayer, "next", 0, 0), ThingAt("wall", 100, 0, 40),
                         ThingAt("rough", 0, 300, 40, {{"EnvironmentRough", "{}"}}),
                         ThingAt("damage", 0, 300, 40, {{"EnvironmentDamage", "{}"}}),
                         ThingAt("field", 0, 300, 40, {{"DeathField", "{}"}})},
@@ -182,7 +183,7 @@ TEST_F(PiercingShot, TurnsWithItsFlightAndLeavesItsTrailAlone) {
 }
 
 TEST(ProjectilePierce, DiesWithAnEnemyToo) {
-  ShotStage stage({.kind = "ProjectilePierce", .unit = "Enemy"});
+  ShotStage stage({.kind = "ProjectilePierce", .shooter = UnitKind::kEnemy});
   auto& shot = stage.Of<ProjectilePierce>("shot");
   shot.Fire(Vector3D(-200, 0, 1), Vector3D(1, 0, 0));
   shot.Update(0.1f);

@@ -8,15 +8,16 @@ namespace ZOVEngine {
 namespace {
 
 using carapace_test::ShotStage;
+using carapace_test::SolidUnitAt;
 using carapace_test::ThingAt;
-using carapace_test::UnitAt;
+using carapace_test::UnitKind;
 
 /// A pushing shot awake at (-200, 0), a unit and a wall.
 class PushingShot : public ::testing::Test {
  protected:
   explicit PushingShot(bool with_controller = false)
       : stage({.kind = "ProjectilePush",
-               .more = {UnitAt("unit", "Enemy", 0, 0), ThingAt("wall", 0, 300, 40)},
+               .more = {SolidUnitAt(UnitKind::kEnemy, "unit", 0, 0), ThingAt("wall", 0, 300, 40)},
                .with_controller = with_controller}) {
     shot.Fire(Vector3D(-200, 0, 1), Vector3D(1, 0, 0));
     stage.Douse();

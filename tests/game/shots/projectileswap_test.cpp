@@ -11,9 +11,10 @@ using carapace_test::kLively;
 using carapace_test::Record;
 using carapace_test::ShotOf;
 using carapace_test::ShotStage;
+using carapace_test::SolidUnitAt;
 using carapace_test::ThingAt;
 using carapace_test::TransformAt;
-using carapace_test::UnitAt;
+using carapace_test::UnitKind;
 
 const Vector3D kShooterPlace(-300, 0, 1);
 
@@ -32,7 +33,8 @@ class SwappingShot : public ::testing::Test {
 
   ShotStage stage{
       {.kind = "ProjectileSwap",
-       .more = {UnitAt("foe", "Enemy", 0, 50), UnitAt("friend", "Player", 0, -50),
+       .more = {SolidUnitAt(UnitKind::kEnemy, "foe", 0, 50),
+                SolidUnitAt(UnitKind::kPlayer, "friend", 0, -50),
                 ThingAt("crate", 90, 80, 20, {{"RigidBody", kLively}}), ThingAt("wall", 100, 0, 40),
                 Record("ghost", {{"Transform", TransformAt(7, 7)}, {"RigidBody", kLively}})},
        .with_controller = true}};
@@ -137,10 +139,10 @@ TEST(ProjectileSwap, FliesOnFromAWallUntilItsRangeIsOut) {
 
 TEST(ProjectileSwap, OfTwoSwappingShotsTheOtherIsTheTarget) {
   for (const bool shot_first : {true, false}) {
-    ShotStage stage(
-        {.kind = "ProjectileSwap",
-         .more = {UnitAt("other", "Enemy", 300, 0, {ShotOf("second", "ProjectileSwap")})},
-         .with_controller = true});
+    ShotStage stage({.kind = "ProjectileSwap",
+                     .more = {SolidUnitAt(UnitKind::kEnemy, "other", 300, 0,
+                                          {ShotOf("second", "ProjectileSwap")})},
+                     .with_controller = true});
     stage.Bind("second");
     stage.Of<GameController>("level").m_selected = stage.Find("shooter");
     auto& shot = stage.Of<ProjectileSwap>("shot");

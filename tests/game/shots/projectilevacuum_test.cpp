@@ -10,22 +10,24 @@ namespace {
 using carapace_test::kLively;
 using carapace_test::ShotOf;
 using carapace_test::ShotStage;
+using carapace_test::SolidUnitAt;
 using carapace_test::ThingAt;
-using carapace_test::UnitAt;
+using carapace_test::UnitKind;
 
 /// A sucking shot awake at (0, 0) beside a wall, its shooter far away, and bodies around it.
 class SuckingShot : public ::testing::Test {
  protected:
   explicit SuckingShot(bool with_controller = false)
-      : stage({.kind = "ProjectileVacuum",
-               .more = {ThingAt("wall", 30, 0, 40), UnitAt("unit", "Enemy", -120, 160),
-                        ThingAt("crate", 0, -50, 20, {{"RigidBody", kLively}}),
-                        ThingAt("far", 0, 200.1f, 20, {{"RigidBody", kLively}}),
-                        ThingAt("spark", 0, 50, 20, {{"RigidBody", kLively}, {"Particle", "{}"}}),
-                        ThingAt("eye", 0, 50, 20, {{"RigidBody", kLively}, {"Camera", "{}"}}),
-                        ThingAt("off", 0, 50, 20, {{"RigidBody", kLively}}),
-                        ShotOf("basic", "ProjectileDefault")},
-               .with_controller = with_controller}) {
+      : stage(
+            {.kind = "ProjectileVacuum",
+             .more = {ThingAt("wall", 30, 0, 40), SolidUnitAt(UnitKind::kEnemy, "unit", -120, 160),
+                      ThingAt("crate", 0, -50, 20, {{"RigidBody", kLively}}),
+                      ThingAt("far", 0, 200.1f, 20, {{"RigidBody", kLively}}),
+                      ThingAt("spark", 0, 50, 20, {{"RigidBody", kLively}, {"Particle", "{}"}}),
+                      ThingAt("eye", 0, 50, 20, {{"RigidBody", kLively}, {"Camera", "{}"}}),
+                      ThingAt("off", 0, 50, 20, {{"RigidBody", kLively}}),
+                      ShotOf("basic", "ProjectileDefault")},
+             .with_controller = with_controller}) {
     stage.Of<Transform>("basic").SetWorldPosition(Vector3D(100, 0, 1));
     stage.Find("off")->SetActive(false);
     shot.Fire(Vector3D(0, 0, 1), Vector3D(1, 0, 0));

@@ -10,7 +10,6 @@
 #include "audio/audiosource.h"
 #include "core/contactinfo.h"
 #include "game/camera.h"
-#include "game/objectquery.h"
 #include "game/turns/gamecontroller.h"
 #include "game/units/enemy.h"
 #include "game/units/player.h"
@@ -18,26 +17,15 @@
 #include "objects/statec.h"
 #include "physics/components/rigidbody.h"
 #include "physics/components/transform.h"
-#include "physicssystem.h"
 #include "render/components/animation.h"
 #include "render/components/light.h"
 #include "render/components/particlesystemc.h"
 #include "render/components/render.h"
 #include "support/reports.h"
-#include "support/world.h"
+#include "support/stage.h"
+#include "support/unitrecords.h"
 
 namespace carapace_test {
-
-using Components = std::vector<std::pair<std::string, std::string>>;
-
-/// A body of mass 1 that does not turn and loses nothing in a rebound.
-inline constexpr const char* kLively = R"({"m_mass": 1, "m_inertia": 0, "m_rest": 1})";
-
-inline std::string HolderOf(const std::string& shape) {
-  return R"({"m_active": true, "m_layer": 0, "m_collider_type": ")" + shape +
-         R"(", "bitmask_category": "Default", "m_local_scale": [1, 1, 1], "m_local_pos": [0, 0, 1],
-          "m_local_rot": 0})";
-}
 
 /// The record of a thing of `size` at (x, y) with a box collider and further components.
 inline std::string ThingAt(const std::string& name, float x, float y, float size,
@@ -71,33 +59,11 @@ inline std::string ShotOf(const std::string& name, const std::string& kind,
                                        {"StateC", R"({"m_state": "default"})"}})});
 }
 
-/// The record of a unit of 40 by 40 with 5 health.
-inline std::string UnitAt(const std::string& name, const std::string& kind, float x, float y,
-                          const std::vector<std::string>& shots = {},
-                          const std::string& boss = "false") {
-  std::vector<std::string> children = shots;
-  for (const char* barrel : {"Weapon0Barrel", "Weapon1Barrel"}) {
-    children.push_back(
-        Record(barrel, {{"Transform", TransformAt(0, 0)}, {"Render", "{}"}, {"iModel", "{}"}}));
-  }
-  return Record(name,
-                {{"Transform", TransformAt(x, y, 1, 40)},
-                 {"ColliderHolder", HolderOf("Box")},
-                 {"RigidBody", kLively},
-                 {"Render", "{}"},
-                 {"iModel", "{}"},
-                 {"StateC", R"({"m_state": "default"})"},
-                 {"AudioSource", "{}"},
-                 {kind, R"({"m_health": 5, "m_max_health": 5, "m_boss": )" + boss + "}"}},
-                children);
-}
-
 /// How a stage differs from a player unit with a shot and nothing else.
 struct ShotParts {
-  std::string kind = {};               ///< class of the shot
-  std::string fields = "{}";           ///< of the shot
-  std::string unit = "Player";         ///< class of the shooter
-  std::string boss = "false";          ///< whether the shooter is one
+  std::string kind = {};      ///< class of the shot
+  std::string fields = "{}";  ///< of the shot
+  UnitKind shooter = UnitKind::kPlayer;
   std::vector<std::string> more = {};  ///< records of what else is on the level
   bool with_controller = false;        ///< then the world must not be stepped
 };
@@ -105,13 +71,12 @@ struct ShotParts {
 /// A level with a unit "shooter" at (-300, 0), whose "shot" has gone to sleep, and other things.
 ///
 /// Nothing was stepped but the shot. The light of the shot has the strength 100.
-class ShotStage {
+class ShotStage : public Stage {
  public:
   explicit ShotStage(const ShotParts& parts) {
     std::vector<std::string> children = {
         Record("camera", {{"Transform", TransformAt(0, 0)}, {"Camera", "{}"}}),
-        UnitAt("shooter", parts.unit, -300, 0, {ShotOf("shot", parts.kind, parts.fields)},
-               parts.boss)};
+        SolidUnitAt(parts.shooter, "shooter", -300, 0, {ShotOf("shot", parts.kind, parts.fields)})};
     children.insert(children.end(), parts.more.begin(), parts.more.end());
     Components root = {{"Transform", TransformAt(0, 0)}};
     if (parts.with_controller) root.emplace_back("GameController", "{}");
@@ -145,21 +110,10 @@ class ShotStage {
     component.OnCollisionEnter(&contact);
     return contact;
   }
-  static void Derive() { ZOVEngine::g_physics_system->UpdateWorldTransforms(); }
-
-  ZOVEngine::GameObj* Find(const std::string& name) const {
-    ZOVEngine::GameObj* object = world.Find(name);
-    if (object == nullptr) throw std::out_of_range("no object \"" + name + "\"");
-    return object;
-  }
-  template <class T>
-  T& Of(const std::string& name) const {
-    return *Find(name)->GetComponent<T>();
-  }
   /// The component of the shot's child.
   template <class T>
   T& PartOf(const std::string& child) const {
-    return *ZOVEngine::FirstChildNamed(shot, child)->GetComponent<T>();
+    return ChildOf<T>("shot", child);
   }
   ZOVEngine::ContactInfo Between(const std::string& a, const std::string& b) const {
     ZOVEngine::ContactInfo contact;
@@ -168,9 +122,7 @@ class ShotStage {
     return contact;
   }
   bool AsksFor(const std::string& name, const std::string& sound) const {
-    const auto& sounds = Of<ZOVEngine::AudioSource>(name).sounds;
-    const auto found = sounds.find(sound);
-    return found != sounds.end() && found->second.start_play;
+    return carapace_test::AsksFor(Find(name), sound);
   }
   /// The forces that wait for a body.
   std::size_t ForcesOn(const std::string& name) const {
@@ -216,7 +168,6 @@ class ShotStage {
            render.m_colour == std::array<float, 4>{1, 1, 1, 1};
   }
 
-  World world;
   ZOVEngine::GameObj* shot = nullptr;
 
  private:

@@ -34,6 +34,7 @@ using carapace_test::TileWorld;
 using carapace_test::TransformOf;
 using carapace_test::TurnWorld;
 using carapace_test::UnitAt;
+using carapace_test::UnitKind;
 using carapace_test::World;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
@@ -396,8 +397,9 @@ TEST(GameController, WithoutASourceARequestIsTakenInSilence) {
 // Questions
 
 TEST(GameController, ASideIsDeadWhenNoneOfItsUnitsLives) {
-  const TurnWorld level({UnitAt("Enemy", "e", 0, 0), UnitAt("Enemy", "e2", 0, 0),
-                         UnitAt("Player", "p", 0, 0), UnitAt("Player", "p2", 0, 0)});
+  const TurnWorld level({UnitAt(UnitKind::kEnemy, "e", 0, 0), UnitAt(UnitKind::kEnemy, "e2", 0, 0),
+                         UnitAt(UnitKind::kPlayer, "p", 0, 0),
+                         UnitAt(UnitKind::kPlayer, "p2", 0, 0)});
   GameController& controller = level.Controller();
   level.PlayerOf("p").m_alive = level.EnemyOf("e2").m_alive = false;
   EXPECT_FALSE(controller.AllPlayersDead());
@@ -420,7 +422,8 @@ TEST(GameController, AnEmptySideIsDead) {
 }
 
 TEST(GameController, EnemiesHaveActedWhenTheLivingOnesHaveMoved) {
-  const TurnWorld level({UnitAt("Enemy", "e", 0, 0), UnitAt("Enemy", "e2", 0, 0)});
+  const TurnWorld level(
+      {UnitAt(UnitKind::kEnemy, "e", 0, 0), UnitAt(UnitKind::kEnemy, "e2", 0, 0)});
   EXPECT_FALSE(level.Controller().AllEnemiesActed());
   level.EnemyOf("e").m_moved = true;
   EXPECT_FALSE(level.Controller().AllEnemiesActed());
@@ -429,7 +432,8 @@ TEST(GameController, EnemiesHaveActedWhenTheLivingOnesHaveMoved) {
 }
 
 TEST(GameController, OnlyLivingEnemiesAreReset) {
-  const TurnWorld level({UnitAt("Enemy", "e", 0, 0), UnitAt("Enemy", "dead", 0, 0)});
+  const TurnWorld level(
+      {UnitAt(UnitKind::kEnemy, "e", 0, 0), UnitAt(UnitKind::kEnemy, "dead", 0, 0)});
   level.EnemyOf("dead").m_alive = false;
   for (const char* name : {"e", "dead"}) {
     level.EnemyOf(name).m_moved = level.EnemyOf(name).m_fired = true;

@@ -19,6 +19,7 @@ using carapace_test::ShotRecord;
 using carapace_test::TransformOf;
 using carapace_test::TurnWorld;
 using carapace_test::UnitAt;
+using carapace_test::UnitKind;
 using ::testing::IsEmpty;
 using ::testing::SizeIs;
 
@@ -36,9 +37,9 @@ TEST(FiringClick, ItEndsTheTurnOfTheUnit) {
 }
 
 TEST(FiringClick, TheShotGoesToTheMouseInTheLevel) {
-  TurnWorld level(
-      {UnitAt("Enemy", "e", -300, 0),
-       UnitAt("Player", "p", 0, 0, "{}", {ShotRecord("Weapon0Projectile", "ProjectileDefault")})});
+  TurnWorld level({UnitAt(UnitKind::kEnemy, "e", -300, 0),
+                   UnitAt(UnitKind::kPlayer, "p", 0, 0, "{}",
+                          {ShotRecord("Weapon0Projectile", "ProjectileDefault")})});
   level.GiveControl("p");
   TransformOf(level.Find("view")).m_world_pos = Vector3D(0, 100, 1);
   level.PointAt(300, 300);
@@ -130,8 +131,8 @@ TEST(Movement, EachDirectionHasItsForce) {
 }
 
 TEST(Movement, TheForceIsTheUnitsOwn) {
-  const TurnWorld level(
-      {UnitAt("Enemy", "e", 0, 0), UnitAt("Player", "p", 0, 0, R"({"m_movement_mag": 1234})")});
+  const TurnWorld level({UnitAt(UnitKind::kEnemy, "e", 0, 0),
+                         UnitAt(UnitKind::kPlayer, "p", 0, 0, R"({"m_movement_mag": 1234})")});
   level.GiveControl("p");
   level.Push(3);
   ASSERT_THAT(level.BodyOf("p").m_forces, SizeIs(1));
@@ -309,8 +310,9 @@ TEST(Keys, FOnAnEnemyOnlyClicks) {
 }
 
 TEST(Keys, GHealsThePlayersAndHKillsTheEnemies) {
-  const TurnWorld level({UnitAt("Enemy", "e", 0, 0), UnitAt("Enemy", "e2", 0, 0),
-                         UnitAt("Player", "p", 0, 0), UnitAt("Player", "p2", 0, 0)});
+  const TurnWorld level({UnitAt(UnitKind::kEnemy, "e", 0, 0), UnitAt(UnitKind::kEnemy, "e2", 0, 0),
+                         UnitAt(UnitKind::kPlayer, "p", 0, 0),
+                         UnitAt(UnitKind::kPlayer, "p2", 0, 0)});
   level.Key(71);
   level.Key(72);
   for (const char* name : {"p", "p2"}) {

@@ -22,6 +22,7 @@ using carapace_test::Record;
 using carapace_test::TransformOf;
 using carapace_test::TurnWorld;
 using carapace_test::UnitAt;
+using carapace_test::UnitKind;
 using ::testing::IsEmpty;
 using ::testing::SizeIs;
 
@@ -66,9 +67,10 @@ TEST(TurnMachine, InLaterRoundsASelectedEnemyShoots) {
 }
 
 TEST(TurnMachine, TheFirstLivingEnemyThatHasNotMovedIsSelected) {
-  const TurnWorld level({UnitAt("Enemy", "dead", 0, 0), UnitAt("Enemy", "moved", 0, 0),
-                         UnitAt("Enemy", "third", 0, 0), UnitAt("Enemy", "fourth", 0, 0),
-                         UnitAt("Player", "p", 0, 0)});
+  const TurnWorld level(
+      {UnitAt(UnitKind::kEnemy, "dead", 0, 0), UnitAt(UnitKind::kEnemy, "moved", 0, 0),
+       UnitAt(UnitKind::kEnemy, "third", 0, 0), UnitAt(UnitKind::kEnemy, "fourth", 0, 0),
+       UnitAt(UnitKind::kPlayer, "p", 0, 0)});
   level.EnemyOf("dead").m_alive = false;
   level.EnemyOf("moved").m_moved = true;
   level.TurnFrom(TURN_ENEMY_SELECT);
@@ -93,13 +95,13 @@ TEST(TurnMachine, AnEnemyShootsThenMoves) {
 }
 
 TEST(TurnMachine, AnEnemyThatHasFiredDoesNotFireAgain) {
-  const TurnWorld level({UnitAt("Enemy", "e", 0, 0, "{}",
+  const TurnWorld level({UnitAt(UnitKind::kEnemy, "e", 0, 0, "{}",
                                 {Record("unit_fire", {{"Transform", PlacedAt(0, 0)},
                                                       {"Render", R"({"m_visible": false})"},
                                                       {"iModel", "{}"},
                                                       {"Animation", "{}"},
                                                       {"StateC", R"({"m_state": "off"})"}})}),
-                         UnitAt("Player", "p", 0, 0)});
+                         UnitAt(UnitKind::kPlayer, "p", 0, 0)});
   level.Controller().m_selected = level.Find("e");
   level.EnemyOf("e").m_target = level.Find("p");
   const std::string& fire = level.Find("unit_fire")->GetComponent<StateC>()->m_state;
@@ -147,9 +149,9 @@ TEST(TurnMachine, AnEnemyThatCannotMoveAimsAtOnce) {
 }
 
 TEST(TurnMachine, AMoverMovesAnEnemyUntilItsTimeIsOver) {
-  const TurnWorld level({UnitAt("Enemy", "e", 0, 0,
+  const TurnWorld level({UnitAt(UnitKind::kEnemy, "e", 0, 0,
                                 R"({"m_waypoints": [[0, 0, 1], [500, 0, 1]], "m_move_speed": 2})"),
-                         UnitAt("Player", "p", 0, 0)});
+                         UnitAt(UnitKind::kPlayer, "p", 0, 0)});
   Enemy& enemy = level.EnemyOf("e");
   level.Find("e")->AddComponent<AIComp>();
   level.Find("e")->GetComponent<AIComp>()->m_dt = kStep;
@@ -194,7 +196,7 @@ TEST(TurnMachine, AWallInTheWayEndsTheMoveWhenItsTimeRunsOut) {
                    Record("wall", {{"Transform", PlacedAt(100, 0, 40)},
                                    {"ColliderHolder", holder("Box")},
                                    {"RigidBody", R"({"m_mass": 0, "m_inertia": 0})"}}),
-                   UnitAt("Player", "p", -300, 0)});
+                   UnitAt(UnitKind::kPlayer, "p", -300, 0)});
   level.TurnFrom(TURN_ENEMY_SELECT);
   ASSERT_EQ(level.State(), TURN_ENEMY_MOVE);
   OutputOf([&] {
@@ -207,8 +209,9 @@ TEST(TurnMachine, AWallInTheWayEndsTheMoveWhenItsTimeRunsOut) {
 }
 
 TEST(TurnMachine, EnemiesThatHaveAllActedEndTheirTurnInAMoveToo) {
-  const TurnWorld level(
-      {UnitAt("Enemy", "e", 0, 0), UnitAt("Enemy", "other", 0, 0), UnitAt("Player", "p", 0, 0)});
+  const TurnWorld level({UnitAt(UnitKind::kEnemy, "e", 0, 0),
+                         UnitAt(UnitKind::kEnemy, "other", 0, 0),
+                         UnitAt(UnitKind::kPlayer, "p", 0, 0)});
   level.Controller().m_selected = level.Find("e");
   level.EnemyOf("e").m_alive = false;
   level.EnemyOf("other").m_moved = true;
@@ -239,7 +242,7 @@ TEST(TurnMachine, ASelectedUnitWithoutABodyIsAThrow) {
   const TurnWorld level(
       {Record("e",
               {{"Transform", PlacedAt(0, 0)}, {"Render", "{}"}, {"iModel", "{}"}, {"Enemy", "{}"}}),
-       UnitAt("Player", "p", 0, 0)});
+       UnitAt(UnitKind::kPlayer, "p", 0, 0)});
   level.Controller().m_selected = level.Find("e");
   level.Controller().m_state = TURN_ENEMY_MOVE;
   level.Disturb();
@@ -271,8 +274,9 @@ TEST(TurnMachine, TheAimIsTheAngleFromWorldPositionsAndUpIsZero) {
 }
 
 TEST(TurnMachine, AnyLivingPlayerUnitMayBeTheTargetAndNoDeadOne) {
-  const TurnWorld level({UnitAt("Enemy", "e", 0, 0), UnitAt("Player", "p1", 0, 0),
-                         UnitAt("Player", "dead", 0, 0), UnitAt("Player", "p2", 0, 0)});
+  const TurnWorld level({UnitAt(UnitKind::kEnemy, "e", 0, 0), UnitAt(UnitKind::kPlayer, "p1", 0, 0),
+                         UnitAt(UnitKind::kPlayer, "dead", 0, 0),
+                         UnitAt(UnitKind::kPlayer, "p2", 0, 0)});
   level.PlayerOf("dead").m_alive = false;
   level.Controller().m_selected = level.Find("e");
   std::set<GameObj*> targets;
@@ -284,8 +288,9 @@ TEST(TurnMachine, AnyLivingPlayerUnitMayBeTheTargetAndNoDeadOne) {
 }
 
 TEST(TurnMachine, TheTargetIsTheRandomNumberModuloTheNumberOfPlayers) {
-  const TurnWorld level({UnitAt("Enemy", "e", 0, 0), UnitAt("Player", "p0", 0, 0),
-                         UnitAt("Player", "p1", 0, 0), UnitAt("Player", "p2", 0, 0)});
+  const TurnWorld level({UnitAt(UnitKind::kEnemy, "e", 0, 0), UnitAt(UnitKind::kPlayer, "p0", 0, 0),
+                         UnitAt(UnitKind::kPlayer, "p1", 0, 0),
+                         UnitAt(UnitKind::kPlayer, "p2", 0, 0)});
   level.Controller().m_selected = level.Find("e");
   for (std::uint32_t seed = 0; seed < 20; ++seed) {
     SeedRand(seed);
@@ -304,8 +309,8 @@ TEST(TurnMachine, APlayerUnitLeftToActIsToBeSelected) {
 }
 
 TEST(TurnMachine, WhenAllPlayerUnitsHaveActedARoundIsOver) {
-  const TurnWorld level(
-      {UnitAt("Enemy", "e", 0, 0), UnitAt("Player", "p", 0, 0), UnitAt("Player", "dead", 0, 0)});
+  const TurnWorld level({UnitAt(UnitKind::kEnemy, "e", 0, 0), UnitAt(UnitKind::kPlayer, "p", 0, 0),
+                         UnitAt(UnitKind::kPlayer, "dead", 0, 0)});
   level.PlayerOf("p").m_acted = level.PlayerOf("dead").m_acted = true;
   level.PlayerOf("dead").m_alive = false;
   EXPECT_EQ(level.TurnFrom(TURN_PLAYER_NEXT), "Player Turn End\n");
@@ -316,8 +321,9 @@ TEST(TurnMachine, WhenAllPlayerUnitsHaveActedARoundIsOver) {
 }
 
 TEST(TurnMachine, ADeadPlayerUnitThatNeverActedDoesNotHoldTheRoundUp) {
-  const TurnWorld level(
-      {UnitAt("Enemy", "e", 0, 0), UnitAt("Player", "dead", 0, 0), UnitAt("Player", "p", 0, 0)});
+  const TurnWorld level({UnitAt(UnitKind::kEnemy, "e", 0, 0),
+                         UnitAt(UnitKind::kPlayer, "dead", 0, 0),
+                         UnitAt(UnitKind::kPlayer, "p", 0, 0)});
   level.PlayerOf("dead").m_alive = false;
   level.PlayerOf("p").m_acted = true;
   EXPECT_EQ(level.TurnFrom(TURN_PLAYER_NEXT), "Player Turn End\n");
@@ -378,8 +384,8 @@ TEST(TurnMachine, SpentEnergyLeavesTheAim) {
 }
 
 TEST(TurnMachine, ADeadUnitEndsItsTurnWhateverItsEnergy) {
-  const TurnWorld level(
-      {UnitAt("Enemy", "e", 0, 0), UnitAt("Player", "p", 0, 0), UnitAt("Player", "other", 0, 0)});
+  const TurnWorld level({UnitAt(UnitKind::kEnemy, "e", 0, 0), UnitAt(UnitKind::kPlayer, "p", 0, 0),
+                         UnitAt(UnitKind::kPlayer, "other", 0, 0)});
   level.GiveControl("p");
   level.PlayerOf("p").m_alive = false;
   level.PlayerOf("p").m_movement_curr = 0.0f;
@@ -391,8 +397,8 @@ TEST(TurnMachine, ADeadUnitEndsItsTurnWhateverItsEnergy) {
 
 TEST(TurnMachine, AUnitKilledInItsOwnTurnLosesControlAStepLater) {
   for (const std::uint32_t state : {TURN_PLAYER_MOVE, TURN_PLAYER_AIM}) {
-    TurnWorld level(
-        {UnitAt("Enemy", "e", 0, 0), UnitAt("Player", "p", 0, 0), UnitAt("Player", "other", 0, 0)});
+    TurnWorld level({UnitAt(UnitKind::kEnemy, "e", 0, 0), UnitAt(UnitKind::kPlayer, "p", 0, 0),
+                     UnitAt(UnitKind::kPlayer, "other", 0, 0)});
     level.GiveControl("p");
     level.Controller().m_state = state;
     level.PlayerOf("p").m_health = 0;
@@ -491,8 +497,8 @@ TEST(TurnGates, AUnitOfTheInterfaceThatSpawnsHoldsTheTurn) {
 
 TEST(TurnGates, ARingThatClosesInHoldsTheTurn) {
   const TurnWorld level(
-      {UnitAt("Enemy", "e", 0, 0, "{}", {ElementNamed("ui_selection_circle_off", 2.5f)}),
-       UnitAt("Player", "p", 0, 0)});
+      {UnitAt(UnitKind::kEnemy, "e", 0, 0, "{}", {ElementNamed("ui_selection_circle_off", 2.5f)}),
+       UnitAt(UnitKind::kPlayer, "p", 0, 0)});
   level.Controller().m_selected = level.Find("e");
   UIElement& ring = *level.Find("element")->GetComponent<UIElement>();
   EXPECT_EQ(level.TurnFrom(TURN_ENEMY_NEXT), "Enemy Turn Begin\n") << "another name";
@@ -503,10 +509,10 @@ TEST(TurnGates, ARingThatClosesInHoldsTheTurn) {
 }
 
 TEST(TurnGates, AnyRingAmongTheChildrenHoldsTheTurn) {
-  const TurnWorld level({UnitAt("Enemy", "e", 0, 0, "{}",
+  const TurnWorld level({UnitAt(UnitKind::kEnemy, "e", 0, 0, "{}",
                                 {ElementNamed("other", 5.0f), ElementNamed("ui_selection_circle"),
                                  ElementNamed("ui_selection_circle", 2.5f)}),
-                         UnitAt("Player", "p", 0, 0)});
+                         UnitAt(UnitKind::kPlayer, "p", 0, 0)});
   level.Controller().m_selected = level.Find("e");
   EXPECT_EQ(level.TurnFrom(TURN_ENEMY_NEXT), "");
   TransformOf(level.Find("e")->children[2]).m_local_scale.x = 2.0f;
@@ -535,9 +541,9 @@ TEST(TurnGates, TheEndOfTheLevelComesBeforeThem) {
 }
 
 TEST(TurnGates, AClosingRingHoldsClickAndMovement) {
-  const TurnWorld level(
-      {UnitAt("Enemy", "e", 0, 0),
-       UnitAt("Player", "p", 0, 0, "{}", {ElementNamed("ui_selection_circle_off", 2.5f)})});
+  const TurnWorld level({UnitAt(UnitKind::kEnemy, "e", 0, 0),
+                         UnitAt(UnitKind::kPlayer, "p", 0, 0, "{}",
+                                {ElementNamed("ui_selection_circle_off", 2.5f)})});
   level.GiveControl("p");
   EXPECT_EQ(level.Click(), "");
   level.Push(0);
@@ -582,8 +588,8 @@ TEST(LevelEnd, TheSoundsAreAskedForInEveryStep) {
 }
 
 TEST(LevelEnd, ABossIsBeatenWhenItsDeathIsOverAndNotBefore) {
-  TurnWorld level(
-      {UnitAt("Enemy", "e", -300, 0, R"({"m_boss": true})"), UnitAt("Player", "p", 300, 0)});
+  TurnWorld level({UnitAt(UnitKind::kEnemy, "e", -300, 0, R"({"m_boss": true})"),
+                   UnitAt(UnitKind::kPlayer, "p", 300, 0)});
   level.Key(72);
   OutputOf([&] { level.world.Step(290); });
   EXPECT_TRUE(level.EnemyOf("e").m_alive);
@@ -621,12 +627,13 @@ TEST(UnitLabels, LivingUnitsAreNumberedBySideInOrder) {
                {{"Transform", PlacedAt(0, 0)}, {"Font", R"({"m_text": ")" + name + "\"}"}}),
         Record("other_font", {{"Transform", PlacedAt(0, 0)}, {"Font", R"({"m_text": "other"})"}})};
   };
-  const TurnWorld level({UnitAt("Enemy", "e", 0, 0, "{}", label("e")),
-                         UnitAt("Player", "p", 0, 0, "{}", label("p")),
-                         UnitAt("Player", "dead", 0, 0, R"({"m_alive": false})", label("dead")),
-                         UnitAt("Player", "off", 0, 0, "{}", label("off")),
-                         UnitAt("Player", "p2", 0, 0, "{}", label("p2")),
-                         UnitAt("Enemy", "e2", 0, 0, "{}", label("e2"))});
+  const TurnWorld level(
+      {UnitAt(UnitKind::kEnemy, "e", 0, 0, "{}", label("e")),
+       UnitAt(UnitKind::kPlayer, "p", 0, 0, "{}", label("p")),
+       UnitAt(UnitKind::kPlayer, "dead", 0, 0, R"({"m_alive": false})", label("dead")),
+       UnitAt(UnitKind::kPlayer, "off", 0, 0, "{}", label("off")),
+       UnitAt(UnitKind::kPlayer, "p2", 0, 0, "{}", label("p2")),
+       UnitAt(UnitKind::kEnemy, "e2", 0, 0, "{}", label("e2"))});
   level.Find("off")->active = false;
   for (GameObj* unit : level.Controller().m_players) {
     unit->children[0]->GetComponent<Font>()->m_text = "old";
@@ -647,9 +654,9 @@ TEST(UnitLabels, LivingUnitsAreNumberedBySideInOrder) {
 TEST(UnitLabels, ADeadEnemyIsNotCountedAndEachLabelOfAUnitIsWritten) {
   const std::string font =
       Record("turn_font", {{"Transform", PlacedAt(0, 0)}, {"Font", R"({"m_text": "old"})"}});
-  const TurnWorld level({UnitAt("Enemy", "dead", 0, 0, R"({"m_alive": false})", {font}),
-                         UnitAt("Enemy", "e", 0, 0, "{}", {font, font}),
-                         UnitAt("Player", "p", 0, 0)});
+  const TurnWorld level({UnitAt(UnitKind::kEnemy, "dead", 0, 0, R"({"m_alive": false})", {font}),
+                         UnitAt(UnitKind::kEnemy, "e", 0, 0, "{}", {font, font}),
+                         UnitAt(UnitKind::kPlayer, "p", 0, 0)});
   level.Turn();
   const auto text_of = [&](const char* unit, std::size_t child) {
     return level.Find(unit)->children[child]->GetComponent<Font>()->m_text;

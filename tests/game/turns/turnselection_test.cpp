@@ -19,6 +19,7 @@ using carapace_test::Record;
 using carapace_test::TransformOf;
 using carapace_test::TurnWorld;
 using carapace_test::UnitAt;
+using carapace_test::UnitKind;
 using ::testing::IsEmpty;
 using ::testing::SizeIs;
 
@@ -40,8 +41,8 @@ TEST(Selection, RingsAreRenamed) {
   const std::vector<std::string> rings = {ElementNamed("ui_selection_circle_off"),
                                           ElementNamed("other"),
                                           ElementNamed("ui_selection_circle_off")};
-  const TurnWorld level(
-      {UnitAt("Enemy", "e", 0, 0, "{}", rings), UnitAt("Player", "p", 0, 0, "{}", rings)});
+  const TurnWorld level({UnitAt(UnitKind::kEnemy, "e", 0, 0, "{}", rings),
+                         UnitAt(UnitKind::kPlayer, "p", 0, 0, "{}", rings)});
   const auto names_of = [&](const char* unit) {
     std::vector<std::string> names;
     for (GameObj* child : level.Find(unit)->children) {
@@ -61,8 +62,8 @@ TEST(Selection, RingsAreRenamed) {
 
 TEST(Selection, AUnitThatIsSelectedAgainIsReleasedFirst) {
   const TurnWorld level(
-      {UnitAt("Enemy", "e", 0, 0, "{}", {ElementNamed("ui_selection_circle_off")}),
-       UnitAt("Player", "p", 0, 0)});
+      {UnitAt(UnitKind::kEnemy, "e", 0, 0, "{}", {ElementNamed("ui_selection_circle_off")}),
+       UnitAt(UnitKind::kPlayer, "p", 0, 0)});
   level.TurnFrom(TURN_ENEMY_SELECT);
   level.TurnFrom(TURN_ENEMY_SELECT);
   EXPECT_FLOAT_EQ(level.Find("e")->GetComponent<Light>()->m_diffuseStr,
@@ -100,8 +101,8 @@ TEST(Selection, TheStartOfTheTurnIsAWorldPosition) {
 
 TEST(Selection, ADamagedUnitBurnsAndLosesHealth) {
   const TurnWorld level(
-      {UnitAt("Enemy", "e", 0, 0),
-       UnitAt("Player", "p", 0, 0, R"({"m_health": 5, "m_max_health": 5})",
+      {UnitAt(UnitKind::kEnemy, "e", 0, 0),
+       UnitAt(UnitKind::kPlayer, "p", 0, 0, R"({"m_health": 5, "m_max_health": 5})",
               {Record("Weapon1Barrel",
                       {{"Transform", PlacedAt(0, 0)}, {"Render", "{}"}, {"iModel", "{}"}})})});
   level.PlayerOf("p").m_status = "damaged";
@@ -118,7 +119,8 @@ TEST(Selection, ADamagedUnitBurnsAndLosesHealth) {
 
 TEST(Selection, ADamagedUnitWithOneHealthLeftKeepsItsTurn) {
   const std::string two = R"({"m_health": 2, "m_max_health": 2})";
-  const TurnWorld level({UnitAt("Enemy", "e", 0, 0, two), UnitAt("Player", "p", 0, 0, two)});
+  const TurnWorld level(
+      {UnitAt(UnitKind::kEnemy, "e", 0, 0, two), UnitAt(UnitKind::kPlayer, "p", 0, 0, two)});
   level.EnemyOf("e").m_status = "damaged";
   level.PlayerOf("p").m_status = "damaged";
   level.TurnFrom(TURN_ENEMY_SELECT);
@@ -137,8 +139,8 @@ TEST(Selection, OtherStatusDoesNotHurt) {
 }
 
 TEST(Selection, TheLeastHealthStaysTheLeast) {
-  const TurnWorld level(
-      {UnitAt("Enemy", "e", 0, 0), UnitAt("Player", "p", 0, 0), UnitAt("Player", "other", 0, 0)});
+  const TurnWorld level({UnitAt(UnitKind::kEnemy, "e", 0, 0), UnitAt(UnitKind::kPlayer, "p", 0, 0),
+                         UnitAt(UnitKind::kPlayer, "other", 0, 0)});
   level.PlayerOf("p").m_status = "damaged";
   level.PlayerOf("p").m_health = std::numeric_limits<int>::min();
   level.GiveControl("p");
@@ -148,9 +150,10 @@ TEST(Selection, TheLeastHealthStaysTheLeast) {
 
 TEST(Selection, AUnitKilledByItsDamageGetsNoRingAndTheOldOneIsOff) {
   const std::vector<std::string> ring = {ElementNamed("ui_selection_circle_off")};
-  TurnWorld level({UnitAt("Enemy", "e", 0, 0), UnitAt("Player", "first", 0, 0, "{}", ring),
-                   UnitAt("Player", "doomed", 0, 0, "{}", ring),
-                   UnitAt("Player", "last", 0, 0, "{}", ring)});
+  TurnWorld level({UnitAt(UnitKind::kEnemy, "e", 0, 0),
+                   UnitAt(UnitKind::kPlayer, "first", 0, 0, "{}", ring),
+                   UnitAt(UnitKind::kPlayer, "doomed", 0, 0, "{}", ring),
+                   UnitAt(UnitKind::kPlayer, "last", 0, 0, "{}", ring)});
   const auto ring_of = [&](const char* unit) {
     return level.Find(unit)->children[0]->GetComponent<UIElement>()->m_ui_element_name;
   };
@@ -195,8 +198,8 @@ TEST(Aiming, TheUnitTurnsToTheMouseInBothStatesOfControl) {
 }
 
 TEST(Aiming, TheLineGoesFromTheUnitToTheMouseAsWideAsTheShot) {
-  TurnWorld level({UnitAt("Enemy", "e", 0, 0),
-                   UnitAt("Player", "p", 100, 50, "{}",
+  TurnWorld level({UnitAt(UnitKind::kEnemy, "e", 0, 0),
+                   UnitAt(UnitKind::kPlayer, "p", 100, 50, "{}",
                           {Record("Weapon0Projectile", {{"Transform", PlacedAt(0, 0, 8)}}),
                            Record("Weapon1Projectile", {{"Transform", PlacedAt(0, 0, 16)}})})});
   level.GiveControl("p");
@@ -216,8 +219,8 @@ TEST(Aiming, TheLineGoesFromTheUnitToTheMouseAsWideAsTheShot) {
 
 TEST(Aiming, TheLineGoesByTheWorldPlaceAndTheFirstShotsWorldWidth) {
   const TurnWorld level(
-      {UnitAt("Enemy", "e", 0, 0),
-       UnitAt("Player", "p", 100, 50, "{}",
+      {UnitAt(UnitKind::kEnemy, "e", 0, 0),
+       UnitAt(UnitKind::kPlayer, "p", 100, 50, "{}",
               {Record("Weapon0Projectile", {{"Transform", PlacedAt(0, 0, 4)}}),
                Record("Weapon0Projectile", {{"Transform", PlacedAt(0, 0, 9)}})})});
   level.GiveControl("p");
@@ -249,8 +252,8 @@ TEST(Aiming, ALevelWithoutACameraIsAimedInFromItsOrigin) {
 }
 
 TEST(Aiming, ADeadUnitAimsNoMore) {
-  const TurnWorld level(
-      {UnitAt("Enemy", "e", 0, 0), UnitAt("Player", "p", 0, 0), UnitAt("Player", "other", 0, 0)});
+  const TurnWorld level({UnitAt(UnitKind::kEnemy, "e", 0, 0), UnitAt(UnitKind::kPlayer, "p", 0, 0),
+                         UnitAt(UnitKind::kPlayer, "other", 0, 0)});
   level.GiveControl("p");
   level.PlayerOf("p").m_alive = false;
   level.TurnFrom(TURN_PLAYER_AIM);
@@ -258,8 +261,8 @@ TEST(Aiming, ADeadUnitAimsNoMore) {
 }
 
 TEST(Aiming, AUnitFoundDeadInItsMoveHasAimedOnceMore) {
-  const TurnWorld level(
-      {UnitAt("Enemy", "e", 0, 0), UnitAt("Player", "p", 0, 0), UnitAt("Player", "other", 0, 0)});
+  const TurnWorld level({UnitAt(UnitKind::kEnemy, "e", 0, 0), UnitAt(UnitKind::kPlayer, "p", 0, 0),
+                         UnitAt(UnitKind::kPlayer, "other", 0, 0)});
   level.GiveControl("p");
   level.PlayerOf("p").m_alive = false;
   level.Turn();

@@ -12,22 +12,10 @@
 #include "game/units/player.h"
 #include "physics/components/rigidbody.h"
 #include "render/rendersystem.h"
+#include "support/stage.h"
+#include "support/unitrecords.h"
 
 namespace carapace_test {
-
-/// A unit at rest that a shot cannot touch. `fields` are those of its class, `kind`.
-inline std::string UnitAt(const std::string& kind, const std::string& name, float x, float y,
-                          const std::string& fields = "{}",
-                          const std::vector<std::string>& children = {}) {
-  return Record(name,
-                {{"Transform", PlacedAt(x, y, 1)},
-                 {"RigidBody", R"({"m_mass": 1, "m_drag": 1})"},
-                 {"Render", "{}"},
-                 {"iModel", "{}"},
-                 {"Light", R"({"m_diffuseStr": 3})"},
-                 {kind, fields}},
-                children);
-}
 
 /// A piece of the interface that is a child of a unit.
 inline std::string ElementNamed(const std::string& element, float scale = 1.0f) {
@@ -40,10 +28,12 @@ inline std::string ElementNamed(const std::string& element, float scale = 1.0f) 
 /// Its first step has run, in which the level started; then the machine was set back to its start.
 /// By default there are an enemy "e" on the left, a player unit "p" on the right, and a camera
 /// "view" in the middle.
-class TurnWorld {
+class TurnWorld : public Stage {
  public:
-  TurnWorld() : TurnWorld({UnitAt("Enemy", "e", -300, 0), UnitAt("Player", "p", 300, 0)}) {}
-  explicit TurnWorld(const std::vector<std::string>& units) : world(LevelWith(units)) {
+  TurnWorld()
+      : TurnWorld(
+            {UnitAt(UnitKind::kEnemy, "e", -300, 0), UnitAt(UnitKind::kPlayer, "p", 300, 0)}) {}
+  explicit TurnWorld(const std::vector<std::string>& units) : Stage(LevelWith(units)) {
     ZOVEngine::g_current_level_path = kPlainLevel;
     ZOVEngine::ChangeState(ZOVEngine::kDefaultState, "");
     OutputOf([&] { world.Step(); });
@@ -53,27 +43,15 @@ class TurnWorld {
     ZOVEngine::SeedRand(1);
   }
 
-  ZOVEngine::GameObj* Find(const std::string& name) const { return world.Find(name); }
-  ZOVEngine::GameController& Controller() const {
-    return *Find("level")->GetComponent<ZOVEngine::GameController>();
-  }
-  ZOVEngine::Player& PlayerOf(const std::string& name) const {
-    return *Find(name)->GetComponent<ZOVEngine::Player>();
-  }
-  ZOVEngine::Enemy& EnemyOf(const std::string& name) const {
-    return *Find(name)->GetComponent<ZOVEngine::Enemy>();
-  }
+  ZOVEngine::GameController& Controller() const { return Of<ZOVEngine::GameController>("level"); }
+  ZOVEngine::Player& PlayerOf(const std::string& name) const { return Of<ZOVEngine::Player>(name); }
+  ZOVEngine::Enemy& EnemyOf(const std::string& name) const { return Of<ZOVEngine::Enemy>(name); }
   ZOVEngine::RigidBody& BodyOf(const std::string& name) const {
-    return *Find(name)->GetComponent<ZOVEngine::RigidBody>();
+    return Of<ZOVEngine::RigidBody>(name);
   }
-  ZOVEngine::AudioSource& Sounds() const {
-    return *Find("level")->GetComponent<ZOVEngine::AudioSource>();
-  }
+  ZOVEngine::AudioSource& Sounds() const { return Of<ZOVEngine::AudioSource>("level"); }
   /// True if the level's sound of this name was asked for since the last step.
-  bool IsAskedFor(const std::string& sound) const {
-    const auto found = Sounds().sounds.find(sound);
-    return found != Sounds().sounds.end() && found->second.start_play;
-  }
+  bool IsAskedFor(const std::string& sound) const { return AsksFor(Find("level"), sound); }
 
   /// Runs updates of the turn machine, and nothing else, and returns what they printed.
   std::string Turn(int updates = 1) const {
@@ -110,8 +88,6 @@ class TurnWorld {
   }
   /// Sets something on the map in motion.
   void Disturb() const { BodyOf("stone").m_vel.x = 3.0f; }
-
-  World world;
 
  private:
   static Files LevelWith(const std::vector<std::string>& units) {

@@ -23,12 +23,12 @@ namespace ZOVEngine {
 namespace {
 
 using carapace_test::AsksFor;
-using carapace_test::BossRecord;
 using carapace_test::ExpectNear;
 using carapace_test::Hush;
 using carapace_test::Record;
 using carapace_test::ShotRecord;
 using carapace_test::SpriteRecord;
+using carapace_test::UnitKind;
 using carapace_test::UnitParts;
 using carapace_test::UnitRecord;
 using carapace_test::UnitStage;
@@ -94,7 +94,8 @@ class BossFight {
  private:
   static std::vector<std::string> Children(const UnitParts& parts,
                                            const std::vector<std::string>& level) {
-    std::vector<std::string> children = {BossRecord("Boss", parts), UnitRecord("target", "Player")};
+    std::vector<std::string> children = {UnitRecord(UnitKind::kBoss, "Boss", parts),
+                                         UnitRecord(UnitKind::kPlayer, "target")};
     children.insert(children.end(), level.begin(), level.end());
     return children;
   }
@@ -103,7 +104,7 @@ class BossFight {
 // The first step
 
 TEST(Boss, StartsInItsFirstShieldAlone) {
-  UnitStage stage({BossRecord("Boss", Whole())});
+  UnitStage stage({UnitRecord(UnitKind::kBoss, "Boss", Whole())});
   stage.Find("ShieldPhase1")->SetActive(false);
   stage.Of<Enemy>("Boss").Update(0.0f);
   EXPECT_TRUE(stage.Find("ShieldPhase1")->active);
@@ -118,7 +119,7 @@ TEST(Boss, StartsInItsFirstShieldAlone) {
 TEST(Boss, ACommonEnemyLeavesShieldsAndExplosionsAlone) {
   UnitParts parts;
   parts.fields = R"({"m_health": 10, "m_max_health": 10, "m_boss": false})";
-  UnitStage stage({BossRecord("unit", parts)});
+  UnitStage stage({UnitRecord(UnitKind::kBoss, "unit", parts)});
   stage.Of<Enemy>("unit").Update(0.0f);
   EXPECT_TRUE(stage.Find("ShieldPhase2")->active);
   EXPECT_TRUE(stage.Find("DeathExplosion00")->active);
@@ -258,7 +259,7 @@ TEST(Boss, AFirstFieldThatIsThereHoldsTheOthersBack) {
 }
 
 TEST(Boss, WithoutAControllerThereIsNoSecondPhase) {
-  UnitStage stage({BossRecord("Boss", Whole())}, false);
+  UnitStage stage({UnitRecord(UnitKind::kBoss, "Boss", Whole())}, false);
   auto& boss = stage.Of<Enemy>("Boss");
   boss.Update(0.0f);
   stage.Of<StateC>("Boss").m_state = "default";
@@ -470,7 +471,8 @@ TEST(Boss, ADyingBossStrobesEveryFifthStep) {
 }
 
 TEST(Boss, TwoDyingBossesStrobeByOneCount) {
-  UnitStage stage({BossRecord("one", Whole()), BossRecord("two", Whole())});
+  UnitStage stage(
+      {UnitRecord(UnitKind::kBoss, "one", Whole()), UnitRecord(UnitKind::kBoss, "two", Whole())});
   std::vector<std::string> names = {"one", "two"};
   for (const std::string& name : names) {
     stage.Of<Enemy>(name).Update(0.0f);

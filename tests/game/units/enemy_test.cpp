@@ -24,6 +24,7 @@ using carapace_test::ExpectNear;
 using carapace_test::Hush;
 using carapace_test::OutputOf;
 using carapace_test::SpriteRecord;
+using carapace_test::UnitKind;
 using carapace_test::UnitParts;
 using carapace_test::UnitRecord;
 using carapace_test::UnitStage;
@@ -33,7 +34,7 @@ using ::testing::SizeIs;
 class Driver {
  public:
   explicit Driver(const UnitParts& parts = {}, bool with_controller = true)
-      : stage({UnitRecord("unit", "Enemy", parts), UnitRecord("target", "Player"),
+      : stage({UnitRecord(UnitKind::kEnemy, "unit", parts), UnitRecord(UnitKind::kPlayer, "target"),
                SpriteRecord("DeathField"), SpriteRecord("DeathField")},
               with_controller) {
     Unit().Update(0.0f);
@@ -76,7 +77,7 @@ class Driver {
 };
 
 TEST(Enemy, TheFirstStepLeavesItsMoveAlone) {
-  UnitStage stage({UnitRecord("unit", "Enemy")});
+  UnitStage stage({UnitRecord(UnitKind::kEnemy, "unit")});
   stage.Of<Enemy>("unit").m_moved = true;
   stage.Of<Enemy>("unit").Update(0.0f);
   EXPECT_TRUE(stage.Of<Enemy>("unit").m_moved);

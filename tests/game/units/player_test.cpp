@@ -31,6 +31,7 @@ using carapace_test::ExpectNear;
 using carapace_test::OutputOf;
 using carapace_test::Record;
 using carapace_test::SpriteRecord;
+using carapace_test::UnitKind;
 using carapace_test::UnitParts;
 using carapace_test::UnitRecord;
 using carapace_test::UnitStage;
@@ -39,7 +40,8 @@ using ::testing::SizeIs;
 /// A player unit at (100, 50), of a size of 24 by 36, that has spawned.
 class Driven {
  public:
-  explicit Driven(const UnitParts& parts = {}) : stage({UnitRecord("unit", "Player", parts)}) {
+  explicit Driven(const UnitParts& parts = {})
+      : stage({UnitRecord(UnitKind::kPlayer, "unit", parts)}) {
     Unit().Update(0.0f);
     for (const char* shot : {"Weapon0Projectile", "Weapon1Projectile"}) {
       if (GameObj* object = FirstChildNamed(stage.Find("unit"), shot)) object->SetActive(false);
@@ -73,7 +75,7 @@ class Driven {
 };
 
 TEST(Player, TheFirstStepClearsItsTurn) {
-  UnitStage stage({UnitRecord("unit", "Player")});
+  UnitStage stage({UnitRecord(UnitKind::kPlayer, "unit")});
   stage.Of<Player>("unit").m_acted = true;
   stage.Of<Player>("unit").Update(0.0f);
   EXPECT_FALSE(stage.Of<Player>("unit").m_acted);
@@ -300,7 +302,7 @@ TEST(Player, ALaterShotOfAnotherKindLeavesThePierceMuzzleWaiting) {
 }
 
 TEST(Player, ADeathPutsOutNoDeathField) {
-  UnitStage stage({UnitRecord("unit", "Player"), SpriteRecord("DeathField")});
+  UnitStage stage({UnitRecord(UnitKind::kPlayer, "unit"), SpriteRecord("DeathField")});
   stage.Of<Player>("unit").Update(0.0f);
   stage.Of<StateC>("unit").m_state = "default";
   stage.Of<Player>("unit").m_health = 0;

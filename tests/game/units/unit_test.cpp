@@ -30,10 +30,12 @@ namespace ZOVEngine {
 namespace {
 
 using carapace_test::AsksFor;
+using carapace_test::ClassName;
 using carapace_test::Hush;
 using carapace_test::Record;
 using carapace_test::ShotRecord;
 using carapace_test::SpriteRecord;
+using carapace_test::UnitKind;
 using carapace_test::UnitParts;
 using carapace_test::UnitRecord;
 using carapace_test::UnitStage;
@@ -41,13 +43,16 @@ using ::testing::ElementsAre;
 
 constexpr float kWhite = 100000.0f;
 
+template <class T>
+constexpr UnitKind kKind = std::is_same_v<T, Player> ? UnitKind::kPlayer : UnitKind::kEnemy;
+
 /// What both kinds of unit do alike.
 template <class T>
 class BothUnits : public ::testing::Test {
  protected:
   /// A unit before its first step, of a full set of parts unless told otherwise.
   void Make(const UnitParts& parts = {}, bool with_controller = true) {
-    stage.emplace(std::vector{UnitRecord("unit", Name(), parts)}, with_controller);
+    stage.emplace(std::vector{UnitRecord(kKind<T>, "unit", parts)}, with_controller);
   }
   /// A unit that has spawned.
   void MakeSpawned(const UnitParts& parts = {}, bool with_controller = true) {
@@ -56,7 +61,6 @@ class BothUnits : public ::testing::Test {
     if (Object()->template HasComponent<StateC>()) State() = "default";
     SeedForTwitch(false);
   }
-  static const char* Name() { return std::is_same_v<T, Player> ? "Player" : "Enemy"; }
 
   /// Seeds the generator so that its next number starts an idle twitch or does not.
   static void SeedForTwitch(bool twitch) {
@@ -98,7 +102,7 @@ class BothUnits : public ::testing::Test {
 struct UnitNames {
   template <class T>
   static std::string GetName(int) {
-    return std::is_same_v<T, Player> ? "Player" : "Enemy";
+    return ClassName(kKind<T>);
   }
 };
 
@@ -631,8 +635,10 @@ TYPED_TEST(BothUnits, ChildrenWithoutTheirComponentsAreNoFault) {
 }
 
 TYPED_TEST(BothUnits, AUnitWithoutChildrenLivesAndDies) {
-  this->stage.emplace(std::vector{Record(
-      "unit", {{"Transform", "{}"}, {"Render", "{}"}, {this->Name(), R"({"m_health": 1})"}})});
+  this->stage.emplace(
+      std::vector{Record("unit", {{"Transform", "{}"},
+                                  {"Render", "{}"},
+                                  {ClassName(kKind<TypeParam>), R"({"m_health": 1})"}})});
   for (int i = 0; i < 3; ++i) this->Step();
   EXPECT_TRUE(this->Unit().m_alive);
   this->Die();
@@ -642,7 +648,8 @@ TYPED_TEST(BothUnits, AUnitWithoutChildrenLivesAndDies) {
 // What others read and write
 
 TEST(UnitQueries, HealthAndStatusAreThoseOfEitherKind) {
-  UnitStage stage({UnitRecord("p", "Player"), UnitRecord("e", "Enemy"), Record("neither", {})});
+  UnitStage stage({UnitRecord(UnitKind::kPlayer, "p"), UnitRecord(UnitKind::kEnemy, "e"),
+                   Record("neither", {})});
   EXPECT_EQ(HealthOf(stage.Find("p")), &stage.Of<Player>("p").m_health);
   EXPECT_EQ(HealthOf(stage.Find("e")), &stage.Of<Enemy>("e").m_health);
   EXPECT_EQ(HealthOf(stage.Find("neither")), nullptr);
@@ -668,7 +675,7 @@ TEST(UnitQueries, DamageStopsAtTheEndsOfWhatHealthCanBe) {
 }
 
 TEST(UnitQueries, TheControllerIsAskedForUpTheParents) {
-  UnitStage stage({UnitRecord("unit", "Player")});
+  UnitStage stage({UnitRecord(UnitKind::kPlayer, "unit")});
   EXPECT_EQ(FindController(stage.Find("Weapon0Barrel")), &stage.Of<GameController>("level"));
   EXPECT_EQ(FindController(stage.Find("first")), nullptr);
 }
