@@ -20,14 +20,14 @@ target_link_libraries(carapace_dependencies INTERFACE
   PkgConfig::STB OpenAL::OpenAL PkgConfig::SNDFILE)
 
 # clang wants the element type of a default argument in rttr/type.h complete, which it is not there. It
-# reads the header without that default, on which nothing here relies.
+# reads a copy of the headers without that default, on which nothing here relies.
 if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
   find_path(RTTR_INCLUDE_DIR rttr/type.h REQUIRED)
+  file(COPY ${RTTR_INCLUDE_DIR}/rttr DESTINATION ${CMAKE_BINARY_DIR}/clang REGEX "/rttr/type\\.h$" EXCLUDE)
   file(READ ${RTTR_INCLUDE_DIR}/rttr/type.h rttr_type_header)
   string(REPLACE " = std::vector<argument>()" "" rttr_type_header "${rttr_type_header}")
-  file(WRITE ${CMAKE_BINARY_DIR}/clang/rttr/type.h "${rttr_type_header}")
-  target_compile_options(carapace_dependencies INTERFACE
-    "SHELL:-isystem ${CMAKE_BINARY_DIR}/clang -include ${CMAKE_BINARY_DIR}/clang/rttr/type.h")
+  file(CONFIGURE OUTPUT ${CMAKE_BINARY_DIR}/clang/rttr/type.h CONTENT "${rttr_type_header}" @ONLY)
+  target_include_directories(carapace_dependencies SYSTEM BEFORE INTERFACE ${CMAKE_BINARY_DIR}/clang)
 endif()
 
 # The game's font is Debian's package of an OFL font. It is copied beside the other run-time data, so
