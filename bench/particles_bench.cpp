@@ -16,6 +16,7 @@
 #include "physicssystem.h"
 #include "platform/windowsystem.h"
 #include "render/components/particlesystemc.h"
+#include "render/passes/crosshairpass.h"
 #include "render/rendersystem.h"
 #include "repository.h"
 
@@ -79,11 +80,11 @@ class Stage {
     FinishPicture();
   }
 
-  std::size_t Live() const { return g_render_system->m_painter.GetFrame().instances.size(); }
+  std::size_t Live() const { return g_render_system->LastFrame().instances.size(); }
   DeviceCounters Counters() const { return m_window.device->Counters(); }
   /// The counts of a frame that has the instances and nothing else.
   DeviceCounters InstancesAlone() {
-    Frame frame = g_render_system->m_painter.GetFrame();
+    Frame frame = g_render_system->LastFrame();
     std::erase_if(frame.commands, [](const DrawCommand& command) {
       return command.kind != DrawCommand::Kind::kInstances;
     });

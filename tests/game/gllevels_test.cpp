@@ -6,6 +6,7 @@
 #include "jsonunserializer.h"
 #include "render/gldevice.h"
 #include "render/graphicsconfig.h"
+#include "render/passes/crosshairpass.h"
 #include "render/rendersystem.h"
 #include "support/glcontext.h"
 #include "support/levelgame.h"

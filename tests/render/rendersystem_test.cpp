@@ -7,9 +7,9 @@
 #include <rttr/type>
 
 #include "core/base/profile.h"
-#include "jsonunserializer.h"
+#include "game/hazards/environmentrough.h"
 #include "platform/windowsystem.h"
-#include "render/graphicsconfig.h"
+#include "render/graphicsfiles.h"
 #include "render/picturefiles.h"
 #include "support/reports.h"
 #include "support/scene.h"
@@ -19,38 +19,6 @@ namespace {
 
 using namespace ZOVEngine;
 using testing::HasSubstr;
-
-constexpr const char* kConfig = "Resources/Textures/graphics.json";
-
-/// The settings with these texture paths and, for the rest, sound values.
-std::string Config(const std::vector<std::string>& paths, const std::string& font = "none.ttf",
-                   bool vsync = false) {
-  std::string list;
-  for (const std::string& path : paths) list += (list.empty() ? "\"" : ", \"") + path + "\"";
-  return R"({"texPath": [)" + list + R"(], "fontPath": ")" + font + R"(",
-    "vshader": "a.vert", "fshader": "a.frag", "fontvshader": "b.vert", "fontfshader": "b.frag",
-    "instancevshader": "c.vert", "instancefshader": "c.frag",
-    "lightvshader": "d.vert", "lightfshader": "d.frag", "vsync": )" +
-         (vsync ? "true}" : "false}");
-}
-
-Files WithShaders(const std::string& config) {
-  return {{kConfig, config},        {"a.vert", "vertex a"},   {"a.frag", "fragment a"},
-          {"b.vert", "vertex b"},   {"b.frag", "fragment b"}, {"c.vert", "vertex c"},
-          {"c.frag", "fragment c"}, {"d.vert", "vertex d"},   {"d.frag", "fragment d"}};
-}
-
-std::string StartOutput(const Files& files) {
-  return OutputOf([&] { World world(files); });
-}
-
-std::size_t CountOf(const std::string& text, const std::string& part) {
-  std::size_t count = 0;
-  for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) {
-    ++count;
-  }
-  return count;
-}
 
 // --- Construction ---
 
@@ -175,100 +143,6 @@ TEST(RenderInit, WithoutADeviceIsReported) {
   g_gl_device = &world.device;
 }
 
-// --- Settings ---
-
-TEST(GraphicsConfig, AnAbsentFileEndsTheProgramWithItsName) {
-  World world;
-  world.Directory().Write("gone", "");
-  std::filesystem::remove(kConfig);
-  EXPECT_THAT(ReportOf([] { g_render_system->Init(); }),
-              HasSubstr(std::string(kConfig) + "file not found"));
-}
-
-TEST(GraphicsConfig, EachMissingKeyIsNamed) {
-  const std::string output = StartOutput({{kConfig, "{}"}});
-  for (const char* key :
-       {"texPath", "fontPath", "vshader", "fshader", "fontvshader", "fontfshader",
-        "instancevshader", "instancefshader", "lightvshader", "lightfshader", "vsync"}) {
-    EXPECT_THAT(output, HasSubstr(std::string("Cant find Key: ") + key + "\n"));
-  }
-}
-
-TEST(GraphicsConfig, AMissingKeyLeavesTheMember) {
-  Scene scene;
-  RenderSystem& system = scene.System();
-  system.m_texture_paths = {"kept"};
-  system.m_font_path = "kept";
-  system.m_light_shader.fragment_path = "kept";
-  system.m_vsync = true;
-  JsonDocument document;
-  document.ParseText("{}", "settings");
-  ReadGraphicsConfig(document.Root(), &system);
-  EXPECT_EQ(system.m_texture_paths, (std::vector<std::string>{"kept"}));
-  EXPECT_EQ(system.m_font_path, "kept");
-  EXPECT_EQ(system.m_light_shader.fragment_path, "kept");
-  EXPECT_TRUE(system.m_vsync);
-}
-
-TEST(GraphicsConfig, AMalformedFileIsAFileWithoutKeys) {
-  EXPECT_THAT(StartOutput({{kConfig, "{\"texPath\": ["}}), HasSubstr("Cant find Key: texPath\n"));
-}
-
-TEST(GraphicsConfig, AListOfTheWrongTypeIsReportedWithItsKey) {
-  World world;
-  world.Directory().Write(kConfig, R"({"texPath": 7})");
-  const std::string report = ReportOf([] { g_render_system->Init(); });
-  EXPECT_THAT(report, HasSubstr(kConfig));
-  EXPECT_THAT(report, HasSubstr("texPath"));
-}
-
-TEST(GraphicsConfig, APathOfTheWrongTypeIsReportedWithItsKey) {
-  World world;
-  world.Directory().Write(kConfig, R"({"texPath": ["a", 7]})");
-  EXPECT_THAT(ReportOf([] { g_render_system->Init(); }), HasSubstr("texPath"));
-}
-
-TEST(GraphicsConfig, AFontOfTheWrongTypeIsReportedWithItsKey) {
-  World world;
-  world.Directory().Write(kConfig, R"({"texPath": [], "fontPath": true})");
-  EXPECT_THAT(ReportOf([] { g_render_system->Init(); }), HasSubstr("fontPath"));
-}
-
-TEST(GraphicsConfig, IsSavedWithItsKeysInTheirOrder) {
-  World world(WithShaders(Config({"Resources/Textures/x.tga"})));
-  std::filesystem::remove(kConfig);
-  EXPECT_TRUE(g_render_system->SaveGraphicsConfig());
-  EXPECT_EQ(KeysOf(world.Directory().Read(kConfig)),
-            (std::vector<std::string>{"texPath", "fontPath", "vshader", "fshader", "fontvshader",
-                                      "fontfshader", "instancevshader", "instancefshader",
-                                      "lightvshader", "lightfshader", "vsync"}));
-}
-
-TEST(GraphicsConfig, WhatIsSavedReadsBackEqual) {
-  World world(WithShaders(Config({"Resources/Textures/x.tga", "y"}, "some.ttf", true)));
-  RenderSystem& system = *g_render_system;
-  system.SaveGraphicsConfig();
-  const std::vector<std::string> paths = system.m_texture_paths;
-  system.m_texture_paths.clear();
-  system.m_font_path.clear();
-  system.m_light_shader.vertex_path.clear();
-  system.m_vsync = false;
-  JsonDocument document;
-  document.Open(kConfig);
-  document.Parse();
-  ReadGraphicsConfig(document.Root(), &system);
-  EXPECT_EQ(system.m_texture_paths, paths);
-  EXPECT_EQ(system.m_font_path, "some.ttf");
-  EXPECT_EQ(system.m_light_shader.vertex_path, "d.vert");
-  EXPECT_TRUE(system.m_vsync);
-}
-
-TEST(GraphicsConfig, AFolderThatIsGoneMakesSavingFail) {
-  World world;
-  std::filesystem::remove_all("Resources/Textures");
-  EXPECT_FALSE(g_render_system->SaveGraphicsConfig());
-}
-
 // --- Shaders ---
 
 constexpr const char* kShaderError = "Error: Shader file not successfully read.\n";
@@ -289,7 +163,7 @@ TEST(CompileShader, AMissingSourceIsReportedOnceAndTheDeviceGetsWhatWasRead) {
 }
 
 TEST(CompileShader, FourProgramsWithoutSourcesAreReportedFourTimes) {
-  EXPECT_EQ(CountOf(StartOutput({{kConfig, Config({})}}), kShaderError), 4u);
+  EXPECT_EQ(CountOf(StartOutput({{kGraphicsConfigPath, Config({})}}), kShaderError), 4u);
 }
 
 TEST(CompileShader, AFolderInPlaceOfASourceIsReported) {
@@ -378,7 +252,7 @@ TEST(LoadTextures, OneMoreIsReportedWithFileAndKey) {
   World world;
   g_render_system->m_texture_paths.assign(1025, "Resources/Textures/x.tga");
   const std::string report = ReportOf([] { g_render_system->LoadTextures(); });
-  EXPECT_THAT(report, HasSubstr(kConfig));
+  EXPECT_THAT(report, HasSubstr(kGraphicsConfigPath));
   EXPECT_THAT(report, HasSubstr("texPath"));
 }
 
@@ -478,6 +352,46 @@ TEST(RenderUpdate, ForgetsLinesAndContactsAtItsEnd) {
   EXPECT_TRUE(g_render_system->m_collided_ids.empty());
 }
 
+TEST(RenderUpdate, StacksTilesInstancesHazardsWorldLinesInterfaceTimedLinesAndText) {
+  Scene scene;
+  // Made in the opposite order, since the passes decide and not the table.
+  GameObj* camera = scene.AddCamera();
+  scene.AddSprite("interface", "six", camera);
+  scene.AddSprite("world", "five");
+  scene.AddSprite("hazard", "three")->AddComponent<EnvironmentRough>();
+  scene.AddParticle("four");
+  GameObj* tile = scene.AddSprite("tile", "two");
+  Of<Render>(tile).m_tile = true;
+  scene.System().m_glyphs['a'] = {77, 8, 8, 0, 8, 640};
+  GameObj* text = scene.AddObject("text", camera);
+  text->AddComponent<Font>();
+  Of<Font>(text).m_text = "a";
+  scene.System().m_timed_lines.push_back({{}, {1.0f, 0.0f, 1.0f}, 2.0f, 1.0f, {}, 0.0f});
+  scene.world.Send(DrawLine({}, {1.0f, 0.0f, 1.0f}, 3.0f, 1.0f, 1.0f, 1.0f, 1.0f));
+
+  using Kind = DrawCommand::Kind;
+  const std::vector<DrawCommand> draws = scene.Draw();
+  ASSERT_EQ(draws.size(), 9u);
+  EXPECT_EQ(draws[0].texture, 2u);
+  EXPECT_EQ(draws[1].kind, Kind::kInstances);
+  EXPECT_EQ(draws[2].texture, 3u);
+  EXPECT_EQ(draws[3].texture, 5u);
+  EXPECT_EQ(draws[4].texture, 4u);
+  EXPECT_EQ(draws[5].placement.scale.x, 3.0f);
+  EXPECT_EQ(draws[6].texture, 6u);
+  EXPECT_EQ(draws[7].placement.scale.x, 2.0f);
+  EXPECT_EQ(draws[8].kind, Kind::kText);
+}
+
+TEST(RenderUpdate, DepthsAndLayersDoNotSort) {
+  Scene scene;
+  GameObj* high = scene.AddSprite("high", "one");
+  Of<Transform>(high).m_local_pos.z = 500.0f;
+  Of<Render>(high).m_zLayer = 9.0f;
+  scene.AddSprite("low", "two");
+  EXPECT_EQ(scene.DrawTextures(), (std::vector<int>{1, 2}));
+}
+
 TEST(RenderUpdate, ASteadyPictureKeepsItsMemory) {
   Scene scene;
   for (int i = 0; i < 20; ++i) {
@@ -486,10 +400,10 @@ TEST(RenderUpdate, ASteadyPictureKeepsItsMemory) {
     scene.AddAnimated("animated", "loop");
   }
   scene.Draw();
-  const Frame& frame = scene.System().m_painter.GetFrame();
+  const Frame& frame = scene.System().LastFrame();
   const auto memory = [&] {
     return std::vector<const void*>{frame.commands.data(), frame.vertices.data(),
-                                    frame.indices.data(), scene.System().m_sprites.world.data()};
+                                    frame.indices.data()};
   };
   const std::vector<const void*> before = memory();
   scene.world.Step(10);

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "game/camera.h"
+#include "render/components/particle.h"
 
 namespace carapace_test {
 
@@ -47,6 +48,13 @@ GameObj* Scene::AddAnimated(const std::string& name, const std::string& state) {
   animation.m_once = "four";
   animation.m_loop = "five";
   animation.m_time_per_frame = 0.0f;
+  return object;
+}
+
+GameObj* Scene::AddParticle(const std::string& texture) {
+  GameObj* object = AddSprite("particle", texture);
+  object->AddComponent<Particle>();
+  Of<Render>(object).m_shader = "instanced";
   return object;
 }
 

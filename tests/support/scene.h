@@ -16,8 +16,7 @@
 
 namespace carapace_test {
 
-/// A world with a few named textures and short ways to put sprites into it and to look at the
-/// picture.
+/// A world with a few named textures and helpers that put sprites into it and look at its frames.
 ///
 /// Textures have the numbers 1 to 9 for "one" to "nine", and "default" 10, "yellow" 11, "Crosshair"
 /// 12; every other key shows texture 0.
@@ -34,6 +33,8 @@ class Scene {
   /// AddSprite with Animation and StateC in `state`; its sheets are "two" (spawn), "three" (death),
   /// "four" (once) and "five" (loop), of four frames each, one step a frame.
   ZOVEngine::GameObj* AddAnimated(const std::string& name, const std::string& state);
+  /// AddSprite with a Particle, drawn by the instanced program.
+  ZOVEngine::GameObj* AddParticle(const std::string& texture);
   /// A child of `parent` with a Camera, active.
   ZOVEngine::GameObj* AddCamera(ZOVEngine::GameObj* parent = nullptr);
 

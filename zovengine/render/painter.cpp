@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "render/components/imodel.h"
+
 namespace ZOVEngine {
 namespace {
 
@@ -13,11 +15,15 @@ MeshVertex Corner(float x, float y, float u, float v) {
   return {Vector3D(x, y, 0.0f), u, v};
 }
 
-std::uint32_t CountOf(std::size_t size) {
+std::uint32_t Count32(std::size_t size) {
   return static_cast<std::uint32_t>(size);
 }
 
 }  // namespace
+
+bool IsSharedQuad(const iModel& model) {
+  return model.m_vertices.size() == 1;
+}
 
 void Painter::Begin(TextureMap* textures) {
   m_frame.Clear();
@@ -50,9 +56,9 @@ void Painter::DrawQuadIndices(Program program, const Placement& placement, const
   }
   if (index_count < 3) return;
   DrawCommand& command = Append(DrawCommand::Kind::kMesh, program, placement, colour);
-  command.first = CountOf(m_frame.indices.size());
+  command.first = Count32(m_frame.indices.size());
   command.count = 3;
-  command.base_vertex = CountOf(m_frame.vertices.size());
+  command.base_vertex = Count32(m_frame.vertices.size());
   m_frame.indices.insert(m_frame.indices.end(), kQuadIndices, kQuadIndices + 3);
   AppendQuadVertices();
 }
@@ -68,9 +74,9 @@ void Painter::DrawModel(Program program, const Placement& placement, const Colou
   }
   if (m_frame.indices.size() == first) return;
   DrawCommand& command = Append(DrawCommand::Kind::kMesh, program, placement, colour);
-  command.first = CountOf(first);
-  command.count = CountOf(m_frame.indices.size() - first);
-  command.base_vertex = CountOf(m_frame.vertices.size());
+  command.first = Count32(first);
+  command.count = Count32(m_frame.indices.size() - first);
+  command.base_vertex = Count32(m_frame.vertices.size());
   AppendModelVertices(model);
 }
 
@@ -92,11 +98,11 @@ void Painter::DrawInstances(const Colour& colour) {
   DrawCommand& command =
       Append(DrawCommand::Kind::kInstances, Program::kInstance, Placement(), colour);
   command.window = m_uploaded;
-  command.count = CountOf(m_frame.instances.size());
+  command.count = Count32(m_frame.instances.size());
 }
 
 void Painter::DrawText(std::uint32_t first, const Colour& colour) {
-  const std::uint32_t count = CountOf(m_frame.glyphs.size()) - first;
+  const std::uint32_t count = Count32(m_frame.glyphs.size()) - first;
   if (count == 0) return;
   DrawCommand& command = Append(DrawCommand::Kind::kText, Program::kFont, Placement(), colour);
   command.texture = 0;
@@ -130,15 +136,15 @@ void Painter::AppendModelVertices(const iModel& model) {
 }
 
 void Painter::AppendOutline(DrawCommand* command, std::size_t vertex_count) {
-  command->first = CountOf(m_frame.indices.size());
-  command->base_vertex = CountOf(m_frame.vertices.size());
+  command->first = Count32(m_frame.indices.size());
+  command->base_vertex = Count32(m_frame.vertices.size());
   for (std::size_t i = 0; i < std::size(kOutlineIndices); i += 2) {
     const std::uint32_t from = kOutlineIndices[i];
     const std::uint32_t to = kOutlineIndices[i + 1];
     if (std::max(from, to) >= vertex_count) continue;
     m_frame.indices.insert(m_frame.indices.end(), {from, to});
   }
-  command->count = CountOf(m_frame.indices.size()) - command->first;
+  command->count = Count32(m_frame.indices.size()) - command->first;
 }
 
 }  // namespace ZOVEngine

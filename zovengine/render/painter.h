@@ -6,10 +6,11 @@
 #include <string>
 #include <vector>
 
-#include "render/components/imodel.h"
 #include "render/frame.h"
 
 namespace ZOVEngine {
+
+class iModel;
 
 /// Texture numbers by key. Looking a key up inserts it when it is absent, with number 0.
 using TextureMap = std::map<std::string, std::uint32_t>;
@@ -21,6 +22,9 @@ inline constexpr Colour kWhite = {1.0f, 1.0f, 1.0f, 1.0f};
 
 /// Indices of the shared quad: two triangles.
 inline constexpr std::uint32_t kQuadIndexCount = 6;
+
+/// One vertex stands for the shared quad.
+bool IsSharedQuad(const iModel& model);
 
 /// Writes a frame, one draw after another, and holds what lasts from one draw to the next.
 ///
@@ -65,6 +69,7 @@ class Painter {
   void DrawText(std::uint32_t first, const Colour& colour);
 
   Frame& GetFrame() { return m_frame; }
+  const Frame& GetFrame() const { return m_frame; }
   /// The u values of the shared quad.
   const TextureWindow& Quad() const { return m_quad; }
 

@@ -11,16 +11,30 @@
 #include <glm/mat4x4.hpp>
 
 #include "core/base/profile.h"
+#include "game/camera.h"
 #include "jsonunserializer.h"
 #include "objects/gameobjfactory.h"
 #include "objects/reflection.h"
+#include "physics/components/transform.h"
 #include "platform/virtualkeys.h"
 #include "platform/windowsystem.h"
 #include "render/components/animation.h"
+#include "render/components/font.h"
 #include "render/components/imodel.h"
-#include "render/gldevice.h"
+#include "render/components/light.h"
+#include "render/components/render.h"
 #include "render/graphicsconfig.h"
 #include "render/images/imagequeue.h"
+#include "render/passes/backgroundpass.h"
+#include "render/passes/camerapass.h"
+#include "render/passes/crosshairpass.h"
+#include "render/passes/debugoverlay.h"
+#include "render/passes/instancedpass.h"
+#include "render/passes/lightpass.h"
+#include "render/passes/linepass.h"
+#include "render/passes/spritepass.h"
+#include "render/passes/textpass.h"
+#include "render/passes/tilepass.h"
 
 RTTR_REGISTRATION {
   using ZOVEngine::RenderSystem;
@@ -37,7 +51,7 @@ constexpr float kFieldOfView = 2.0f * 0.39269909f;  // (unit: radians)
 constexpr float kNear = 0.1f;
 constexpr float kFar = 3000.0f;
 
-// What a path of the texture list has round its key: "Resources/Textures/" and ".png".
+// A path of the texture list is "Resources/Textures/", the key, and an ending such as ".png".
 constexpr std::size_t kKeyStart = 19;
 constexpr std::size_t kKeyTail = 4;
 
@@ -95,12 +109,12 @@ void RenderSystem::Init() {
     document.Parse();
     ReadGraphicsConfig(document.Root(), this);
   }
-  ImageQueue pictures(m_texture_paths);
+  ImageQueue images(m_texture_paths);
   FetchTables();
   StartDevice();
   GlyphLoader loader;
   loader.Open(m_font_path);
-  UploadTextures(&pictures);
+  UploadTextures(&images);
   loader.Load(g_gl_device, &m_glyphs);
 }
 
@@ -140,19 +154,19 @@ std::uint32_t RenderSystem::CompileShader(Program program, const std::string& ve
 }
 
 void RenderSystem::LoadTextures() {
-  ImageQueue pictures(m_texture_paths);
-  UploadTextures(&pictures);
+  ImageQueue images(m_texture_paths);
+  UploadTextures(&images);
 }
 
-/// `pictures` are those of `m_texture_paths`.
-void RenderSystem::UploadTextures(ImageQueue* pictures) {
+/// `images` are those of `m_texture_paths`.
+void RenderSystem::UploadTextures(ImageQueue* images) {
   ZOV_ASSERT(m_texture_paths.size() <= kMaxTextures,
              std::string(kGraphicsConfigPath) + ": key \"texPath\": more than 1024 textures");
   m_textures.clear();
   for (std::size_t i = 0; i < m_texture_paths.size(); ++i) {
     const std::string& path = m_texture_paths[i];
     const bool has_key = path.size() >= kKeyStart + kKeyTail;
-    const std::optional<Image> image = pictures->Take();
+    const std::optional<Image> image = images->Take();
     if (!has_key || !image) {
       std::cout << "ERROR: Failed to load texture." << '\n';
       continue;
@@ -215,29 +229,44 @@ void RenderSystem::Update(float dt) {
   const std::int64_t start = NowNanoseconds();
   m_painter.Begin(&m_textures);
   m_sprites.Fill(m_render_table->Components());
-  DrawPasses();
+  DrawWorld();
+  DrawOverlays();
   g_gl_device->Execute(m_painter.GetFrame());
-  // A tools layer that takes the window's events presents the picture itself, after its panels.
+  // A tools layer that takes the window's events presents the frame itself, after its panels.
   if (!g_window_state.imguiLive) g_gl_device->Present();
   RecordElapsed("Render", start);
   m_lines.clear();
   m_collided_ids.clear();
 }
 
-void RenderSystem::DrawPasses() {
-  CameraPass(*this);
-  LightPass(*this);
-  BackgroundPass(*this);
-  TilePass(*this);
-  InstancedPass(*this);
-  HazardPass(*this);
-  WorldPass(*this);
-  TreePass(*this);
-  LinePass(*this);
-  InterfacePass(*this);
-  TimedLinePass(*this);
-  TextPass(*this);
-  CrosshairPass(*this);
+// The order of the passes is the stacking order of the frame.
+void RenderSystem::DrawWorld() {
+  Frame& frame = m_painter.GetFrame();
+  const SpriteStep step{m_dt, m_selected_id, m_debug_draw ? &m_collided_ids : nullptr};
+  CameraPass(m_camera_table->Components(), &m_view_translate, &frame);
+  m_view = frame.view;
+  LightPass(m_light_table->Components(), &frame.lights);
+  BackgroundPass(m_background_tex, m_painter);
+  TilePass(m_sprites.tiles, m_painter);
+  InstancedPass(m_sprites.instances, m_painter);
+  WorldPass(m_sprites.hazards, step, m_painter);
+  WorldPass(m_sprites.world, step, m_painter);
+}
+
+void RenderSystem::DrawOverlays() {
+  if (m_debug_draw) DrawTree();
+  LinePass(m_lines, m_painter);
+  InterfacePass(m_sprites.interface, {m_dt, m_selected_id}, m_view_translate.z, m_painter);
+  TimedLinePass(m_dt, &m_timed_lines, m_painter);
+  TextPass(m_font_table->Components(), m_view_translate.z, &m_glyphs, m_painter);
+  CrosshairPass(m_painter);
+}
+
+void RenderSystem::DrawTree() {
+  if (m_tree_lister == nullptr) return;
+  m_tree_rectangles.clear();
+  m_tree_lister(&m_tree_rectangles);
+  TreePass(m_tree_rectangles, m_painter);
 }
 
 }  // namespace ZOVEngine

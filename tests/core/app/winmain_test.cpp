@@ -17,6 +17,7 @@
 #include "platform/windowsystem.h"
 #include "render/components/animation.h"
 #include "render/components/font.h"
+#include "render/components/render.h"
 #include "render/rendersystem.h"
 #include "support/reports.h"
 #include "support/world.h"

@@ -9,7 +9,7 @@
 #include "game/levels/levelobjects.h"
 #include "jsonunserializer.h"
 #include "render/components/particlefountain.h"
-#include "render/rendersystem.h"
+#include "render/passes/instancedpass.h"
 #include "support/reports.h"
 
 namespace carapace_test {

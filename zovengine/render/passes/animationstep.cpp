@@ -1,4 +1,4 @@
-#include "render/animationstep.h"
+#include "render/passes/animationstep.h"
 
 #include "game/units/enemy.h"
 #include "game/units/player.h"

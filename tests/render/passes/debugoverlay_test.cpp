@@ -1,3 +1,5 @@
+#include "render/passes/debugoverlay.h"
+
 #include <gtest/gtest.h>
 
 #include "core/engine.h"
@@ -34,16 +36,12 @@ class DebugOverlay : public testing::Test {
     return object;
   }
 
-  /// The first frame's contacts are those of the collider system, so a test calls the passes
-  /// itself.
+  /// The draws of a frame without the background and the crosshair. Only the picture is updated:
+  /// in a whole step the collider system would tell contacts of its own.
   std::vector<DrawCommand> DrawNow() {
-    RenderSystem& system = scene.System();
-    system.m_painter.Begin(&system.m_textures);
-    system.m_sprites.Fill(system.m_render_table->Components());
-    HazardPass(system);
-    WorldPass(system);
-    TreePass(system);
-    return system.m_painter.GetFrame().commands;
+    scene.System().Update(kStep);
+    const std::vector<DrawCommand>& all = scene.Frame().commands;
+    return {all.begin() + 1, all.end() - 1};
   }
 
   Scene scene;
@@ -82,7 +80,7 @@ TEST_F(DebugOverlay, ABoxGetsItsOutlineAndItsBounds) {
 TEST_F(DebugOverlay, TheOutlineGoesRoundTheQuad) {
   AddSolid();
   const DrawCommand outline = DrawNow()[1];
-  const Frame& frame = scene.System().m_painter.GetFrame();
+  const Frame& frame = scene.Frame();
   const std::vector<std::uint32_t> indices(frame.indices.begin() + outline.first,
                                            frame.indices.begin() + outline.first + outline.count);
   EXPECT_EQ(indices, (std::vector<std::uint32_t>{0, 1, 1, 2, 2, 3, 3, 0}));
@@ -150,8 +148,7 @@ TEST_F(DebugOverlay, AModelIsOutlinedByItsFirstFourVertices) {
   model.m_vertices[0].position = Vector3D(9.0f, 8.0f, 7.0f);
   const DrawCommand outline = DrawNow()[1];
   EXPECT_EQ(outline.count, 8u);
-  EXPECT_EQ(scene.System().m_painter.GetFrame().vertices[outline.base_vertex].position,
-            Vector3D(9.0f, 8.0f, 7.0f));
+  EXPECT_EQ(scene.Frame().vertices[outline.base_vertex].position, Vector3D(9.0f, 8.0f, 7.0f));
 }
 
 TEST_F(DebugOverlay, ATriangleIsOutlinedWithoutTheCornersThatItLacks) {

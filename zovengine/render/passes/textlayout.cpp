@@ -1,4 +1,4 @@
-#include "render/textlayout.h"
+#include "render/passes/textlayout.h"
 
 namespace ZOVEngine {
 namespace {

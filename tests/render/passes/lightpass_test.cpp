@@ -1,3 +1,5 @@
+#include "render/passes/lightpass.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

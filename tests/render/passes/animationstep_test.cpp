@@ -1,4 +1,4 @@
-#include "render/animationstep.h"
+#include "render/passes/animationstep.h"
 
 #include <gtest/gtest.h>
 
@@ -25,6 +25,11 @@ class AnimationStepTest : public testing::Test {
   void ExpectWindow(const DrawCommand& draw, float left, float right) {
     EXPECT_EQ(draw.window.u_left, left);
     EXPECT_EQ(draw.window.u_right, right);
+  }
+  /// A tile of the next frame shows what the shared quad was left with.
+  void ExpectSharedQuad(float left, float right) {
+    Of<Render>(scene.AddSprite("tile", "two")).m_tile = true;
+    ExpectWindow(scene.Draw().at(0), left, right);
   }
   void ExpectSpriteColour(float r, float g, float b, float a) {
     EXPECT_EQ(Sprite().m_colour, (Colour{r, g, b, a}));
@@ -222,20 +227,21 @@ TEST_F(AnimationStepTest, ALaterChildOfTheDeadIsNotDrawnAnyMoreInThatFrame) {
 
 TEST_F(AnimationStepTest, TheLastDrawOfDeathIsInvisibleAndShowsTheQuadUploadedBefore) {
   Make("death");
+  GameObj* later = scene.AddAnimated("later", "loop");
+  Of<Animation>(later).m_time_per_frame = 100.0f;
+  Of<Animation>(later).m_currStep = 0.125f;
   for (int i = 0; i < 3; ++i) scene.Draw();
-  scene.System().m_painter.SetQuad(0.125f, 0.375f);
-  const DrawCommand draw = scene.DrawOne();
+  const DrawCommand draw = scene.Draw().at(0);
   EXPECT_EQ(draw.texture, 3u);
   EXPECT_EQ(draw.colour[3], 0.0f);
-  // The frame's start uploads the quad as it is then; the end of death uploads nothing.
+  // The background uploads the quad as the last frame left it; the end of death uploads nothing.
   ExpectWindow(draw, 0.125f, 0.375f);
 }
 
 TEST_F(AnimationStepTest, DeathLeavesItsWindowInTheSharedQuad) {
   Make("death");
   for (int i = 0; i < 4; ++i) scene.Draw();
-  EXPECT_EQ(scene.System().m_painter.Quad().u_left, 0.75f);
-  EXPECT_EQ(scene.System().m_painter.Quad().u_right, 1.0f);
+  ExpectSharedQuad(0.75f, 1.0f);
 }
 
 // --- Once ---
@@ -307,7 +313,7 @@ TEST_F(AnimationStepTest, TheLastFrameOfALoopShowsTheQuadUploadedBefore) {
   const DrawCommand draw = scene.DrawOne();
   EXPECT_EQ(draw.texture, 5u);
   ExpectWindow(draw, 0.5f, 0.75f);
-  EXPECT_EQ(scene.System().m_painter.Quad().u_left, 0.75f);
+  ExpectSharedQuad(0.75f, 1.0f);
 }
 
 TEST_F(AnimationStepTest, TheLastFrameOfALoopShowsTheSpriteDrawnBefore) {
