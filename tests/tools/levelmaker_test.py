@@ -1,34 +1,8 @@
 """The level maker: what it makes of a description, and what it refuses."""
-import importlib.machinery
-import importlib.util
 import json
-import pathlib
-import sys
-import tempfile
 import unittest
 
-ROOT = pathlib.Path(__file__).resolve().parents[2]
-sys.dont_write_bytecode = True
-sys.path.insert(0, str(ROOT / "tools"))
-
-
-def load_level_maker():
-    loader = importlib.machinery.SourceFileLoader("levelmaker", str(ROOT / "tools/levelmaker"))
-    module = importlib.util.module_from_spec(importlib.util.spec_from_loader("levelmaker", loader))
-    loader.exec_module(module)
-    return module
-
-
-level_maker = load_level_maker()
-LEVEL01 = (ROOT / "assets/levels/level01.toml").read_text()
-
-
-def make(text):
-    """The files of a level with this description, by their paths."""
-    with tempfile.TemporaryDirectory() as folder:
-        description = pathlib.Path(folder) / "level.toml"
-        description.write_text(text)
-        return level_maker.make(description)
+from makers import LEVEL01, make_level
 
 
 class LevelMaker(unittest.TestCase):
@@ -36,12 +10,12 @@ class LevelMaker(unittest.TestCase):
         """The description is refused with a message that has all these words."""
         self.assertNotEqual(text, LEVEL01, "the description was not changed")
         with self.assertRaises(SystemExit) as refused:
-            make(text)
+            make_level(text)
         for word in words:
             self.assertIn(word, str(refused.exception))
 
     def test_a_unit_has_its_shots_and_marks(self):
-        files = make(LEVEL01)
+        files = make_level(LEVEL01)
         objects = json.loads(files["Level Editor/Levels/Level01/Entity/Units.json"])["GameObjFactory"]
         tank = next(child for child in objects[0]["Childs"] if "Player" in child)
         names = [child["name"] for child in tank["Childs"]]
@@ -103,4 +77,5 @@ at = [0, -200]
                             '[[things]]\nkind = "a"\nat = [0, 0]\n', "Nothing", "graphics.json")
 
 
-unittest.main()
+if __name__ == "__main__":
+    unittest.main()

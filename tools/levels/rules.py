@@ -1,15 +1,26 @@
-"""What a level must not do. Every message names the object."""
+"""What a level must not hold: above all, what would keep its turns from going on. Every message names the object."""
 import json
 import math
 
 SHOTS = ("ProjectileDefault", "ProjectileBounce", "ProjectileExplosion", "ProjectilePierce", "ProjectilePush", "ProjectileSwap",
          "ProjectileVacuum")
-UNIT_NEEDS = ("Transform", "RigidBody", "ColliderHolder", "Render", "iModel", "StateC", "Animation", "AudioSource")
+UNIT_NEEDS = {
+    "Transform": "it would have no place",
+    "RigidBody": "nothing could move it",
+    "ColliderHolder": "no shot could hit it",
+    "Render": "it would not be drawn",
+    "iModel": "it would not be drawn",
+    "StateC": "it would play no sheet",
+    "Animation": "its spawn would never end, and it could never die",
+    "AudioSource": "it would not be heard",
+}
 UNIT_CHILDREN = ("Weapon0Barrel", "Weapon1Barrel", "electricvfx", "WeaponText", "unit_fire", "ui_selected", "ui_hp_frame",
                  "ui_hp_frame_filled", "ui_hp_frame_empty", "hp_font", "turn_font", "unit_damaged")
 SHOT_CHILDREN = ("Weapon0Projectile", "Weapon1Projectile")
 BOSS_CHILDREN = ("MiddleProj", "LeftProjPhase1", "RightProjPhase1", "LeftProjPhase2", "RightProjPhase2", "ShieldPhase1",
                  "ShieldPhase2", *(f"DeathExplosion{k:02}" for k in range(11)))
+FORCE_PER_SPEED = 100  # of an enemy's push, which lasts a second
+STEPS_A_SECOND = 60
 
 
 def walk(records, parent=None):
@@ -23,7 +34,17 @@ def is_unit(own):
     return own is not None and ("Player" in own or "Enemy" in own)
 
 
+def push_length(own):
+    """How far one push carries an enemy until drag has stopped it; in truth 1 or 2 units less."""
+    body = own.get("RigidBody", {"m_mass": 0, "m_drag": 0})
+    resistance = body["m_mass"] * body["m_drag"]
+    if resistance <= 0:
+        return 0
+    return own["Enemy"]["m_move_speed"] * FORCE_PER_SPEED / resistance * (1 - body["m_drag"] / STEPS_A_SECOND)
+
+
 def patrols(own):
+    """The moves of an enemy end when its pushes are spent, and every point that it reaches gives them back."""
     path, snap = own.get("Enemy", {}).get("m_waypoints", []), own.get("Enemy", {}).get("m_snap_range", 0)
     if "AIComp" in own and not path:
         yield "has an AIComp without a path, and its move would never end"
@@ -31,8 +52,25 @@ def patrols(own):
         yield "has a path without an AIComp to walk it"
     if len(path) == 1:
         yield "has one waypoint only, and its move would never end"
-    if any(math.dist(a, b) <= snap for a, b in zip(path, path[1:])):
+    legs = [math.dist(a, b) for a, b in zip(path, path[1:])]
+    if any(leg <= snap for leg in legs):
         yield f"has neighbouring waypoints within {snap:g} units, its arrival distance"
+    elif legs:
+        pushes = math.ceil(own["Enemy"]["m_move_limit"] * STEPS_A_SECOND)
+        if pushes > 0 and max(legs) - pushes * push_length(own) < snap:
+            yield f"reaches each next waypoint before its pushes are spent, and its move would never end"
+
+
+def unit_state(own, own_part):
+    """What keeps a unit from ever leaving its spawn: it could neither act nor die."""
+    if not own["active"]:
+        yield "is a unit that starts switched off, and could neither act nor die"
+    if not own_part["m_alive"]:
+        yield "is a unit that starts dead"
+    if not own.get("Render", {"m_visible": True})["m_visible"] or own.get("Render", {"m_tile": False})["m_tile"]:
+        yield "is a unit whose image is hidden or a tile: its spawn would never end, and it could never die"
+    if "UIElement" in own:
+        yield "is a unit with a UIElement of its own, which would hold back its turn"
 
 
 def units(own, parent):
@@ -49,15 +87,16 @@ def units(own, parent):
         yield "has no energy to move with"
     if own_part.get("m_boss") and own["name"] != "Boss":
         yield "is a boss, but not named Boss, so a DeathField does not find it"
-    for component in UNIT_NEEDS:
+    for component, consequence in UNIT_NEEDS.items():
         if component not in own:
-            yield f"is a unit without {component}"
+            yield f"is a unit without {component}: {consequence}"
     names = {child["name"] for child in own["Childs"]}
     wanted = UNIT_CHILDREN + (BOSS_CHILDREN if own_part.get("m_boss") else SHOT_CHILDREN)
     wanted += ("pierce_fire",) if "Player" in own else ()
     for name in wanted:
         if name not in names:
             yield f"lacks its child {name}"
+    yield from unit_state(own, own_part)
     yield from patrols(own)
 
 
@@ -71,12 +110,12 @@ def shots(own, parent):
             yield f"is a shot without {component}"
     for part in [own, *own["Childs"]]:
         if part.get("Transform", {}).get("m_rotate_with_parent"):
-            yield f"turns {part['name']} with the unit, which would carry it off its way"
+            yield f"turns {part['name']} with the unit, which would carry it off its path"
     if own.get("RigidBody", {}).get("m_drag", 0) > 0:
         yield "is a shot that drag would stop before its range is out, and the turn with it"
 
 
-def pictures(own, known):
+def images(own, known):
     if "Render" in own:
         for component in ("Transform", "iModel"):
             if component not in own:
@@ -99,11 +138,19 @@ def hearing(own, root):
             yield f"lists the sound {name}, of which there is no file"
 
 
-def rest(own, fights):
-    """A turn waits until all bodies rest."""
-    restless = "RigidBody" in own and own["RigidBody"]["m_drag"] <= 0 and not any(kind in own for kind in SHOTS)
-    if fights and restless:
+def rest(own, holes):
+    """A turn waits until all bodies rest; `holes` tells whether something pulls them."""
+    if "RigidBody" not in own or any(kind in own for kind in SHOTS):
+        return
+    if own["RigidBody"]["m_drag"] <= 0:
         yield "is a body without drag, which may never rest, and every turn waits for that"
+    if own["RigidBody"]["m_angular_drag"] <= 0 < own["RigidBody"]["m_inertia"]:
+        yield "is a body without angular drag, which may turn for ever, and every turn waits for that"
+    if holes and "ColliderHolder" not in own:
+        yield "is a body without a ColliderHolder, which a black hole would pull to and fro for ever"
+    mover = own.get("Waypoint", {"m_path": [], "m_limit": 0})
+    if len(mover["m_path"]) > 1 and mover["m_limit"] > 0:
+        yield "is a Waypoint that never stands still, and every turn waits for that"
 
 
 def whole(records):
@@ -117,7 +164,7 @@ def whole(records):
             yield f"runs on an object without {component}"
     if sum("Camera" in child for child in roots[0]["Childs"]) != 1:
         yield "has not one camera below the object that runs it"
-    sides = {side: sum(side in own for own, _ in walk(records)) for side in ("Player", "Enemy")}
+    sides = {side: sum(own[side]["m_alive"] for own, _ in walk(records) if side in own) for side in ("Player", "Enemy")}
     if any(sides.values()) and not all(sides.values()):
         yield f"has no {'Player' if not sides['Player'] else 'Enemy'} and would end on its first step"
 
@@ -125,8 +172,10 @@ def whole(records):
 def outside(own, tile_map):
     """Units and their paths stand on free cells of the map."""
     size, width, height = (tile_map[key] for key in ("TileSize", "Width", "Height"))
-    points = [own["Transform"]["m_pos"], *own.get("Enemy", {}).get("m_waypoints", [])] if is_unit(own) else []
-    for x, y, _ in points:
+    if not is_unit(own):
+        return
+    start = [own["Transform"]["m_pos"]] if "Transform" in own else []
+    for x, y, _ in [*start, *own.get("Enemy", {}).get("m_waypoints", [])]:
         column, row = int((x + size * width / 2) // size), int((size * height / 2 - y) // size)
         if not (0 <= column < width and 0 <= row < height) or tile_map["TileMap"][row][column]:
             yield f"stands or walks at ({x:g}, {y:g}), in a wall or off the map"
@@ -137,10 +186,11 @@ def faults(name, records, tile_map, root):
     listed = json.loads((root / "Resources/Textures/graphics.json").read_text())["texPath"]
     known = {path.removeprefix("Resources/Textures/").rsplit(".", 1)[0] for path in listed}
     fights = any(is_unit(own) for own, _ in walk(records))
+    holes = any("EnvironmentBlackhole" in own for own, _ in walk(records))
     yield from (f"{name}: {fault}" for fault in whole(records))
     for own, parent in walk(records):
-        found = [*units(own, parent), *shots(own, parent), *pictures(own, known), *hearing(own, root), *rest(own, fights),
-                 *outside(own, tile_map)]
+        found = [*units(own, parent), *shots(own, parent), *images(own, known), *hearing(own, root), *outside(own, tile_map)]
+        found += rest(own, holes) if fights else ()
         if "DeathField" in own and parent is None:
             found.append("is a DeathField without a parent")
         where = f"{parent['name']}/{own['name']}" if parent else own["name"]
