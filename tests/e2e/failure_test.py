@@ -1,4 +1,4 @@
-"""What the user is told when the program cannot start."""
+"""The messages to the user when the program cannot start."""
 import shutil
 import signal
 import unittest
@@ -45,11 +45,18 @@ class Failure(GameTest):
                 self.assertIn("usage: carapace [--level FILE]", self.game.errors())
                 self.assertEqual(self.game.output(), "")
 
-    def test_a_level_that_is_not_there_is_logged_and_shown(self):
+    def test_help_is_printed_without_a_display(self):
+        self.game = self.start(NO_WINDOW, ["--help"])
+        self.assertEqual(self.game.wait_for_end(), 0)
+        self.assertIn("usage: carapace [--level FILE]", self.game.output())
+        self.assertEqual(self.game.errors(), "")
+
+    def test_a_level_that_is_not_there_is_said_before_a_window_opens(self):
         path = "Level Editor/Levels/None/None.json"
-        self.game = self.start(arguments=["--level", path])
-        self.close_box("Error")
-        self.assert_failed_with(path.replace(".", r"\.") + "file not found")
+        self.game = self.start(NO_WINDOW, ["--level", path])
+        self.assertEqual(self.game.wait_for_end(), 2)
+        self.assertEqual(self.game.errors(), f'carapace: cannot open the level file "{path}"\n')
+        self.assertEqual(self.game.output(), "")
 
     def test_a_missing_settings_file_is_logged_and_shown(self):
         (self.directory / SETTINGS).unlink()

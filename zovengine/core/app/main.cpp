@@ -1,31 +1,17 @@
+#include <cstdlib>
 #include <iostream>
-#include <string>
-#include <vector>
 
+#include "core/app/arguments.h"
 #include "core/app/winmain.h"
-#include "core/statemachine.h"
-
-namespace {
-
-constexpr int kWrongUse = 2;
-
-/// Takes the program's arguments. False, with a line on how they go, when they are not understood.
-bool TakeArguments(const std::vector<std::string>& arguments) {
-  if (arguments.empty()) return true;
-  if (arguments.size() == 2 && arguments[0] == "--level") {
-    ZOVEngine::g_start_state = ZOVEngine::kDefaultState;
-    ZOVEngine::g_current_level_path = arguments[1];
-    return true;
-  }
-  std::cerr << "usage: carapace [--level FILE]\n"
-               "  --level FILE   starts in a level, such as "
-               "\"Level Editor/Levels/Level01/Level01.json\"\n";
-  return false;
-}
-
-}  // namespace
 
 int main(int argc, char** argv) {
-  if (!TakeArguments({argv + 1, argv + argc})) return kWrongUse;
+  switch (ZOVEngine::ReadArguments({argv + 1, argv + argc}, std::cout, std::cerr)) {
+    case ZOVEngine::StartRequest::kHelp:
+      return EXIT_SUCCESS;
+    case ZOVEngine::StartRequest::kWrong:
+      return ZOVEngine::kWrongUse;
+    case ZOVEngine::StartRequest::kPlay:
+      break;
+  }
   return ZOVEngine::WinMain();
 }

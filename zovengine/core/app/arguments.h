@@ -1,0 +1,26 @@
+#pragma once
+
+#include <iosfwd>
+#include <string>
+#include <vector>
+
+namespace ZOVEngine {
+
+/// What the program's arguments ask for. No arguments start the game with the splash screen.
+enum class StartRequest {
+  kPlay,   ///< start the game
+  kHelp,   ///< the use is printed; end with success
+  kWrong,  ///< the fault is printed; end with kWrongUse
+};
+
+/// Exit status after arguments that cannot be followed.
+inline constexpr int kWrongUse = 2;
+
+/// Reads the program's arguments, without its name: none, "--help", or "--level" and the path of a
+/// level file, which then becomes the first screen. The use goes to `out` when it is asked for, to
+/// `errors` with arguments of another form. A level file that cannot be opened is named on
+/// `errors`.
+StartRequest ReadArguments(const std::vector<std::string>& arguments, std::ostream& out,
+                           std::ostream& errors);
+
+}  // namespace ZOVEngine
