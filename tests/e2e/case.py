@@ -1,7 +1,7 @@
-"""What the end-to-end tests share: the game with data of its own, and what its pictures are compared with.
+"""What the end-to-end tests share: the game with data of its own, and the expected images.
 
 A test gets a copy of the shipped data, starts the release program there, and drives it in a real window. The
-program's output and a last picture of the screen stay in CARAPACE_E2E_OUTPUT, by the test's name.
+program's output and a last screenshot stay in CARAPACE_E2E_OUTPUT, by the test's name.
 """
 import functools
 import json
@@ -16,13 +16,13 @@ import unittest
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 sys.path.insert(0, str(ROOT / "tools"))
 
-from driver import Game, Picture, move_mouse  # noqa: E402
+from driver import Game, Picture, ask, move_mouse, wait_until  # noqa: E402
 
 PROGRAM = pathlib.Path(os.environ.get("CARAPACE_PROGRAM", ROOT / "build/release/carapace"))
 OUTPUT = pathlib.Path(os.environ.get("CARAPACE_E2E_OUTPUT", ROOT / "build/e2e"))
 
 WINDOW = (1280, 720)  # the window of the shipped settings
-WORLD = (1920, 1080)  # world units that the picture shows, whatever the window's size
+WORLD = (1920, 1080)  # world units that a window of any size shows
 
 UNLIT = bytes(value // 2 for value in range(256))  # the background, where no light reaches
 
@@ -51,7 +51,7 @@ class GameTest(unittest.TestCase):
             shutil.copytree(ROOT / part, self.directory / part)
         self.logs = OUTPUT / self.id()
         shutil.rmtree(self.logs, ignore_errors=True)
-        move_mouse(1250, 700)  # the crosshair keeps out of the way
+        move_mouse(1250, 700)  # so that the crosshair covers nothing that is compared
 
     def start(self, environment=None, arguments=()):
         """Starts the game; it ends with the test at the latest."""
@@ -64,6 +64,15 @@ class GameTest(unittest.TestCase):
         if os.environ.get("DISPLAY"):
             Picture.of_screen().save(self.logs / "last.png")
 
+    def open_other_window(self):
+        """Opens a second window, which takes the focus; returns its X id and its process."""
+        message = subprocess.Popen(["xmessage", "-title", "Another", "This window takes the focus."])
+        self.addCleanup(message.wait)
+        self.addCleanup(message.kill)
+        found = wait_until(lambda: ask("xdotool", "search", "--onlyvisible", "--name", "^Another$").split(),
+                           "the second window")
+        return found[0], message
+
     def read_json(self, name):
         return json.loads((self.directory / name).read_text())
 
@@ -71,7 +80,7 @@ class GameTest(unittest.TestCase):
         (self.directory / name).write_text(json.dumps(value))
 
     def empty_splash(self):
-        """Takes everything out of the splash screen: the background is left, and no key leads away."""
+        """Empties the splash screen: only the background is left, and no key leads to the menu."""
         self.write_json(SPLASH, {"GameObjFactory": []})
 
     def assert_orderly_end(self, game):
@@ -105,7 +114,7 @@ def place_on_window(position, scale, size=WINDOW):
 
 
 def scaled_texture(name, width, height):
-    """A shipped picture in another size, as RGBA bytes."""
+    """A shipped image in another size, as RGBA bytes."""
     return subprocess.run(
         ["convert", str(ROOT / f"Resources/Textures/{name}.png"), "-resize", f"{width}x{height}!",
          "-depth", "8", "rgba:-"], check=True, stdout=subprocess.PIPE).stdout
@@ -113,14 +122,14 @@ def scaled_texture(name, width, height):
 
 @functools.lru_cache(maxsize=None)
 def background(width, height):
-    """What an empty screen shows in a window of this size, away from lights."""
+    """The empty screen in a window of this size, where no light reaches."""
     rgba = scaled_texture("Background_Space", width, height)
     rgb = b"".join(rgba[i:i + 3] for i in range(0, len(rgba), 4))
     return Picture(width, height, rgb.translate(UNLIT))
 
 
 def difference_from_sprite(picture, texture, place):
-    """How far the window's picture is from an opaque sprite: mean over the pixels that it covers wholly."""
+    """Mean difference of the window's picture from an opaque sprite, over the pixels that the sprite covers wholly."""
     x, y, width, height = place
     rgba = scaled_texture(texture, width, height)
     shown = picture.crop(x, y, width, height).data
@@ -136,10 +145,10 @@ def difference_from_sprite(picture, texture, place):
 
 
 class Fader:
-    """Tells from a picture of the window how far each of several sprites is faded in.
+    """Estimates the opacities of several sprites from a picture of the window.
 
-    A sprite with opacity a changes a pixel of the background b to b + a * m * (c - b), with its texture's colour c
-    and cover m. The opacities of all sprites at once are the least-squares solution over the pixels they touch.
+    A sprite of opacity a changes a pixel b of the background to b + a * m * (c - b), with the colour c and the cover m
+    of its texture. The opacities are the least-squares solution over all pixels that the sprites touch.
     """
 
     STEP = 5  # every fifth byte is enough
@@ -168,7 +177,7 @@ class Fader:
         return layer
 
     def opacities(self, picture):
-        """Name to opacity, 0 to 1 but for the error of the estimate."""
+        """The opacities by name, 0 to 1 apart from the error of the estimate."""
         change = [picture.data[i] - b for i, b in zip(self.touched, self.backdrop)]
         rights = [_dot(layer, change) for layer in self.layers]
         return dict(zip(self.names, _solve(self.products, rights)))

@@ -1,4 +1,4 @@
-"""What the tests of the levels share: the turns that the program writes down, and the units on its pictures."""
+"""What the tests of the levels share: the turns that the program prints, and the units in its pictures."""
 import math
 import os
 import time
@@ -11,7 +11,7 @@ TURN_LINES = {
     "Player Unit Select", "Player Move", "Player Shoot", "Player Turn End"
 }
 MUSIC = "maintheme03.ogg"
-SMALLER_WINDOW = (960, 540)  # software that draws all this keeps up with it, which saves half of the time
+SMALLER_WINDOW = (960, 540)  # a software renderer keeps up with it, which saves half of the time
 
 TURN_PATIENCE = 150.0  # seconds on a loaded machine for a whole round, or until all is at rest
 LOOK_PAUSE = 0.25  # seconds between two looks: a picture takes as long as some steps of the game
@@ -55,7 +55,7 @@ def angle_between(a, b):
 
 
 class View:
-    """A picture of the window, read in places of the world."""
+    """A picture of the window, addressed by places of the world."""
 
     def __init__(self, picture):
         self.picture = picture
@@ -93,7 +93,7 @@ class View:
         return sorted(places, key=lambda place: -place[1])
 
     def gun_bearing(self, unit):
-        """Where the gun of a unit points to, by the yellow of its muzzle."""
+        """The direction of a unit's gun, by the yellow of its muzzle."""
         reach = range(-MUZZLE[1], MUZZLE[1] + 1, 2)
         seen = [(dx, dy) for dx in reach for dy in reach
                 if MUZZLE[0] < math.hypot(dx, dy) < MUZZLE[1] and is_yellow(*self.colour((unit[0] + dx, unit[1] + dy)))]
@@ -101,21 +101,21 @@ class View:
         return bearing((0, 0), (sum(x for x, _ in seen), sum(y for _, y in seen)))
 
     def gains(self, start, end, near=120, far=60):
-        """How much brighter each point of a straight way is than the ground beside it.
+        """How much brighter each point of a straight path is than the ground beside it.
 
-        Pairs of the distance from the start and the difference; `near` and `far` cut off the ends of the way.
+        Returns pairs of the offset from the start and the difference; `near` and `far` cut off the ends of the path.
         """
         length = distance(start, end)
         along = ((end[0] - start[0]) / length, (end[1] - start[1]) / length)
         result = []
-        for way in range(near, int(length) - far, 4):
-            x, y = start[0] + along[0] * way, start[1] + along[1] * way
+        for offset in range(near, int(length) - far, 4):
+            x, y = start[0] + along[0] * offset, start[1] + along[1] * offset
             beside = [sum(self.colour((x - side * along[1], y + side * along[0]))) for side in (-28, 28)]
-            result.append((way, (sum(self.colour((x, y))) - max(beside)) / 3))
+            result.append((offset, (sum(self.colour((x, y))) - max(beside)) / 3))
         return result
 
     def line_gain(self, start, end):
-        """How much brighter the way is than what lies beside it, for half of its points."""
+        """How much brighter than the ground beside it the path is, for half of its points."""
         gains = sorted(gain for _, gain in self.gains(start, end))
         return gains[len(gains) // 2]
 
@@ -150,7 +150,7 @@ class LevelTest(GameTest):
         return self.read_json(self.level_file())["Objects"]
 
     def change_units(self, change):
-        """Calls `change` with the record of each unit of the level, and keeps what it does."""
+        """Calls `change` with the record of each unit of the level, and writes the records back."""
         objects = self.read_json(self.objects_file())
         for root in objects["GameObjFactory"]:
             for record in root["Childs"]:
@@ -167,22 +167,22 @@ class LevelTest(GameTest):
         wait_until(lambda: self.window.size() == size, "the window's size")
         self.corner = self.window.rectangle()[:2]
 
-    # What it shows
+    # The picture
 
     def look(self, name=None):
-        """What the window shows; with a name the picture is kept beside the program's output."""
+        """The view of the window; with a name the picture is kept beside the program's output."""
         picture = self.window.picture()
         if name is not None:
             self.noted.append((name, picture))
         return View(picture)
 
     def save_pictures(self):
-        """At the end, since packing a picture takes as long as many steps of the game."""
+        """Saves at the end, since packing a picture takes as long as many steps of the game."""
         for count, (name, picture) in enumerate(self.noted, 1):
             picture.save(self.logs / f"{count:02}-{name}.png")
 
     def watch(self, condition, what, patience=TURN_PATIENCE):
-        """Looks at the window until a condition on the view is true, and returns what it gave."""
+        """Looks at the window until a condition on the view holds, and returns the condition's result."""
         def seen():
             result = condition(self.look())
             if not result:
@@ -196,15 +196,15 @@ class LevelTest(GameTest):
     def enemies(self):
         return self.look().units(is_red)
 
-    def wait_for_shot(self, ways, name):
-        """Waits until a shot has been seen in two places of one of several ways, the second one farther."""
-        first = [None] * len(ways)
+    def wait_for_shot(self, paths, name):
+        """Waits until a shot has been seen at two offsets of one of several paths, the second one larger."""
+        first = [None] * len(paths)
 
         def flown():
             view = self.look()
-            for index, way in enumerate(ways):
-                spot, gain = max(view.gains(*way), key=lambda pair: pair[1])
-                if gain < SHOT_SEEN or view.line_gain(*way) > LINE_UNSEEN:
+            for index, path in enumerate(paths):
+                spot, gain = max(view.gains(*path), key=lambda pair: pair[1])
+                if gain < SHOT_SEEN or view.line_gain(*path) > LINE_UNSEEN:
                     continue
                 farther = first[index] is not None and spot > first[index] + 40
                 if first[index] is None or farther:
@@ -226,7 +226,7 @@ class LevelTest(GameTest):
                 pass
         return names
 
-    # What it says
+    # The printed lines
 
     def turns(self):
         """The lines of the turn machine so far."""
@@ -236,16 +236,16 @@ class LevelTest(GameTest):
         return self.turns().count(line)
 
     def wait_for(self, line, times=1):
-        """Waits until a line has been written so many times since the start."""
+        """Waits until a line has been printed this many times since the start."""
         wait_until(lambda: self.count(line) >= times, f"{times} times '{line}'", TURN_PATIENCE)
 
     def assert_no_turns(self, seconds):
-        """The turn machine says nothing for a while."""
+        """The turn machine prints nothing for a while."""
         before = self.turns()
         time.sleep(seconds)
         self.assertEqual(self.turns()[len(before):], [])
 
-    # What a player does
+    # The player's input
 
     def point_at(self, place):
         """Moves the mouse to a place in the world."""
@@ -263,7 +263,7 @@ class LevelTest(GameTest):
             call("xdotool", "mouseup", "1")
 
     def wait_for_aim(self, times):
-        """Waits until the so-many-th player unit since the start aims at the mouse; returns its place."""
+        """Waits until a player unit aims at the mouse, after this many selections since the start; returns its place."""
         self.wait_for("Player Unit Select", times)
 
         def aiming(view):

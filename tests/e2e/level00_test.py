@@ -1,10 +1,9 @@
-"""The training range in the real program, and the levels' files."""
+"""The training range in the real program."""
 import copy
-import subprocess
 import time
 import unittest
 
-from case import ROOT, find_record
+from case import find_record
 from level import LINE_SEEN, MUSIC, LevelTest, is_green
 from driver import tap, wait_until
 
@@ -12,11 +11,11 @@ MOVED = 12  # mean change of a region from which a body has gone; the floor unde
 STILL = 3  # mean change of a region in which nothing moves
 
 PLAYERS = 4
-WINDOW = (800, 450)  # many turns are played: software that draws all this keeps up with it
+WINDOW = (800, 450)  # many turns are played, and a software renderer keeps up with it
 WEAPONS = {f"Projectile{kind}"
            for kind in ("Default", "Bounce", "Explosion", "Pierce", "Push", "Swap", "Vacuum")}
-SHOWN = 12  # mean change of the place where a weapon's label comes up
-AHEAD = 300  # world units to the right of a unit, where it shoots
+SHOWN = 12  # mean change of the place where a weapon's label appears
+AHEAD = 300  # world units to the right of a unit at which it shoots
 
 
 class TrainingRange(LevelTest):
@@ -34,7 +33,7 @@ class TrainingRange(LevelTest):
         return self.watch(lambda view: len(view.units(is_green)) == PLAYERS and view, "the player's units")
 
     def see_the_start(self):
-        """What the level shows before anything has moved: a fast machine is past that when it is looked at."""
+        """The first view of the level without velocities: on a fast machine things move before the first look."""
         still = copy.deepcopy(self.level)
         for record in still["GameObjFactory"]:
             if "RigidBody" in record:
@@ -47,7 +46,7 @@ class TrainingRange(LevelTest):
         return view
 
     def region(self, view, record):
-        """What the view shows where a thing is when the level starts."""
+        """The part of the view where a thing is when the level starts."""
         transform = record["Transform"]
         return view.crop(transform["m_pos"][:2], *transform["m_scale"][:2])
 
@@ -89,7 +88,7 @@ class TrainingRange(LevelTest):
         self.assert_orderly_end(self.game)
 
     def check_armament(self):
-        """The first weapons of all units and the second ones of all but the last are all there are."""
+        """The first weapons of all units and the second ones of all but the last are all kinds of weapons."""
         units = [record for record in self.records[0]["Childs"] if "Player" in record]
         self.assertEqual(len(units), PLAYERS)
         carried = [[part for weapon in (0, 1)
@@ -100,10 +99,10 @@ class TrainingRange(LevelTest):
         self.assertEqual(len(fired), len(WEAPONS))
 
     def check_movement(self, start):
-        """Things leave their places, the wall stands, sparks rise, and there is music."""
+        """Things leave their places, the wall stands, sparks rise, and the music's file is open."""
         bodies = self.moving()
         self.assertGreaterEqual(len(bodies), 8)
-        wall = ((30, -510), 60, 60)  # away from the units, whose lamps grow brighter in their turns
+        wall = ((30, -510), 60, 60)  # away from the units, whose lights grow brighter in their turns
 
         left = set()  # bodies seen elsewhere at some time: another one may come to rest in a place
 
@@ -112,13 +111,13 @@ class TrainingRange(LevelTest):
                         if self.region(view, body).difference(self.region(start, body)) > MOVED)
             return view if len(left) >= len(bodies) // 2 else None
         later = self.watch(changed, "half of the bodies elsewhere")
-        self.look("things-under-way")
+        self.look("things-in-motion")
         self.assertLess(later.crop(*wall).difference(start.crop(*wall)), STILL, "the wall stands")
         self.watch(lambda view: self.sparks(view) > 30, "sparks above the fountain")
         wait_until(lambda: MUSIC in self.open_files(), "the music's file")
 
     def check_rest(self):
-        """The player's turn begins when nothing moves; only sparks do."""
+        """The player's turn begins when nothing but sparks moves."""
         before = self.look("at-rest")
         time.sleep(1)
         after = self.look()
@@ -127,7 +126,7 @@ class TrainingRange(LevelTest):
             self.assertLess(change, STILL, f"around {middle}")
 
     def shoot(self, turn, weapon):
-        """The selected unit shoots to the right, with its second weapon after Q, whose label comes up."""
+        """The selected unit shoots to the right; for its second weapon Q is pressed, which shows a label."""
         self.point_at((-400, 0))
         unit = self.wait_for_aim(turn)
         if weapon == "second":
@@ -151,14 +150,6 @@ class TrainingRange(LevelTest):
         self.assertEqual(self.game.output().splitlines().count(cells), 1)
         self.window.close()
         self.game.wait_for_end()
-
-
-class Files(unittest.TestCase):
-
-    def test_they_are_what_the_maker_makes(self):
-        made = subprocess.run([str(ROOT / "tools/levelmaker"), "--check"], stdout=subprocess.PIPE,
-                              stderr=subprocess.STDOUT, text=True)
-        self.assertEqual(made.returncode, 0, made.stdout)
 
 
 if __name__ == "__main__":

@@ -1,11 +1,10 @@
 """The first level in the real program, played with real keys and a real mouse."""
-import subprocess
 import time
 import unittest
 
 from level import (LINE_SEEN, LINE_UNSEEN, MUSIC, NEAR, TURN_PATIENCE, LevelTest, angle_between, bearing, distance,
                    is_green, is_red)
-from driver import ask, call, tap, wait_until
+from driver import call, tap, wait_until
 
 DIRECTIONS = {"w": (0, 1), "a": (-1, 0), "s": (0, -1), "d": (1, 0)}
 DRIVE = 15  # world units from its start at which a unit has surely moved
@@ -13,8 +12,8 @@ ANGLE = 9  # degrees to which the gun's bearing is read from a picture
 
 MOST_TURNS = 24  # of the player, until a level must be over
 
-SHOWN = 12  # mean change of a part of the picture in which something came up
-SAME = 4  # mean change of a part in which nothing did; a unit's lamp and noise make less
+SHOWN = 12  # mean change of a part of the picture in which something appeared
+SAME = 4  # mean change of a part in which nothing did; a unit's light and noise make less
 
 
 class FirstLevel(LevelTest):
@@ -22,7 +21,7 @@ class FirstLevel(LevelTest):
     LEVEL = "Level01"
 
     def start_places(self, key):
-        """Where the units of a side stand in the level's file, from the top downwards."""
+        """The places of a side's units in the level's file, from the top downwards."""
         root = self.read_json(self.objects_file())["GameObjFactory"][0]
         return sorted((tuple(record["Transform"]["m_pos"][:2]) for record in root["Childs"] if key in record),
                       key=lambda place: -place[1])
@@ -34,7 +33,7 @@ class FirstLevel(LevelTest):
         self.change_units(change)
 
     def wait_for_all(self):
-        """Waits until the units have come up."""
+        """Waits until all units are there."""
         self.watch(lambda view: len(view.units(is_red)) == len(view.units(is_green)) == 2, "two units a side")
 
     def next_turn(self, turns, is_side):
@@ -49,14 +48,14 @@ class FirstLevel(LevelTest):
         return self.watch(event, "the next turn or the end")
 
     def assert_level_over(self, side):
-        """One side is gone, the music is off, nobody gets a turn any more, and the program runs on."""
+        """One side is gone, the music is off, no unit gets a turn, and the program runs on."""
         wait_until(lambda: MUSIC not in self.open_files(), "the music's end")
         self.assert_no_turns(3)
         self.assertEqual(self.look("level-over").units(side), [])
         self.assertTrue(self.game.is_running())
 
     def unit_near(self, place):
-        """Where the player unit is that is nearest to a place."""
+        """The place of the player unit that is nearest to a place."""
         return min(self.players(), key=lambda unit: distance(unit, place))
 
 
@@ -109,7 +108,7 @@ class Round(FirstLevel):
         """A held key drives until the energy is gone; R gives the place and the energy back."""
         call("xdotool", "keydown", "d")
         try:
-            wait_until(lambda: self.unit_near(start)[0] > start[0] + DRIVE, "the unit on its way")
+            wait_until(lambda: self.unit_near(start)[0] > start[0] + DRIVE, "the unit in motion")
             end = self.wait_for_stop(start)
         finally:
             call("xdotool", "keyup", "d")
@@ -138,16 +137,16 @@ class Round(FirstLevel):
 
     def check_directions(self, start):
         for key, (x, y) in DIRECTIONS.items():
-            def way():
+            def progress():
                 now = self.unit_near(start)
                 return (now[0] - start[0]) * x + (now[1] - start[1]) * y
             call("xdotool", "keydown", key)
             try:
-                wait_until(lambda: way() > DRIVE, f"the unit driven by {key}")
+                wait_until(lambda: progress() > DRIVE, f"the unit driven by {key}")
             finally:
                 call("xdotool", "keyup", key)
             end = self.wait_for_stop(start)
-            along = way()
+            along = progress()
             self.assertLess(distance(end, (start[0] + along * x, start[1] + along * y)), NEAR, key)
             tap("r")
             wait_until(lambda: distance(self.unit_near(start), start) < NEAR, f"the unit back after {key}")
@@ -163,7 +162,7 @@ class Round(FirstLevel):
             self.assertLess(angle_between(view.gun_bearing(unit), bearing(unit, place)), ANGLE)
 
     def check_other_weapon(self, unit):
-        """Q brings up a label beside the unit and another gun, which stays when the label has gone."""
+        """Q shows a label beside the unit and another gun, which stays when the label has gone."""
         self.point_at((unit[0], unit[1] - 400))
         time.sleep(1)
         before = self.look("first-weapon")
@@ -205,7 +204,7 @@ class Round(FirstLevel):
 
 class Defeat(FirstLevel):
 
-    def test_who_only_skips_is_shot_until_none_is_left(self):
+    def test_a_side_that_only_skips_is_shot_until_none_is_left(self):
         self.set_health("Player", 1)
         self.start_level()
         self.wait_for_all()
@@ -218,7 +217,7 @@ class Defeat(FirstLevel):
             self.assertLess(turns, MOST_TURNS)
         self.assert_level_over(is_green)
         self.assertEqual(len(self.enemies()), 2)
-        self.assertEqual(living[:2], [2, 2], "none dies in the first round")
+        self.assertEqual(living[:2], [2, 2], "no unit dies in the first round")
         self.assertEqual(living, sorted(living, reverse=True))
         said = self.turns()
         self.assertGreaterEqual(said.count("Enemy Shoot"), 2)
@@ -235,12 +234,12 @@ class Victory(FirstLevel):
         self.map = self.read_json(level["TileMap"])["TileMap"]
 
     def is_clear(self, start, end):
-        """True if no wall is in the way of a shot, a little wider than it is."""
+        """True if no wall lies on the path of a shot, taken a little wider than the shot."""
         length = distance(start, end)
         x, y = (end[0] - start[0]) / length, (end[1] - start[1]) / length
-        for way in range(0, int(length), 10):
+        for along in range(0, int(length), 10):
             for aside in (-25, 0, 25):
-                place = (start[0] + way * x - aside * y, start[1] + way * y + aside * x)
+                place = (start[0] + along * x - aside * y, start[1] + along * y + aside * x)
                 if self.map[int((540 - place[1]) // 60)][int((960 + place[0]) // 60)]:
                     return False
         return True
@@ -281,7 +280,7 @@ class Victory(FirstLevel):
         self.assert_orderly_end(self.game)
 
     def check_restart(self):
-        """Space brings everybody back, and the enemies' first move."""
+        """Space brings all units back, and the enemies' first move."""
         before = len(self.turns())
         tap("space")
         self.wait_for_all()
@@ -297,20 +296,12 @@ class Interruptions(FirstLevel):
         super().setUp()
         self.start_level()
 
-    def other_window(self):
-        """Opens a second window, which takes the focus."""
-        message = subprocess.Popen(["xmessage", "-title", "Another", "This window takes the focus."])
-        self.addCleanup(message.wait)
-        self.addCleanup(message.kill)
-        wait_until(lambda: ask("xdotool", "search", "--onlyvisible", "--name", "^Another$"), "the second window")
-        return message
-
     def wait_for_walk(self, times):
-        """Waits until the so-many-th enemy since the start walks."""
+        """Waits until an enemy walks, after so many selections of enemies since the start."""
         self.wait_for("Enemy Unit Select", times)
         start = self.watch(lambda view: len(view.units(is_red)) == 2 and view.units(is_red), "two enemies")
         self.watch(lambda view: any(distance(now, was) > NEAR for now, was in zip(view.units(is_red), start)),
-                   "an enemy on its way")
+                   "an enemy that walks")
 
     def assert_paused(self, name):
         time.sleep(1)
@@ -327,7 +318,7 @@ class Interruptions(FirstLevel):
         self.wait_for("Enemy Aim", 1)
 
         self.wait_for_walk(2)
-        message = self.other_window()
+        _, message = self.open_other_window()
         wait_until(self.window.is_minimised, "the window minimised")
         self.assert_no_turns(1.5)
         message.kill()

@@ -1,10 +1,9 @@
 """The window: its modes, its focus, and the crosshair."""
-import subprocess
 import time
 import unittest
 
 from case import SETTINGS, WINDOW, GameTest, background
-from driver import SCREEN, ask, call, move_mouse, tap, wait_until
+from driver import SCREEN, call, move_mouse, tap, wait_until
 
 CROSSHAIR = 44  # edge of a square around the crosshair in the shipped window (pixels)
 
@@ -18,14 +17,6 @@ class Window(GameTest):
     def start_and_wait(self):
         self.game = self.start()
         self.window = self.game.wait_for_window()
-
-    def other_window(self):
-        """Opens a second window, which takes the focus."""
-        message = subprocess.Popen(["xmessage", "-title", "Another", "This window takes the focus."])
-        self.addCleanup(message.wait)
-        self.addCleanup(message.kill)
-        return wait_until(lambda: ask("xdotool", "search", "--onlyvisible", "--name", "^Another$").split(),
-                          "the second window")[0]
 
     def assert_covers_the_screen(self):
         wait_until(lambda: self.window.rectangle() == (0, 0, *SCREEN), "a window as large as the screen")
@@ -65,7 +56,7 @@ class Window(GameTest):
 
     def test_losing_the_focus_minimises_the_window_until_the_user_brings_it_back(self):
         self.start_and_wait()
-        self.other_window()
+        self.open_other_window()
         wait_until(self.window.is_minimised, "the window minimised")
         time.sleep(1)
         self.assertTrue(self.window.is_minimised(), "it does not come back by itself")
@@ -77,7 +68,7 @@ class Window(GameTest):
         self.start_and_wait()
         tap("F6")
         self.assert_covers_the_screen()
-        other = self.other_window()
+        other, _ = self.open_other_window()
         call("wmctrl", "-i", "-a", other)
         wait_until(self.window.is_minimised, "the window minimised")
         self.window.activate()
