@@ -1,7 +1,7 @@
 """Drives the game in a window as a player does, and looks at the screen.
 
-Used by the scripted session of ./play and by the end-to-end tests. Everything goes through the X display
-that DISPLAY names (tools/screen gives one): key and mouse events by xdotool, pictures by ImageMagick.
+The scripted session of ./play and the end-to-end tests use it. Everything goes through the X display that DISPLAY
+names, such as that of tools/screen: key and mouse events through xdotool, pictures of the screen through ImageMagick.
 """
 import os
 import pathlib
@@ -12,12 +12,12 @@ import time
 
 SCREEN = (1920, 1080)
 TITLE = "Carapace"
-PATIENCE = 60.0  # seconds that a loaded machine may need for anything that takes no time elsewhere
-TAP = 0.1  # seconds that a key is held: a few steps of the game, which polls some keys
+PATIENCE = 60.0  # seconds that a loaded machine may need for what takes no time elsewhere
+TAP = 0.1  # seconds that a tapped key is down: a few steps of the game, which polls some keys
 
 
 class TooLate(Exception):
-    """Something did not come about in time."""
+    """A condition did not come true in time."""
 
 
 def call(*command):
@@ -70,7 +70,7 @@ class Picture:
 
     @classmethod
     def of_screen(cls):
-        """What the screen shows now."""
+        """A picture of the screen as it is now."""
         data = subprocess.run(
             ["import", "-silent", "-window", "root", "-depth", "8", "rgb:-"],
             check=True, stdout=subprocess.PIPE).stdout
@@ -115,7 +115,7 @@ class Window:
         return self.rectangle()[2:]
 
     def picture(self):
-        """The client area, once all of it is on the screen."""
+        """A picture of the client area, once all of it is on the screen."""
         def inside():
             x, y, width, height = self.rectangle()
             fits = x >= 0 and y >= 0 and x + width <= SCREEN[0] and y + height <= SCREEN[1]
@@ -126,7 +126,7 @@ class Window:
         return ask("xdotool", "getwindowfocus").strip() == self.id
 
     def state(self):
-        """The window manager's words on the window, as text: _NET_WM_STATE_FULLSCREEN, Iconic, ..."""
+        """The window's state in the window manager's words: _NET_WM_STATE_FULLSCREEN, Iconic, ..."""
         return ask("xprop", "-id", self.id, "_NET_WM_STATE", "WM_STATE")
 
     def is_minimised(self):

@@ -23,7 +23,7 @@ for font in ("Play", "Jura"):
 
 
 def fill_in(text, name, frame, frames):
-    """Replaces each {{expression}} of a source by its value of the picture `name` in this frame."""
+    """Replaces each {{expression}} of a source by its value for the picture `name` in this frame."""
     names = {
         "name": name,
         "frame": frame,
@@ -51,8 +51,8 @@ def draw(svg, width, height):
 def spread_colour(pixels, rings=4):
     """Gives empty pixels next to painted ones their neighbours' colour.
 
-    The blend keeps colour and alpha apart, so without this the black of the
-    empty pixels would show as a dark seam where the picture is scaled.
+    Textures are filtered without regard to alpha, so the black of the empty pixels would show as a dark seam where the picture is
+    scaled.
     """
     colour = pixels[..., :3].astype(float)
     known = pixels[..., 3] > 0

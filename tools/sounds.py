@@ -16,7 +16,7 @@ import scores  # noqa: E402
 RATE = 44100
 SOUND_FONT = "/usr/share/sounds/sf2/FluidR3_GM.sf2"
 TICKS = 480  # a quarter note
-TAIL = 4.0  # seconds that what sounds at the end may take to die away
+TAIL = 4.0  # seconds in which the last notes die away
 LOUDEST = 0.89
 
 
@@ -52,8 +52,8 @@ def write_wave(samples, path):
         file.writeframes(np.round(samples * 32767.0).astype("<i2").tobytes())
 
 
-def without_depth(samples, low):
-    """The samples without what is below `low` hertz."""
+def high_pass(samples, low):
+    """The samples without the frequencies below `low` hertz."""
     spectrum = np.fft.rfft(samples, axis=0)
     pitch = np.fft.rfftfreq(len(samples), 1 / RATE) + 1e-9
     spectrum /= 1 + (low / pitch[:, None]) ** 8
@@ -61,14 +61,14 @@ def without_depth(samples, low):
 
 
 def perform_part(part, tempo, count, folder):
-    """`count` frames of one part, at its level."""
+    """The first `count` frames of one part, at its level."""
     write_midi(part, tempo, folder / "part.mid")
     subprocess.run(["fluidsynth", "-ni", "-F", folder / "part.wav", "-r", str(RATE), "-g", "0.4", SOUND_FONT,
                     folder / "part.mid"], check=True, stdout=subprocess.DEVNULL)
     played = read_wave(folder / "part.wav")
     samples = np.zeros((count, 2))
     samples[:min(len(played), count)] = played[:count]
-    samples = without_depth(samples, part.low)
+    samples = high_pass(samples, part.low)
     heard = np.abs(samples).max(axis=1) > 1e-4
     return samples * part.level / np.sqrt((samples[heard] ** 2).mean())
 

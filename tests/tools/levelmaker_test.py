@@ -17,8 +17,8 @@ class LevelMaker(unittest.TestCase):
     def test_a_unit_has_its_shots_and_marks(self):
         files = make_level(LEVEL01)
         objects = json.loads(files["Level Editor/Levels/Level01/Entity/Units.json"])["GameObjFactory"]
-        tank = next(child for child in objects[0]["Childs"] if "Player" in child)
-        names = [child["name"] for child in tank["Childs"]]
+        unit = next(child for child in objects[0]["Childs"] if "Player" in child)
+        names = [child["name"] for child in unit["Childs"]]
         for name in ("Weapon0Barrel", "Weapon1Projectile", "ui_selected", "hp_font", "unit_damaged"):
             self.assertEqual(names.count(name), 1, name)
 

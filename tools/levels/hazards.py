@@ -1,4 +1,4 @@
-"""Hazards: what a level has against its units, and what they can hide behind."""
+"""Hazards: what hurts or hinders units, and the cover that they hide behind."""
 import sys
 
 from records import animation, body, collider, light, record, render, shared_square, sprite, transform
@@ -66,7 +66,7 @@ def barrier(own):
 
 
 def death_field(own):
-    """Asleep until the boss's second phase wakes it, unless it is described as awake."""
+    """Switched off until the boss's second phase, unless it is described as awake."""
     awake = own.get("awake", False)
     out = record("DeathField", {
         **place(own, 600),

@@ -1,17 +1,17 @@
-"""Units: a tank of either side, or a boss, with everything that the game finds by name among its children."""
+"""Units: those of both sides and the boss, with all children that the game finds by name."""
 import sys
 
 from levels.shots import HIT, KINDS, shot
 from records import (animation, attached, body, collider, floats, light, puffs, record, render, shared_square, sounds, sprite,
                      transform)
 
-# With mass 350 and a loss of 3 a second, a full bar of energy (2 seconds) carries a player 248 units, and it rests 1.3
-# seconds after the key is let go. One push of an enemy carries it 95.
+# With a mass of 350 and a drag of 3, the full energy of 2 seconds carries a player 248 units, and the unit rests 1.3 seconds
+# after the key is released. One push carries an enemy 90 units.
 MASS, DRAG, INERTIA = 350, 3, 360000
 SIZE = {"player": 90, "enemy": 90, "boss": 270}
-# A gun's size for the unit's. An enemy fires from gun / 1.2 before its middle, which must lie clear of its own shape.
+# A gun's size, as a part of the unit's. An enemy's muzzle lies gun / 1.2 before its middle, which must be clear of its shape.
 GUN = 0.82
-SNAP = 60  # arrival distance: more than half a push, or a patrol would step over its points
+SNAP = 60  # arrival distance: more than half a push, or an enemy would step over its waypoints
 SIDES = {
     "player": dict(look="Player", gun="Green", colour=(0.18, 0.9, 0.65)),
     "enemy": dict(look="Enemy", gun="Red", colour=(1.0, 0.35, 0.37)),
@@ -95,7 +95,7 @@ def marks(own, size, filling):
 
 
 def ring(own, size):
-    """It waits closed and unseen; being selected opens it."""
+    """The selection ring, closed and hidden until the unit is selected."""
     return record("ui_selected", {
         "Transform": attached(own, (0, 0), (size, size), follow=True),
         **sprite("UnitBeetle_SelectedOutline", visible=False),
@@ -137,7 +137,7 @@ def pieces(unit, kind, own):
 
 
 def read(unit, number):
-    """The kind and the name of a unit; ends the program when the description has slipped."""
+    """The kind and the name of a unit; ends the program if the description is wrong."""
     name = unit.get("name", f"{unit.get('side', 'unit')}{number}")
     if unit.get("side") not in ("player", "enemy"):
         sys.exit(f"{name}: its side is neither player nor enemy")
