@@ -14,6 +14,7 @@
 #include "core/messages.h"
 #include "game/level00hash.h"
 #include "game/level00world.h"
+#include "platform/virtualkeys.h"
 #include "support/autoplayer.h"
 #include "support/recordedgame.h"
 
@@ -37,7 +38,6 @@ constexpr std::uint32_t kSeed = 11;
 constexpr int kStepsOfAGame = 20000;        ///< then it is restarted, decided or not
 constexpr int kShownEnd = 120;              ///< steps of a level that is over
 constexpr int kWarmGames = 3;               ///< after which memory must not grow
-constexpr int kRestartKey = 32;             ///< the space bar
 constexpr std::size_t kGrowth = 32 * 1024;  ///< allowed, for lists that were never as long before
 
 std::size_t BytesInUse() {
@@ -94,7 +94,7 @@ int PlayOnce(World* world, int most, Report* report) {
 
 /// Leaves the level and enters it again, with random numbers of its own.
 void Restart(World* world, int game) {
-  world->Send(ZOVEngine::KeyUp(kRestartKey));
+  world->Send(ZOVEngine::KeyUp(ZOVEngine::kVkSpace));
   world->Step();
   world->mixer.streams.clear();  // it remembers all that were ever played
   world->Step();

@@ -13,6 +13,7 @@
 #include "physics/components/colliderholder.h"
 #include "physics/components/transform.h"
 #include "platform/inputsystem.h"
+#include "platform/virtualkeys.h"
 
 namespace carapace_test {
 
@@ -27,8 +28,8 @@ constexpr int kMostDrives = 3;       ///< in a turn
 constexpr int kAimSteps = 3;         ///< from the aim to the click
 constexpr float kUnitReach = 45.0f;  ///< about half of a unit
 constexpr float kLineReach = 70.0f;  ///< a shot that passes at this distance misses
-constexpr int kSkipKey = 70;         // F
-constexpr int kSwitchKey = 81;       // Q
+constexpr int kSkipKey = kVkF;
+constexpr int kSwitchKey = kVkQ;
 
 const Vector3D& PlaceOf(GameObj* object) {
   return object->GetComponent<Transform>()->m_world_pos;

@@ -53,10 +53,10 @@ InputSystem::~InputSystem() {
 }
 
 void InputSystem::Init() {
-  m_keyUp = 'W';
-  m_keyDown = 'S';
-  m_keyLeft = 'A';
-  m_keyRight = 'D';
+  m_keyUp = kVkW;
+  m_keyDown = kVkS;
+  m_keyLeft = kVkA;
+  m_keyRight = kVkD;
   m_mouseLeft = kVkLeftButton;
   m_mouseRight = kVkRightButton;
   m_heldUp = m_heldDown = m_heldLeft = m_heldRight = false;

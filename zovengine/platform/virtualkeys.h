@@ -4,8 +4,8 @@
 
 namespace ZOVEngine {
 
-/// The virtual-key codes that the engine itself names. Letters and digits are their ASCII codes,
-/// with letters in upper case ('W' is 87).
+/// The virtual-key codes that the engine itself names, the same on every platform. A letter's code
+/// is the ASCII code of its upper case, a digit's its own.
 enum VirtualKey : std::uint32_t {
   kVkNone = 0,
   kVkLeftButton = 1,
@@ -31,6 +31,16 @@ enum VirtualKey : std::uint32_t {
   kVkPrintScreen = 44,
   kVkInsert = 45,
   kVkDelete = 46,
+  kVkA = 'A',
+  kVkB = 'B',
+  kVkD = 'D',
+  kVkF = 'F',
+  kVkG = 'G',
+  kVkH = 'H',
+  kVkQ = 'Q',
+  kVkR = 'R',
+  kVkS = 'S',
+  kVkW = 'W',
   kVkLeftSystem = 91,
   kVkRightSystem = 92,
   kVkMenu = 93,
