@@ -133,4 +133,21 @@ inline ZOVEngine::BoxCollider& BoxOf(ZOVEngine::GameObj* object) {
       *object->GetComponent<ZOVEngine::ColliderHolder>()->m_collider);
 }
 
+/// The rectangle of a merged box: left, bottom, right, top.
+using Rectangle = std::vector<float>;
+
+inline Rectangle BoundsOf(ZOVEngine::GameObj* collider) {
+  const ZOVEngine::BoxCollider& box = BoxOf(collider);
+  return {box.m_min.x, box.m_min.y, box.m_max.x, box.m_max.y};
+}
+
+/// Builds the level "Plain" from files and returns the rectangles of its colliders, in their order.
+inline std::vector<Rectangle> Built(const Files& files) {
+  TileWorld world(files);
+  world.Build();
+  std::vector<Rectangle> bounds;
+  for (ZOVEngine::GameObj* collider : world.Colliders()) bounds.push_back(BoundsOf(collider));
+  return bounds;
+}
+
 }  // namespace carapace_test

@@ -1,28 +1,21 @@
 #pragma once
 
+#include <string>
 #include <vector>
-
-#include "gameobj.h"
-#include "physics/components/colliderholder.h"
 
 namespace ZOVEngine {
 
-/// One of the boxes into which a level's tiles are merged, while they are being merged.
-///
-/// A box grows in one direction only: to the right or downward. What it has grown by shows in its
-/// shape and in the local fields of its Transform; the world fields follow in the next derivation.
-struct TileCollider {
-  ColliderHolder* holder = nullptr;  ///< of an object made from the archetype "tilecollider"
-  bool grown_x = false;
-  bool grown_y = false;
-};
+class GameObj;
+struct TileMap;
 
-/// Adds the square of `tile`, which must have a Transform, to the boxes that end where it begins.
+/// Builds the tiles of the level file at `level_path`: loads its tile objects into `tiles` and its
+/// tile map into `map`, and merges the tiles into as few colliders as it can.
 ///
-/// Each box that continues into the tile grows by it, be it more than one; if none does, a new
-/// object "tilecollider" is made at the tile's place, with the size that its archetype has, and
-/// appended. Edges are compared as whole numbers, so tiles of odd size at whole positions, whose
-/// edges lie between two, are not merged. An archetype without a box ends the program.
-void MergeTileCollider(GameObj* tile, std::vector<TileCollider>* colliders);
+/// A level whose tile objects' file does not exist has no tiles, and one whose tiles are loaded
+/// already, by the editor for instance, keeps them: both end here without a word, `map` and `tiles`
+/// as they were. An absent level file ends the program. Tiles are matched with cells by their world
+/// positions as the file has them; a tile on no cell is drawn and does not collide, and of several
+/// on one cell the first does.
+void BuildTiles(const std::string& level_path, TileMap* map, std::vector<GameObj*>* tiles);
 
 }  // namespace ZOVEngine

@@ -7,6 +7,7 @@
 #include "core/engine.h"
 #include "core/statemachine.h"
 #include "game/camera.h"
+#include "game/levels/levelbuilder.h"
 #include "game/objectquery.h"
 #include "game/units/enemy.h"
 #include "game/units/player.h"
@@ -86,6 +87,10 @@ void GameController::GatherChildren() {
       SetState(child, "spawn");
     }
   }
+}
+
+void GameController::BuildLevel(const std::string& level_path) {
+  BuildTiles(level_path, &m_tile_map, &m_tile_objects);
 }
 
 void GameController::ResetEnemies() {

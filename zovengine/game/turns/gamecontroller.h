@@ -58,14 +58,7 @@ class GameController final : public LogicComponent {
   /// queries for the selected unit and for this controller.
   void OnMessage(Message* message) override;
 
-  /// Builds the tiles of the level file at `level_path`: loads its tile objects and its tile map
-  /// and merges the tiles into as few colliders as it can.
-  ///
-  /// A level whose tile objects' file does not exist has no tiles, and one whose tiles are loaded
-  /// already, by the editor for instance, keeps them: both end here without a word. An absent level
-  /// file ends the program. Tiles are matched with cells by their world positions as the file has
-  /// them; a tile on no cell is drawn and does not collide, and of several on one cell the first
-  /// does.
+  /// Builds the tiles of the level file at `level_path` into this controller, as BuildTiles does.
   void BuildLevel(const std::string& level_path);
 
   /// Makes every living enemy ready to act and to fire again.

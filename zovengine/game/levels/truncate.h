@@ -1,0 +1,16 @@
+#pragma once
+
+#include <cstdint>
+#include <limits>
+
+namespace ZOVEngine {
+
+/// `value` without its fraction, towards zero. What an int32 cannot hold, a NaN included, becomes
+/// the lowest int32, which is the place of no tile of any map.
+inline std::int32_t Truncate(float value) {
+  constexpr float kBeyond = 2147483648.0f;
+  if (!(value >= -kBeyond && value < kBeyond)) return std::numeric_limits<std::int32_t>::min();
+  return static_cast<std::int32_t>(value);
+}
+
+}  // namespace ZOVEngine
