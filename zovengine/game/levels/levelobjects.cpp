@@ -9,8 +9,8 @@
 namespace ZOVEngine {
 namespace {
 
-// What the editor and the level's own start put into a scene. The name of the collider's archetype
-// is another one, "tilecollider" by its file; what counts here is the name in its record.
+// Names of objects that the editor and the level's own start add to a scene. The collider's
+// archetype is the file "tilecollider"; the name here is the one in its record.
 constexpr const char* kUnsavedNames[] = {"tile", "tile_collider", "particle_test", "LECamera"};
 
 }  // namespace

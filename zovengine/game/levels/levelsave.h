@@ -30,10 +30,10 @@ struct TileMapPlan {
 /// Writes the size of the map, and beside it, as "tiles.json", the active tile objects, at most as
 /// many as the map has cells.
 bool SaveTileMap(const TileMapPlan& plan);
-/// Writes the level's other objects: those without a parent, but for what belongs to the editor.
+/// Writes the level's other objects: those without a parent, except the editor's own.
 bool SaveUnits(const std::string& level_name);
-/// Writes the settings of the picture, which list the textures that were imported, and the level
-/// file, with the background of the current picture.
+/// Writes the graphics settings, which list the imported textures, and the level file with the
+/// present background.
 bool SaveLevelIndex(const std::string& level_name);
 
 }  // namespace ZOVEngine

@@ -12,8 +12,8 @@ void CheckBound(const char* key, std::uint64_t value, std::uint64_t largest) {
   FailReading(std::to_string(value) + " is above the limit of " + std::to_string(largest));
 }
 
-/// The entries of an array that has at most `most` of them.
-Value::ConstArray EntriesOf(const Value& array, std::uint32_t most, const std::string& what) {
+/// The entries of `array`, which may have at most `most`; `what` names it in reports.
+Value::ConstArray ReadEntries(const Value& array, std::uint32_t most, const std::string& what) {
   if (!array.IsArray()) FailReading(what + ": expected an array");
   if (array.Size() > most) {
     FailReading(what + ": " + std::to_string(array.Size()) + " entries, but the map has room for " +
@@ -73,9 +73,9 @@ void TileMap::ReadGrid(const Value& root) {
   if (rows == nullptr) return;
   JsonTrail::EnterKey("TileMap");
   std::size_t r = 0;
-  for (const Value& row : EntriesOf(*rows, m_height, "the rows")) {
+  for (const Value& row : ReadEntries(*rows, m_height, "the rows")) {
     std::size_t c = 0;
-    for (const Value& index : EntriesOf(row, m_width, "row " + std::to_string(r))) {
+    for (const Value& index : ReadEntries(row, m_width, "row " + std::to_string(r))) {
       m_grid[c++][r] = ToInt(index);
     }
     ++r;

@@ -10,7 +10,7 @@
 namespace ZOVEngine {
 
 /// The most columns, the most rows and the most cells that a tile map may have. The screen is 32 by
-/// 18 tiles, so this is room for a hundred screens; what a file says beyond it is a slip of its
+/// 18 tiles, so this is room for a hundred screens; a larger number in a file is a slip of its
 /// author or damage, and nothing is allocated for it.
 inline constexpr std::uint32_t kMaxTileCells = 65536;
 /// The largest tile (unit: world units). With it the extent of the largest map fits an int32.
@@ -23,8 +23,8 @@ inline constexpr std::int32_t kMaxTileSize = 16384;
 /// tiles by the positions of the tile objects, so a map without indices is a whole map: its cells
 /// are 0. Two files make a map, the one that Load reads and the tile objects beside it.
 struct TileMap {
-  /// Reads the map at `path` in place of what was there, and writes its grid to standard output as
-  /// a trace: the cells row by row, each followed by ", ", then one line end.
+  /// Replaces this map by the file at `path`, and traces its grid to standard output: the cells row
+  /// by row, each followed by ", ", then one line end.
   ///
   /// "TileObjects" and "TileMap" may be absent. A missing size prints its line and stays. An absent
   /// file ends the program, and so do, with a report of file and key: a size out of bounds, a row
