@@ -13,6 +13,7 @@
 #include "game/objectquery.h"
 #include "game/turns/turnworld.h"
 #include "objects/statec.h"
+#include "render/components/font.h"
 #include "render/components/particle.h"
 #include "ui/screens/splashcontroller.h"
 
@@ -401,15 +402,15 @@ TEST(GameController, ASideIsDeadWhenNoneOfItsUnitsLives) {
                          UnitAt(UnitKind::kPlayer, "p", 0, 0),
                          UnitAt(UnitKind::kPlayer, "p2", 0, 0)});
   GameController& controller = level.Controller();
-  level.PlayerOf("p").m_alive = level.EnemyOf("e2").m_alive = false;
+  level.GetPlayer("p").m_alive = level.GetEnemy("e2").m_alive = false;
   EXPECT_FALSE(controller.AllPlayersDead());
   EXPECT_FALSE(controller.AllEnemiesDead());
   EXPECT_EQ(controller.m_ui_state, "ui_default");
-  level.PlayerOf("p2").m_alive = false;
+  level.GetPlayer("p2").m_alive = false;
   EXPECT_TRUE(controller.AllPlayersDead());
   EXPECT_EQ(controller.m_ui_state, "ui_level_end");
   controller.m_ui_state = "ui_pause";
-  level.EnemyOf("e").m_alive = false;
+  level.GetEnemy("e").m_alive = false;
   EXPECT_TRUE(controller.AllEnemiesDead());
   EXPECT_EQ(controller.m_ui_state, "ui_level_end");
 }
@@ -425,27 +426,27 @@ TEST(GameController, EnemiesHaveActedWhenTheLivingOnesHaveMoved) {
   const TurnWorld level(
       {UnitAt(UnitKind::kEnemy, "e", 0, 0), UnitAt(UnitKind::kEnemy, "e2", 0, 0)});
   EXPECT_FALSE(level.Controller().AllEnemiesActed());
-  level.EnemyOf("e").m_moved = true;
+  level.GetEnemy("e").m_moved = true;
   EXPECT_FALSE(level.Controller().AllEnemiesActed());
-  level.EnemyOf("e2").m_alive = false;
+  level.GetEnemy("e2").m_alive = false;
   EXPECT_TRUE(level.Controller().AllEnemiesActed());
 }
 
 TEST(GameController, OnlyLivingEnemiesAreReset) {
   const TurnWorld level(
       {UnitAt(UnitKind::kEnemy, "e", 0, 0), UnitAt(UnitKind::kEnemy, "dead", 0, 0)});
-  level.EnemyOf("dead").m_alive = false;
+  level.GetEnemy("dead").m_alive = false;
   for (const char* name : {"e", "dead"}) {
-    level.EnemyOf(name).m_moved = level.EnemyOf(name).m_fired = true;
+    level.GetEnemy(name).m_moved = level.GetEnemy(name).m_fired = true;
   }
   level.Controller().ResetEnemies();
-  EXPECT_FALSE(level.EnemyOf("e").m_moved || level.EnemyOf("e").m_fired);
-  EXPECT_TRUE(level.EnemyOf("dead").m_moved && level.EnemyOf("dead").m_fired);
+  EXPECT_FALSE(level.GetEnemy("e").m_moved || level.GetEnemy("e").m_fired);
+  EXPECT_TRUE(level.GetEnemy("dead").m_moved && level.GetEnemy("dead").m_fired);
 }
 
 TEST(GameController, RestIsASpeedBelowThreeOnEveryAxisAndInTurning) {
   const TurnWorld level;
-  RigidBody& body = level.BodyOf("stone");
+  RigidBody& body = level.GetBody("stone");
   const auto rests = [&](float x, float y, float turn) {
     body.m_vel = Vector3D(x, y, 1000);
     body.m_rot_vel = turn;
@@ -466,9 +467,9 @@ TEST(GameController, ParticlesAndSwitchedOffBodiesDoNotDisturbTheRest) {
   EXPECT_FALSE(level.Controller().AllBodiesAtRest());
   level.Find("stone")->AddComponent<Particle>();
   EXPECT_TRUE(level.Controller().AllBodiesAtRest());
-  level.BodyOf("e").m_vel.x = 50;
+  level.GetBody("e").m_vel.x = 50;
   EXPECT_FALSE(level.Controller().AllBodiesAtRest());
-  level.BodyOf("e").m_active = false;
+  level.GetBody("e").m_active = false;
   EXPECT_TRUE(level.Controller().AllBodiesAtRest());
 }
 
@@ -491,6 +492,124 @@ TEST(GameController, ItAnswersTheQueryOfWhatIsBelowIt) {
   const TurnWorld level;
   EXPECT_EQ(FindController(level.Find("p")), &level.Controller());
   EXPECT_EQ(FindController(level.Find("level")), &level.Controller());
+}
+
+TEST(GameController, WithoutASelectedUnitTheQueryStaysAsItIs) {
+  const TurnWorld level;
+  SelectedUnit query;
+  query.objectId = 777;
+  EXPECT_EQ(level.world.Send(query).objectId, 777u);
+}
+
+// The end of a level
+
+TEST(LevelEnd, WhenBothSidesDieTogetherItIsADefeat) {
+  const TurnWorld level;
+  level.GetPlayer("p").m_alive = level.GetEnemy("e").m_alive = false;
+  level.Turn();
+  EXPECT_TRUE(level.IsAskedFor("defeat.ogg"));
+  EXPECT_FALSE(level.IsAskedFor("victory.ogg"));
+  EXPECT_TRUE(level.Sounds().sounds["theme.ogg"].stop_request);
+  EXPECT_TRUE(level.Sounds().sounds["victory.ogg"].stop_request);
+}
+
+TEST(LevelEnd, TheDeathOfTheEnemiesIsAVictory) {
+  const TurnWorld level;
+  level.GetEnemy("e").m_alive = false;
+  level.Turn();
+  EXPECT_TRUE(level.IsAskedFor("victory.ogg"));
+  EXPECT_FALSE(level.IsAskedFor("defeat.ogg"));
+  EXPECT_TRUE(level.Sounds().sounds["theme.ogg"].stop_request);
+  EXPECT_TRUE(level.Sounds().sounds["defeat.ogg"].stop_request);
+}
+
+TEST(LevelEnd, TheSoundsAreAskedForInEveryStep) {
+  const TurnWorld level;
+  level.GetEnemy("e").m_alive = false;
+  level.Turn();
+  level.Sounds().sounds.clear();
+  level.Turn();
+  EXPECT_TRUE(level.IsAskedFor("victory.ogg"));
+  EXPECT_TRUE(level.Sounds().sounds["theme.ogg"].stop_request);
+}
+
+TEST(LevelEnd, ABossIsBeatenWhenItsDeathIsOverAndNotBefore) {
+  TurnWorld level({UnitAt(UnitKind::kEnemy, "e", -300, 0, R"({"m_boss": true})"),
+                   UnitAt(UnitKind::kPlayer, "p", 300, 0)});
+  level.Key(72);
+  OutputOf([&] { level.world.Step(290); });
+  EXPECT_TRUE(level.GetEnemy("e").m_alive);
+  EXPECT_TRUE(level.GetEnemy("e").m_dying);
+  EXPECT_EQ(level.Controller().m_ui_state, "ui_default");
+  OutputOf([&] { level.world.Step(20); });
+  EXPECT_FALSE(level.GetEnemy("e").m_alive);
+  EXPECT_EQ(level.State(), TURN_LEVEL_END);
+}
+
+TEST(LevelEnd, NothingWaitsForAShotInTheAir) {
+  const TurnWorld level;
+  level.Disturb();
+  level.GetEnemy("e").m_alive = false;
+  level.TurnFrom(TURN_ENEMY_MOVE);
+  EXPECT_EQ(level.State(), TURN_LEVEL_END);
+}
+
+TEST(LevelEnd, WhatIsInTheAirFliesOn) {
+  TurnWorld level;
+  level.Disturb();
+  level.GetEnemy("e").m_alive = false;
+  const float start = TransformOf(level.Find("stone")).m_local_pos.x;
+  OutputOf([&] { level.world.Step(10); });
+  EXPECT_EQ(level.State(), TURN_LEVEL_END);
+  EXPECT_NEAR(TransformOf(level.Find("stone")).m_local_pos.x - start, 0.5f, 1e-3f);
+}
+
+// Labels
+
+TEST(UnitLabels, LivingUnitsAreNumberedBySideInOrder) {
+  const auto label = [](const std::string& name) {
+    return std::vector<std::string>{
+        Record("turn_font",
+               {{"Transform", PlacedAt(0, 0)}, {"Font", R"({"m_text": ")" + name + "\"}"}}),
+        Record("other_font", {{"Transform", PlacedAt(0, 0)}, {"Font", R"({"m_text": "other"})"}})};
+  };
+  const TurnWorld level(
+      {UnitAt(UnitKind::kEnemy, "e", 0, 0, "{}", label("e")),
+       UnitAt(UnitKind::kPlayer, "p", 0, 0, "{}", label("p")),
+       UnitAt(UnitKind::kPlayer, "dead", 0, 0, R"({"m_alive": false})", label("dead")),
+       UnitAt(UnitKind::kPlayer, "off", 0, 0, "{}", label("off")),
+       UnitAt(UnitKind::kPlayer, "p2", 0, 0, "{}", label("p2")),
+       UnitAt(UnitKind::kEnemy, "e2", 0, 0, "{}", label("e2"))});
+  level.Find("off")->active = false;
+  for (GameObj* unit : level.Controller().m_players) {
+    unit->children[0]->GetComponent<Font>()->m_text = "old";
+  }
+  level.Turn();
+  const auto text_of = [&](const char* unit, std::size_t child) {
+    return level.Find(unit)->children[child]->GetComponent<Font>()->m_text;
+  };
+  EXPECT_EQ(text_of("p", 0), "1");
+  EXPECT_EQ(text_of("p2", 0), "2");
+  EXPECT_EQ(text_of("e", 0), "1");
+  EXPECT_EQ(text_of("e2", 0), "2");
+  EXPECT_EQ(text_of("dead", 0), "old");
+  EXPECT_EQ(text_of("off", 0), "old");
+  EXPECT_EQ(text_of("p", 1), "other");
+}
+
+TEST(UnitLabels, ADeadEnemyIsNotCountedAndEachLabelOfAUnitIsWritten) {
+  const std::string font =
+      Record("turn_font", {{"Transform", PlacedAt(0, 0)}, {"Font", R"({"m_text": "old"})"}});
+  const TurnWorld level({UnitAt(UnitKind::kEnemy, "dead", 0, 0, R"({"m_alive": false})", {font}),
+                         UnitAt(UnitKind::kEnemy, "e", 0, 0, "{}", {font, font}),
+                         UnitAt(UnitKind::kPlayer, "p", 0, 0)});
+  level.Turn();
+  const auto text_of = [&](const char* unit, std::size_t child) {
+    return level.Find(unit)->children[child]->GetComponent<Font>()->m_text;
+  };
+  EXPECT_EQ(text_of("dead", 0), "old");
+  EXPECT_EQ(text_of("e", 0), "1");
+  EXPECT_EQ(text_of("e", 1), "1");
 }
 
 }  // namespace

@@ -1,3 +1,5 @@
+#include "game/turns/turninput.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -12,6 +14,7 @@
 namespace ZOVEngine {
 namespace {
 
+using carapace_test::ElementNamed;
 using carapace_test::OutputOf;
 using carapace_test::PlacedAt;
 using carapace_test::Record;
@@ -31,7 +34,7 @@ TEST(FiringClick, ItEndsTheTurnOfTheUnit) {
     level.GiveControl("p");
     level.Controller().m_state = state;
     EXPECT_EQ(level.Click(), "Player Shoot\n");
-    EXPECT_TRUE(level.PlayerOf("p").m_acted);
+    EXPECT_TRUE(level.GetPlayer("p").m_acted);
     EXPECT_EQ(level.State(), TURN_PLAYER_NEXT);
   }
 }
@@ -45,8 +48,8 @@ TEST(FiringClick, TheShotGoesToTheMouseInTheLevel) {
   level.PointAt(300, 300);
   EXPECT_EQ(level.Click(), "Player Shoot\n");
   EXPECT_TRUE(level.Find("Weapon0Projectile")->active);
-  ASSERT_THAT(level.BodyOf("Weapon0Projectile").m_forces, SizeIs(1));
-  const Vector3D& direction = level.BodyOf("Weapon0Projectile").m_forces[0]->direction;
+  ASSERT_THAT(level.GetBody("Weapon0Projectile").m_forces, SizeIs(1));
+  const Vector3D& direction = level.GetBody("Weapon0Projectile").m_forces[0]->direction;
   EXPECT_FLOAT_EQ(direction.x, 0.6f);
   EXPECT_FLOAT_EQ(direction.y, 0.8f);
 }
@@ -85,7 +88,7 @@ TEST(FiringClick, OnlyTheRingOfTheGatesHoldsIt) {
   unit->GetComponent<StateC>()->m_state = "spawn";
   unit->AddComponent<UIElement>();
   EXPECT_EQ(level.Turn(), "");
-  ASSERT_FALSE(level.PlayerOf("p").m_acted) << "the machine itself is held";
+  ASSERT_FALSE(level.GetPlayer("p").m_acted) << "the machine itself is held";
   EXPECT_EQ(level.Click(), "Player Shoot\n");
 }
 
@@ -121,8 +124,8 @@ TEST(Movement, EachDirectionHasItsForce) {
   level.GiveControl("p");
   for (std::uint32_t direction = 0; direction < 4; ++direction) {
     level.Push(direction);
-    ASSERT_THAT(level.BodyOf("p").m_forces, SizeIs(direction + 1));
-    const DirectionalForce& force = *level.BodyOf("p").m_forces.back();
+    ASSERT_THAT(level.GetBody("p").m_forces, SizeIs(direction + 1));
+    const DirectionalForce& force = *level.GetBody("p").m_forces.back();
     EXPECT_EQ(force.direction, directions[direction]);
     EXPECT_EQ(force.magnitude, 25000.0f);
     EXPECT_EQ(force.lifetime, 0.1f);
@@ -135,33 +138,33 @@ TEST(Movement, TheForceIsTheUnitsOwn) {
                          UnitAt(UnitKind::kPlayer, "p", 0, 0, R"({"m_movement_mag": 1234})")});
   level.GiveControl("p");
   level.Push(3);
-  ASSERT_THAT(level.BodyOf("p").m_forces, SizeIs(1));
-  EXPECT_EQ(level.BodyOf("p").m_forces[0]->magnitude, 1234.0f);
+  ASSERT_THAT(level.GetBody("p").m_forces, SizeIs(1));
+  EXPECT_EQ(level.GetBody("p").m_forces[0]->magnitude, 1234.0f);
 }
 
 TEST(Movement, ADirectionThatIsNoneDoesNothing) {
   const TurnWorld level;
   level.GiveControl("p");
   level.Push(4);
-  EXPECT_THAT(level.BodyOf("p").m_forces, IsEmpty());
-  EXPECT_EQ(level.PlayerOf("p").m_movement_curr, 2.0f);
+  EXPECT_THAT(level.GetBody("p").m_forces, IsEmpty());
+  EXPECT_EQ(level.GetPlayer("p").m_movement_curr, 2.0f);
 }
 
 TEST(Movement, ASlowedUnitPaysTheSameForHalfThePush) {
   const TurnWorld level;
   level.GiveControl("p");
-  level.PlayerOf("p").m_status = "slowed";
+  level.GetPlayer("p").m_status = "slowed";
   level.Push(0);
-  EXPECT_EQ(level.BodyOf("p").m_forces.back()->lifetime, 0.05f);
-  EXPECT_EQ(level.PlayerOf("p").m_movement_curr, 2.0f - 0.016f);
+  EXPECT_EQ(level.GetBody("p").m_forces.back()->lifetime, 0.05f);
+  EXPECT_EQ(level.GetPlayer("p").m_movement_curr, 2.0f - 0.016f);
 }
 
 TEST(Movement, TheReleaseOfAKeyPushesAndCostsOnceMore) {
   const TurnWorld level;
   level.GiveControl("p");
   level.Push(0, 0);
-  EXPECT_THAT(level.BodyOf("p").m_forces, SizeIs(1));
-  EXPECT_EQ(level.PlayerOf("p").m_movement_curr, 2.0f - 0.016f);
+  EXPECT_THAT(level.GetBody("p").m_forces, SizeIs(1));
+  EXPECT_EQ(level.GetPlayer("p").m_movement_curr, 2.0f - 0.016f);
 }
 
 TEST(Movement, ItNeedsASelectedUnitInItsMove) {
@@ -171,7 +174,7 @@ TEST(Movement, ItNeedsASelectedUnitInItsMove) {
   level.GiveControl("p");
   level.Controller().m_state = TURN_PLAYER_AIM;
   level.Push(0);
-  EXPECT_THAT(level.BodyOf("p").m_forces, IsEmpty());
+  EXPECT_THAT(level.GetBody("p").m_forces, IsEmpty());
 }
 
 TEST(Movement, TwoHeldKeysPushAlongBothAxesAndCostTwice) {
@@ -180,35 +183,52 @@ TEST(Movement, TwoHeldKeysPushAlongBothAxesAndCostTwice) {
   level.world.native.Press('W');
   level.world.native.Press('D');
   OutputOf([&] { level.world.Step(5); });
-  EXPECT_NEAR(level.PlayerOf("p").m_movement_curr, 2.0f - 5 * 0.032f, 1e-5f);
-  EXPECT_GT(level.BodyOf("p").m_vel.x, 100.0f);
-  EXPECT_FLOAT_EQ(level.BodyOf("p").m_vel.x, level.BodyOf("p").m_vel.y);
+  EXPECT_NEAR(level.GetPlayer("p").m_movement_curr, 2.0f - 5 * 0.032f, 1e-5f);
+  EXPECT_GT(level.GetBody("p").m_vel.x, 100.0f);
+  EXPECT_FLOAT_EQ(level.GetBody("p").m_vel.x, level.GetBody("p").m_vel.y);
 }
 
 TEST(Movement, WithoutEnergyTheUnitCoastsAndCanOnlyFire) {
   TurnWorld level;
   level.GiveControl("p");
-  level.PlayerOf("p").m_movement_curr = 0.04f;
+  level.GetPlayer("p").m_movement_curr = 0.04f;
   level.world.native.Press('D');
   OutputOf([&] { level.world.Step(2); });
   EXPECT_EQ(level.State(), TURN_PLAYER_MOVE);
   OutputOf([&] { level.world.Step(); });
   EXPECT_EQ(level.State(), TURN_PLAYER_AIM) << "the update after the push that spent the rest";
-  const float energy = level.PlayerOf("p").m_movement_curr;
-  const float speed = level.BodyOf("p").m_vel.x;
+  const float energy = level.GetPlayer("p").m_movement_curr;
+  const float speed = level.GetBody("p").m_vel.x;
   OutputOf([&] { level.world.Step(); });
-  EXPECT_EQ(level.PlayerOf("p").m_movement_curr, energy);
-  EXPECT_GT(level.BodyOf("p").m_vel.x, speed) << "the forces of the pushes go on";
+  EXPECT_EQ(level.GetPlayer("p").m_movement_curr, energy);
+  EXPECT_GT(level.GetBody("p").m_vel.x, speed) << "the forces of the pushes go on";
   EXPECT_EQ(level.Click(), "Player Shoot\n");
 }
 
 TEST(Movement, UntilTheNextUpdateAnEmptyBarStillPushes) {
   const TurnWorld level;
   level.GiveControl("p");
-  level.PlayerOf("p").m_movement_curr = 0.0f;
+  level.GetPlayer("p").m_movement_curr = 0.0f;
   level.Push(0);
-  EXPECT_THAT(level.BodyOf("p").m_forces, SizeIs(1));
-  EXPECT_EQ(level.PlayerOf("p").m_movement_curr, -0.016f);
+  EXPECT_THAT(level.GetBody("p").m_forces, SizeIs(1));
+  EXPECT_EQ(level.GetPlayer("p").m_movement_curr, -0.016f);
+}
+
+// The gate
+
+TEST(TurnInput, AClosingRingHoldsClickAndMovement) {
+  const TurnWorld level({UnitAt(UnitKind::kEnemy, "e", 0, 0),
+                         UnitAt(UnitKind::kPlayer, "p", 0, 0, "{}",
+                                {ElementNamed("ui_selection_circle_off", 2.5f)})});
+  level.GiveControl("p");
+  EXPECT_EQ(level.Click(), "");
+  level.Push(0);
+  EXPECT_THAT(level.GetBody("p").m_forces, IsEmpty());
+  EXPECT_EQ(level.GetPlayer("p").m_movement_curr, 2.0f);
+  TransformOf(level.Find("element")).m_local_scale.x = 1.0f;
+  level.Push(0);
+  EXPECT_THAT(level.GetBody("p").m_forces, SizeIs(1));
+  EXPECT_EQ(level.Click(), "Player Shoot\n");
 }
 
 // Keys
@@ -283,7 +303,7 @@ TEST(Keys, FSkipsAPlayerUnitWithAClick) {
   const TurnWorld level;
   level.GiveControl("p");
   level.Key(70);
-  EXPECT_TRUE(level.PlayerOf("p").m_acted);
+  EXPECT_TRUE(level.GetPlayer("p").m_acted);
   EXPECT_EQ(level.State(), TURN_PLAYER_NEXT);
   EXPECT_TRUE(level.IsAskedFor("button_click.ogg"));
 }
@@ -316,38 +336,38 @@ TEST(Keys, GHealsThePlayersAndHKillsTheEnemies) {
   level.Key(71);
   level.Key(72);
   for (const char* name : {"p", "p2"}) {
-    EXPECT_EQ(level.PlayerOf(name).m_health, 100);
-    EXPECT_EQ(level.PlayerOf(name).m_max_health, 100);
+    EXPECT_EQ(level.GetPlayer(name).m_health, 100);
+    EXPECT_EQ(level.GetPlayer(name).m_max_health, 100);
   }
   for (const char* name : {"e", "e2"}) {
-    EXPECT_EQ(level.EnemyOf(name).m_health, 0);
-    EXPECT_EQ(level.EnemyOf(name).m_max_health, 1);
+    EXPECT_EQ(level.GetEnemy(name).m_health, 0);
+    EXPECT_EQ(level.GetEnemy(name).m_max_health, 1);
   }
 }
 
 TEST(Keys, GAndHReachTheDeadToo) {
   const TurnWorld level;
-  level.PlayerOf("p").m_alive = level.EnemyOf("e").m_alive = false;
+  level.GetPlayer("p").m_alive = level.GetEnemy("e").m_alive = false;
   level.Key(71);
   level.Key(72);
-  EXPECT_EQ(level.PlayerOf("p").m_health, 100);
-  EXPECT_EQ(level.EnemyOf("e").m_health, 0);
+  EXPECT_EQ(level.GetPlayer("p").m_health, 100);
+  EXPECT_EQ(level.GetEnemy("e").m_health, 0);
 }
 
 TEST(Keys, QSwitchesTheWeaponWhileAUnitIsControlled) {
   const TurnWorld level;
   level.GiveControl("p");
   level.Key(81);
-  EXPECT_FALSE(level.PlayerOf("p").m_selected_first_weapon);
-  EXPECT_TRUE(level.PlayerOf("p").m_show_weapon_label);
+  EXPECT_FALSE(level.GetPlayer("p").m_selected_first_weapon);
+  EXPECT_TRUE(level.GetPlayer("p").m_show_weapon_label);
   EXPECT_TRUE(level.IsAskedFor("button_click.ogg"));
   level.Controller().m_state = TURN_PLAYER_AIM;
   level.Key(81);
-  EXPECT_TRUE(level.PlayerOf("p").m_selected_first_weapon);
+  EXPECT_TRUE(level.GetPlayer("p").m_selected_first_weapon);
   level.Sounds().sounds.clear();
   level.Controller().m_state = TURN_PLAYER_NEXT;
   level.Key(81);
-  EXPECT_TRUE(level.PlayerOf("p").m_selected_first_weapon);
+  EXPECT_TRUE(level.GetPlayer("p").m_selected_first_weapon);
   EXPECT_FALSE(level.IsAskedFor("button_click.ogg"));
 }
 
@@ -359,7 +379,7 @@ TEST(Keys, RUndoesTheMoveAsOftenAsOneLikes) {
     OutputOf([&] { level.world.Step(3); });
     level.world.native.Release('A');
     Transform& transform = TransformOf(level.Find("p"));
-    RigidBody& body = level.BodyOf("p");
+    RigidBody& body = level.GetBody("p");
     ASSERT_LT(transform.m_local_pos.x, 299.0f);
     level.Key(82);
     EXPECT_EQ(transform.m_local_pos, Vector3D(300, 0, 1));
@@ -367,28 +387,28 @@ TEST(Keys, RUndoesTheMoveAsOftenAsOneLikes) {
     EXPECT_EQ(body.m_vel, Vector3D());
     EXPECT_EQ(body.m_prev_vel, Vector3D());
     EXPECT_FALSE(body.m_forces.empty()) << "forces go on";
-    EXPECT_EQ(level.PlayerOf("p").m_movement_curr, 2.0f);
+    EXPECT_EQ(level.GetPlayer("p").m_movement_curr, 2.0f);
   }
 }
 
 TEST(Keys, RAfterTheEnergyRanOutGivesTheMoveBack) {
   const TurnWorld level;
   level.GiveControl("p");
-  level.PlayerOf("p").m_movement_curr = -0.01f;
+  level.GetPlayer("p").m_movement_curr = -0.01f;
   level.Turn();
   ASSERT_EQ(level.State(), TURN_PLAYER_AIM);
   level.Key(82);
   EXPECT_EQ(level.State(), TURN_PLAYER_MOVE);
-  EXPECT_EQ(level.PlayerOf("p").m_movement_curr, level.PlayerOf("p").m_movement_limit);
+  EXPECT_EQ(level.GetPlayer("p").m_movement_curr, level.GetPlayer("p").m_movement_limit);
 }
 
 TEST(Keys, ROutsideControlDoesNothing) {
   const TurnWorld level;
   level.GiveControl("p");
-  level.BodyOf("p").m_vel = Vector3D(1, 0, 0);
+  level.GetBody("p").m_vel = Vector3D(1, 0, 0);
   level.Controller().m_state = TURN_PLAYER_NEXT;
   level.Key(82);
-  EXPECT_EQ(level.BodyOf("p").m_vel, Vector3D(1, 0, 0));
+  EXPECT_EQ(level.GetBody("p").m_vel, Vector3D(1, 0, 0));
   EXPECT_EQ(level.State(), TURN_PLAYER_NEXT);
 }
 

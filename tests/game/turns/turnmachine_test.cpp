@@ -1,3 +1,5 @@
+#include "game/turns/turnmachine.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -9,7 +11,6 @@
 #include "game/units/aicomp.h"
 #include "objects/statec.h"
 #include "physics/components/colliderholder.h"
-#include "render/components/font.h"
 #include "ui/elements/uielement.h"
 
 namespace ZOVEngine {
@@ -30,11 +31,11 @@ using ::testing::SizeIs;
 
 TEST(TurnMachine, EnemiesThatHaveAllActedEndTheirTurn) {
   const TurnWorld level;
-  level.EnemyOf("e").m_moved = level.EnemyOf("e").m_fired = true;
+  level.GetEnemy("e").m_moved = level.GetEnemy("e").m_fired = true;
   EXPECT_EQ(level.TurnFrom(TURN_ENEMY_NEXT), "Enemy Turn End\n");
   EXPECT_EQ(level.State(), TURN_PLAYER_NEXT);
-  EXPECT_FALSE(level.EnemyOf("e").m_moved);
-  EXPECT_FALSE(level.EnemyOf("e").m_fired);
+  EXPECT_FALSE(level.GetEnemy("e").m_moved);
+  EXPECT_FALSE(level.GetEnemy("e").m_fired);
 }
 
 TEST(TurnMachine, AnEnemyLeftToActIsToBeSelected) {
@@ -45,7 +46,7 @@ TEST(TurnMachine, AnEnemyLeftToActIsToBeSelected) {
 
 TEST(TurnMachine, NoEnemyToSelectIsTheEnd) {
   const TurnWorld level;
-  level.EnemyOf("e").m_moved = true;
+  level.GetEnemy("e").m_moved = true;
   EXPECT_EQ(level.TurnFrom(TURN_ENEMY_SELECT), "Enemy Unit Select\n");
   EXPECT_EQ(level.State(), TURN_LEVEL_END);
   EXPECT_EQ(level.Turn(5), "");
@@ -71,27 +72,27 @@ TEST(TurnMachine, TheFirstLivingEnemyThatHasNotMovedIsSelected) {
       {UnitAt(UnitKind::kEnemy, "dead", 0, 0), UnitAt(UnitKind::kEnemy, "moved", 0, 0),
        UnitAt(UnitKind::kEnemy, "third", 0, 0), UnitAt(UnitKind::kEnemy, "fourth", 0, 0),
        UnitAt(UnitKind::kPlayer, "p", 0, 0)});
-  level.EnemyOf("dead").m_alive = false;
-  level.EnemyOf("moved").m_moved = true;
+  level.GetEnemy("dead").m_alive = false;
+  level.GetEnemy("moved").m_moved = true;
   level.TurnFrom(TURN_ENEMY_SELECT);
   EXPECT_EQ(level.Controller().m_selected, level.Find("third"));
 }
 
 TEST(TurnMachine, AnEnemyThatItsDamageKillsLosesItsTurn) {
   const TurnWorld level;
-  level.EnemyOf("e").m_status = "damaged";
+  level.GetEnemy("e").m_status = "damaged";
   EXPECT_EQ(level.TurnFrom(TURN_ENEMY_SELECT), "Enemy Unit Select\n");
-  EXPECT_EQ(level.EnemyOf("e").m_health, 0);
+  EXPECT_EQ(level.GetEnemy("e").m_health, 0);
   EXPECT_EQ(level.State(), TURN_ENEMY_NEXT);
 }
 
 TEST(TurnMachine, AnEnemyShootsThenMoves) {
   const TurnWorld level;
   level.Controller().m_selected = level.Find("e");
-  level.EnemyOf("e").m_target = level.Find("p");
+  level.GetEnemy("e").m_target = level.Find("p");
   EXPECT_EQ(level.TurnFrom(TURN_ENEMY_SHOOT), "Enemy Shoot\n");
   EXPECT_EQ(level.State(), TURN_ENEMY_MOVE);
-  EXPECT_TRUE(level.EnemyOf("e").m_fired);
+  EXPECT_TRUE(level.GetEnemy("e").m_fired);
 }
 
 TEST(TurnMachine, AnEnemyThatHasFiredDoesNotFireAgain) {
@@ -103,19 +104,19 @@ TEST(TurnMachine, AnEnemyThatHasFiredDoesNotFireAgain) {
                                                       {"StateC", R"({"m_state": "off"})"}})}),
                          UnitAt(UnitKind::kPlayer, "p", 0, 0)});
   level.Controller().m_selected = level.Find("e");
-  level.EnemyOf("e").m_target = level.Find("p");
+  level.GetEnemy("e").m_target = level.Find("p");
   const std::string& fire = level.Find("unit_fire")->GetComponent<StateC>()->m_state;
-  level.EnemyOf("e").m_fired = true;
+  level.GetEnemy("e").m_fired = true;
   EXPECT_EQ(level.TurnFrom(TURN_ENEMY_SHOOT), "Enemy Shoot\n");
   EXPECT_EQ(fire, "off");
-  level.EnemyOf("e").m_fired = false;
+  level.GetEnemy("e").m_fired = false;
   level.TurnFrom(TURN_ENEMY_SHOOT);
   EXPECT_EQ(fire, "once");
 }
 
 TEST(TurnMachine, AShotWaitsForTheChangeOfABoss) {
   const TurnWorld level;
-  Enemy& boss = level.EnemyOf("e");
+  Enemy& boss = level.GetEnemy("e");
   level.Controller().m_selected = level.Find("e");
   boss.m_boss = boss.m_phase_change = true;
   EXPECT_EQ(level.TurnFrom(TURN_ENEMY_SHOOT), "");
@@ -128,14 +129,14 @@ TEST(TurnMachine, AShotWaitsForTheChangeOfABoss) {
 TEST(TurnMachine, AChangeHoldsUpNobodyButABoss) {
   const TurnWorld level;
   level.Controller().m_selected = level.Find("e");
-  level.EnemyOf("e").m_phase_change = true;
+  level.GetEnemy("e").m_phase_change = true;
   EXPECT_EQ(level.TurnFrom(TURN_ENEMY_SHOOT), "Enemy Shoot\n");
 }
 
 TEST(TurnMachine, ABossThatDoesNotChangeShootsAtOnce) {
   const TurnWorld level;
   level.Controller().m_selected = level.Find("e");
-  level.EnemyOf("e").m_boss = true;
+  level.GetEnemy("e").m_boss = true;
   EXPECT_EQ(level.TurnFrom(TURN_ENEMY_SHOOT), "Enemy Shoot\n");
   EXPECT_EQ(level.State(), TURN_ENEMY_MOVE);
 }
@@ -145,24 +146,24 @@ TEST(TurnMachine, AnEnemyThatCannotMoveAimsAtOnce) {
   level.Controller().m_selected = level.Find("e");
   EXPECT_EQ(level.TurnFrom(TURN_ENEMY_MOVE), "");
   EXPECT_EQ(level.State(), TURN_ENEMY_AIM);
-  EXPECT_TRUE(level.EnemyOf("e").m_moved);
+  EXPECT_TRUE(level.GetEnemy("e").m_moved);
 }
 
 TEST(TurnMachine, AMoverMovesAnEnemyUntilItsTimeIsOver) {
   const TurnWorld level({UnitAt(UnitKind::kEnemy, "e", 0, 0,
                                 R"({"m_waypoints": [[0, 0, 1], [500, 0, 1]], "m_move_speed": 2})"),
                          UnitAt(UnitKind::kPlayer, "p", 0, 0)});
-  Enemy& enemy = level.EnemyOf("e");
+  Enemy& enemy = level.GetEnemy("e");
   level.Find("e")->AddComponent<AIComp>();
   level.Find("e")->GetComponent<AIComp>()->m_dt = kStep;
   enemy.m_waypoint_index = 1;
   level.Controller().m_selected = level.Find("e");
   level.TurnFrom(TURN_ENEMY_MOVE);
   EXPECT_EQ(level.State(), TURN_ENEMY_MOVE);
-  ASSERT_THAT(level.BodyOf("e").m_forces, SizeIs(1));
-  EXPECT_EQ(level.BodyOf("e").m_forces[0]->magnitude, 200.0f);
+  ASSERT_THAT(level.GetBody("e").m_forces, SizeIs(1));
+  EXPECT_EQ(level.GetBody("e").m_forces[0]->magnitude, 200.0f);
   level.Turn();
-  EXPECT_THAT(level.BodyOf("e").m_forces, SizeIs(1));
+  EXPECT_THAT(level.GetBody("e").m_forces, SizeIs(1));
   EXPECT_TRUE(enemy.m_moved);
   EXPECT_EQ(level.State(), TURN_ENEMY_AIM);
 }
@@ -174,7 +175,7 @@ TEST(TurnMachine, AMoverWithoutAPathHoldsTheTurn) {
   level.Controller().m_state = TURN_ENEMY_MOVE;
   EXPECT_EQ(level.Turn(100), "");
   EXPECT_EQ(level.State(), TURN_ENEMY_MOVE);
-  level.EnemyOf("e").m_alive = false;
+  level.GetEnemy("e").m_alive = false;
   level.Turn();
   EXPECT_EQ(level.State(), TURN_LEVEL_END);
 }
@@ -203,8 +204,8 @@ TEST(TurnMachine, AWallInTheWayEndsTheMoveWhenItsTimeRunsOut) {
     for (int i = 0; i < 1800 && level.State() == TURN_ENEMY_MOVE; ++i) level.world.Step();
   });
   EXPECT_EQ(level.State(), TURN_ENEMY_AIM);
-  EXPECT_TRUE(level.EnemyOf("e").m_moved);
-  EXPECT_EQ(level.EnemyOf("e").m_waypoint_index, 1u) << "its waypoint was not reached";
+  EXPECT_TRUE(level.GetEnemy("e").m_moved);
+  EXPECT_EQ(level.GetEnemy("e").m_waypoint_index, 1u) << "its waypoint was not reached";
   EXPECT_LT(TransformOf(level.Find("e")).m_local_pos.x, 80.0f) << "the wall's near side";
 }
 
@@ -213,11 +214,11 @@ TEST(TurnMachine, EnemiesThatHaveAllActedEndTheirTurnInAMoveToo) {
                          UnitAt(UnitKind::kEnemy, "other", 0, 0),
                          UnitAt(UnitKind::kPlayer, "p", 0, 0)});
   level.Controller().m_selected = level.Find("e");
-  level.EnemyOf("e").m_alive = false;
-  level.EnemyOf("other").m_moved = true;
+  level.GetEnemy("e").m_alive = false;
+  level.GetEnemy("other").m_moved = true;
   EXPECT_EQ(level.TurnFrom(TURN_ENEMY_MOVE), "Enemy Turn End\n");
   EXPECT_EQ(level.State(), TURN_PLAYER_NEXT);
-  EXPECT_FALSE(level.EnemyOf("other").m_moved);
+  EXPECT_FALSE(level.GetEnemy("other").m_moved);
 }
 
 TEST(TurnMachine, AFastMoveIsHeardWhileItLasts) {
@@ -225,7 +226,7 @@ TEST(TurnMachine, AFastMoveIsHeardWhileItLasts) {
   level.Controller().m_selected = level.Find("e");
   const auto hears = [&](float x, float y) {
     level.Sounds().sounds.clear();
-    level.BodyOf("e").m_vel = Vector3D(x, y, 0);
+    level.GetBody("e").m_vel = Vector3D(x, y, 0);
     level.TurnFrom(TURN_ENEMY_MOVE);
     return level.IsAskedFor("tank_move.ogg");
   };
@@ -234,7 +235,7 @@ TEST(TurnMachine, AFastMoveIsHeardWhileItLasts) {
   EXPECT_TRUE(hears(0, 10.5f));
   EXPECT_TRUE(hears(0, -10.5f));
   EXPECT_FALSE(hears(10, -10));
-  level.EnemyOf("e").m_moved = true;
+  level.GetEnemy("e").m_moved = true;
   EXPECT_FALSE(hears(10.5f, 0));
 }
 
@@ -254,9 +255,9 @@ TEST(TurnMachine, AnEnemyAimsAtAPlayerUnit) {
   level.Controller().m_selected = level.Find("e");
   EXPECT_EQ(level.TurnFrom(TURN_ENEMY_AIM), "Enemy Aim\n");
   EXPECT_EQ(level.State(), TURN_ENEMY_NEXT);
-  EXPECT_EQ(level.EnemyOf("e").m_target, level.Find("p"));
-  EXPECT_TRUE(level.EnemyOf("e").m_turning);
-  EXPECT_FLOAT_EQ(level.EnemyOf("e").m_aim_angle, -90.0f);
+  EXPECT_EQ(level.GetEnemy("e").m_target, level.Find("p"));
+  EXPECT_TRUE(level.GetEnemy("e").m_turning);
+  EXPECT_FLOAT_EQ(level.GetEnemy("e").m_aim_angle, -90.0f);
 }
 
 TEST(TurnMachine, TheAimIsTheAngleFromWorldPositionsAndUpIsZero) {
@@ -265,7 +266,7 @@ TEST(TurnMachine, TheAimIsTheAngleFromWorldPositionsAndUpIsZero) {
   const auto aim_at = [&](float x, float y) {
     TransformOf(level.Find("p")).m_world_pos = Vector3D(x - 300, y, 1);
     level.TurnFrom(TURN_ENEMY_AIM);
-    return level.EnemyOf("e").m_aim_angle;
+    return level.GetEnemy("e").m_aim_angle;
   };
   EXPECT_NEAR(aim_at(0, 100), 0.0f, 1e-4f);
   EXPECT_NEAR(aim_at(-100, 0), 90.0f, 1e-4f);
@@ -277,12 +278,12 @@ TEST(TurnMachine, AnyLivingPlayerUnitMayBeTheTargetAndNoDeadOne) {
   const TurnWorld level({UnitAt(UnitKind::kEnemy, "e", 0, 0), UnitAt(UnitKind::kPlayer, "p1", 0, 0),
                          UnitAt(UnitKind::kPlayer, "dead", 0, 0),
                          UnitAt(UnitKind::kPlayer, "p2", 0, 0)});
-  level.PlayerOf("dead").m_alive = false;
+  level.GetPlayer("dead").m_alive = false;
   level.Controller().m_selected = level.Find("e");
   std::set<GameObj*> targets;
   for (int i = 0; i < 60; ++i) {
     level.TurnFrom(TURN_ENEMY_AIM);
-    targets.insert(level.EnemyOf("e").m_target);
+    targets.insert(level.GetEnemy("e").m_target);
   }
   EXPECT_EQ(targets, (std::set<GameObj*>{level.Find("p1"), level.Find("p2")}));
 }
@@ -297,7 +298,7 @@ TEST(TurnMachine, TheTargetIsTheRandomNumberModuloTheNumberOfPlayers) {
     const auto drawn = static_cast<std::size_t>(Rand() % 3);
     SeedRand(seed);
     level.TurnFrom(TURN_ENEMY_AIM);
-    EXPECT_EQ(level.EnemyOf("e").m_target, level.Controller().m_players[drawn]);
+    EXPECT_EQ(level.GetEnemy("e").m_target, level.Controller().m_players[drawn]);
   }
 }
 
@@ -311,21 +312,21 @@ TEST(TurnMachine, APlayerUnitLeftToActIsToBeSelected) {
 TEST(TurnMachine, WhenAllPlayerUnitsHaveActedARoundIsOver) {
   const TurnWorld level({UnitAt(UnitKind::kEnemy, "e", 0, 0), UnitAt(UnitKind::kPlayer, "p", 0, 0),
                          UnitAt(UnitKind::kPlayer, "dead", 0, 0)});
-  level.PlayerOf("p").m_acted = level.PlayerOf("dead").m_acted = true;
-  level.PlayerOf("dead").m_alive = false;
+  level.GetPlayer("p").m_acted = level.GetPlayer("dead").m_acted = true;
+  level.GetPlayer("dead").m_alive = false;
   EXPECT_EQ(level.TurnFrom(TURN_PLAYER_NEXT), "Player Turn End\n");
   EXPECT_EQ(level.State(), TURN_ENEMY_NEXT);
   EXPECT_EQ(level.Controller().m_round, 1);
-  EXPECT_FALSE(level.PlayerOf("p").m_acted);
-  EXPECT_TRUE(level.PlayerOf("dead").m_acted);
+  EXPECT_FALSE(level.GetPlayer("p").m_acted);
+  EXPECT_TRUE(level.GetPlayer("dead").m_acted);
 }
 
 TEST(TurnMachine, ADeadPlayerUnitThatNeverActedDoesNotHoldTheRoundUp) {
   const TurnWorld level({UnitAt(UnitKind::kEnemy, "e", 0, 0),
                          UnitAt(UnitKind::kPlayer, "dead", 0, 0),
                          UnitAt(UnitKind::kPlayer, "p", 0, 0)});
-  level.PlayerOf("dead").m_alive = false;
-  level.PlayerOf("p").m_acted = true;
+  level.GetPlayer("dead").m_alive = false;
+  level.GetPlayer("p").m_acted = true;
   EXPECT_EQ(level.TurnFrom(TURN_PLAYER_NEXT), "Player Turn End\n");
   EXPECT_EQ(level.State(), TURN_ENEMY_NEXT);
   EXPECT_EQ(level.Controller().m_round, 1);
@@ -333,34 +334,34 @@ TEST(TurnMachine, ADeadPlayerUnitThatNeverActedDoesNotHoldTheRoundUp) {
 
 TEST(TurnMachine, ASelectedPlayerUnitMovesWithFullEnergy) {
   const TurnWorld level;
-  level.PlayerOf("p").m_movement_curr = 0.25f;
-  level.PlayerOf("p").m_movement_limit = 7.0f;
+  level.GetPlayer("p").m_movement_curr = 0.25f;
+  level.GetPlayer("p").m_movement_limit = 7.0f;
   EXPECT_EQ(level.TurnFrom(TURN_PLAYER_SELECT), "Player Unit Select\n");
   EXPECT_EQ(level.State(), TURN_PLAYER_MOVE);
-  EXPECT_EQ(level.PlayerOf("p").m_movement_curr, 7.0f);
+  EXPECT_EQ(level.GetPlayer("p").m_movement_curr, 7.0f);
   EXPECT_EQ(level.Controller().m_selected, level.Find("p"));
-  EXPECT_FALSE(level.PlayerOf("p").m_acted);
+  EXPECT_FALSE(level.GetPlayer("p").m_acted);
 }
 
 TEST(TurnMachine, APlayerUnitThatItsDamageKillsLosesItsTurn) {
   const TurnWorld level;
-  level.PlayerOf("p").m_status = "damaged";
-  level.PlayerOf("p").m_movement_curr = 0.25f;
+  level.GetPlayer("p").m_status = "damaged";
+  level.GetPlayer("p").m_movement_curr = 0.25f;
   level.TurnFrom(TURN_PLAYER_SELECT);
   EXPECT_EQ(level.State(), TURN_PLAYER_NEXT);
-  EXPECT_EQ(level.PlayerOf("p").m_movement_curr, 0.25f);
+  EXPECT_EQ(level.GetPlayer("p").m_movement_curr, 0.25f);
 }
 
 TEST(TurnMachine, WithoutAPlayerUnitToSelectTheEnemiesAreNext) {
   const TurnWorld level;
-  level.PlayerOf("p").m_acted = true;
+  level.GetPlayer("p").m_acted = true;
   EXPECT_EQ(level.TurnFrom(TURN_PLAYER_SELECT), "Player Unit Select\n");
   EXPECT_EQ(level.State(), TURN_ENEMY_NEXT);
 }
 
 TEST(TurnMachine, WithAllPlayersDeadASelectionIsTheEnd) {
   const TurnWorld level;
-  level.PlayerOf("p").m_alive = false;
+  level.GetPlayer("p").m_alive = false;
   level.TurnFrom(TURN_PLAYER_SELECT);
   EXPECT_EQ(level.State(), TURN_LEVEL_END);
 }
@@ -370,13 +371,13 @@ TEST(TurnMachine, AUnitHasActedFromItsFirstStepOfControl) {
   level.GiveControl("p");
   level.Turn();
   EXPECT_EQ(level.State(), TURN_PLAYER_MOVE);
-  EXPECT_TRUE(level.PlayerOf("p").m_acted);
+  EXPECT_TRUE(level.GetPlayer("p").m_acted);
 }
 
 TEST(TurnMachine, SpentEnergyLeavesTheAim) {
   const TurnWorld level;
   level.GiveControl("p");
-  level.PlayerOf("p").m_movement_curr = 0.0f;
+  level.GetPlayer("p").m_movement_curr = 0.0f;
   level.Turn();
   EXPECT_EQ(level.State(), TURN_PLAYER_AIM);
   level.Turn(10);
@@ -387,8 +388,8 @@ TEST(TurnMachine, ADeadUnitEndsItsTurnWhateverItsEnergy) {
   const TurnWorld level({UnitAt(UnitKind::kEnemy, "e", 0, 0), UnitAt(UnitKind::kPlayer, "p", 0, 0),
                          UnitAt(UnitKind::kPlayer, "other", 0, 0)});
   level.GiveControl("p");
-  level.PlayerOf("p").m_alive = false;
-  level.PlayerOf("p").m_movement_curr = 0.0f;
+  level.GetPlayer("p").m_alive = false;
+  level.GetPlayer("p").m_movement_curr = 0.0f;
   level.Turn();
   EXPECT_EQ(level.State(), TURN_PLAYER_NEXT);
   level.TurnFrom(TURN_PLAYER_AIM);
@@ -401,9 +402,9 @@ TEST(TurnMachine, AUnitKilledInItsOwnTurnLosesControlAStepLater) {
                      UnitAt(UnitKind::kPlayer, "other", 0, 0)});
     level.GiveControl("p");
     level.Controller().m_state = state;
-    level.PlayerOf("p").m_health = 0;
+    level.GetPlayer("p").m_health = 0;
     OutputOf([&] { level.world.Step(); });
-    EXPECT_FALSE(level.PlayerOf("p").m_alive);
+    EXPECT_FALSE(level.GetPlayer("p").m_alive);
     EXPECT_EQ(level.State(), state) << "the machine ran before the unit";
     OutputOf([&] { level.world.Step(); });
     EXPECT_EQ(level.State(), TURN_PLAYER_NEXT);
@@ -414,8 +415,8 @@ TEST(TurnMachine, TheDeathOfOneSideEndsTheLevelFromEveryState) {
   const TurnWorld level;
   level.GiveControl("p");
   for (const bool players : {true, false}) {
-    level.PlayerOf("p").m_alive = !players;
-    level.EnemyOf("e").m_alive = players;
+    level.GetPlayer("p").m_alive = !players;
+    level.GetEnemy("e").m_alive = players;
     for (std::uint32_t state = TURN_ENEMY_NEXT; state <= TURN_LEVEL_END; ++state) {
       EXPECT_EQ(level.TurnFrom(state), "") << state;
       EXPECT_EQ(level.State(), TURN_LEVEL_END) << state;
@@ -441,10 +442,10 @@ TEST(TurnMachine, TheLinesOfTwoRounds) {
 
 TEST(TurnMachine, InTheFirstRoundNoEnemyFires) {
   const TurnWorld level;
-  level.EnemyOf("e").m_target = level.Find("p");
+  level.GetEnemy("e").m_target = level.Find("p");
   for (int i = 0; i < 20 && level.State() != TURN_PLAYER_MOVE; ++i) {
     level.Turn();
-    EXPECT_FALSE(level.EnemyOf("e").m_fired);
+    EXPECT_FALSE(level.GetEnemy("e").m_fired);
   }
   EXPECT_EQ(level.State(), TURN_PLAYER_MOVE);
 }
@@ -468,14 +469,14 @@ TEST(TurnMachine, TheStatesBeforeControlWaitForRest) {
     EXPECT_EQ(level.TurnFrom(state), "") << state;
     EXPECT_EQ(level.State(), state);
   }
-  EXPECT_FALSE(level.EnemyOf("e").m_moved);
+  EXPECT_FALSE(level.GetEnemy("e").m_moved);
 }
 
 TEST(TurnMachine, ControlDoesNotWaitForRest) {
   const TurnWorld level;
   level.GiveControl("p");
   level.Disturb();
-  level.PlayerOf("p").m_movement_curr = 0.0f;
+  level.GetPlayer("p").m_movement_curr = 0.0f;
   level.Turn();
   EXPECT_EQ(level.State(), TURN_PLAYER_AIM);
 }
@@ -521,7 +522,7 @@ TEST(TurnGates, AnyRingAmongTheChildrenHoldsTheTurn) {
 
 TEST(TurnGates, ABossThatDiesHoldsTheTurn) {
   const TurnWorld level;
-  Enemy& enemy = level.EnemyOf("e");
+  Enemy& enemy = level.GetEnemy("e");
   level.Controller().m_selected = level.Find("e");
   enemy.m_dying = true;
   EXPECT_EQ(level.TurnFrom(TURN_ENEMY_NEXT), "Enemy Turn Begin\n") << "no boss";
@@ -534,136 +535,96 @@ TEST(TurnGates, ABossThatDiesHoldsTheTurn) {
 TEST(TurnGates, TheEndOfTheLevelComesBeforeThem) {
   const TurnWorld level;
   level.Controller().m_selected = level.Find("e");
-  level.EnemyOf("e").m_boss = level.EnemyOf("e").m_dying = true;
-  level.EnemyOf("e").m_alive = false;
+  level.GetEnemy("e").m_boss = level.GetEnemy("e").m_dying = true;
+  level.GetEnemy("e").m_alive = false;
   level.TurnFrom(TURN_ENEMY_NEXT);
   EXPECT_EQ(level.State(), TURN_LEVEL_END);
 }
 
-TEST(TurnGates, AClosingRingHoldsClickAndMovement) {
-  const TurnWorld level({UnitAt(UnitKind::kEnemy, "e", 0, 0),
-                         UnitAt(UnitKind::kPlayer, "p", 0, 0, "{}",
-                                {ElementNamed("ui_selection_circle_off", 2.5f)})});
-  level.GiveControl("p");
-  EXPECT_EQ(level.Click(), "");
-  level.Push(0);
-  EXPECT_THAT(level.BodyOf("p").m_forces, IsEmpty());
-  EXPECT_EQ(level.PlayerOf("p").m_movement_curr, 2.0f);
-  TransformOf(level.Find("element")).m_local_scale.x = 1.0f;
-  level.Push(0);
-  EXPECT_THAT(level.BodyOf("p").m_forces, SizeIs(1));
-  EXPECT_EQ(level.Click(), "Player Shoot\n");
-}
+// Aiming
 
-// The end
-
-TEST(LevelEnd, WhenBothSidesDieTogetherItIsADefeat) {
-  const TurnWorld level;
-  level.PlayerOf("p").m_alive = level.EnemyOf("e").m_alive = false;
-  level.Turn();
-  EXPECT_TRUE(level.IsAskedFor("defeat.ogg"));
-  EXPECT_FALSE(level.IsAskedFor("victory.ogg"));
-  EXPECT_TRUE(level.Sounds().sounds["theme.ogg"].stop_request);
-  EXPECT_TRUE(level.Sounds().sounds["victory.ogg"].stop_request);
-}
-
-TEST(LevelEnd, TheDeathOfTheEnemiesIsAVictory) {
-  const TurnWorld level;
-  level.EnemyOf("e").m_alive = false;
-  level.Turn();
-  EXPECT_TRUE(level.IsAskedFor("victory.ogg"));
-  EXPECT_FALSE(level.IsAskedFor("defeat.ogg"));
-  EXPECT_TRUE(level.Sounds().sounds["theme.ogg"].stop_request);
-  EXPECT_TRUE(level.Sounds().sounds["defeat.ogg"].stop_request);
-}
-
-TEST(LevelEnd, TheSoundsAreAskedForInEveryStep) {
-  const TurnWorld level;
-  level.EnemyOf("e").m_alive = false;
-  level.Turn();
-  level.Sounds().sounds.clear();
-  level.Turn();
-  EXPECT_TRUE(level.IsAskedFor("victory.ogg"));
-  EXPECT_TRUE(level.Sounds().sounds["theme.ogg"].stop_request);
-}
-
-TEST(LevelEnd, ABossIsBeatenWhenItsDeathIsOverAndNotBefore) {
-  TurnWorld level({UnitAt(UnitKind::kEnemy, "e", -300, 0, R"({"m_boss": true})"),
-                   UnitAt(UnitKind::kPlayer, "p", 300, 0)});
-  level.Key(72);
-  OutputOf([&] { level.world.Step(290); });
-  EXPECT_TRUE(level.EnemyOf("e").m_alive);
-  EXPECT_TRUE(level.EnemyOf("e").m_dying);
-  EXPECT_EQ(level.Controller().m_ui_state, "ui_default");
-  OutputOf([&] { level.world.Step(20); });
-  EXPECT_FALSE(level.EnemyOf("e").m_alive);
-  EXPECT_EQ(level.State(), TURN_LEVEL_END);
-}
-
-TEST(LevelEnd, NothingWaitsForAShotInTheAir) {
-  const TurnWorld level;
-  level.Disturb();
-  level.EnemyOf("e").m_alive = false;
-  level.TurnFrom(TURN_ENEMY_MOVE);
-  EXPECT_EQ(level.State(), TURN_LEVEL_END);
-}
-
-TEST(LevelEnd, WhatIsInTheAirFliesOn) {
+TEST(Aiming, TheUnitTurnsToTheMouseInBothStatesOfControl) {
   TurnWorld level;
-  level.Disturb();
-  level.EnemyOf("e").m_alive = false;
-  const float start = TransformOf(level.Find("stone")).m_local_pos.x;
-  OutputOf([&] { level.world.Step(10); });
-  EXPECT_EQ(level.State(), TURN_LEVEL_END);
-  EXPECT_NEAR(TransformOf(level.Find("stone")).m_local_pos.x - start, 0.5f, 1e-3f);
+  level.GiveControl("p");
+  level.PointAt(300, 300);
+  level.Turn();
+  EXPECT_NEAR(TransformOf(level.Find("p")).m_local_rotate, 0.0f, 1e-4f);
+  level.PointAt(600, 0);
+  level.TurnFrom(TURN_PLAYER_AIM);
+  EXPECT_NEAR(TransformOf(level.Find("p")).m_local_rotate, -90.0f, 1e-4f);
 }
 
-// Labels
+TEST(Aiming, TheLineGoesFromTheUnitToTheMouseAsWideAsTheShot) {
+  TurnWorld level({UnitAt(UnitKind::kEnemy, "e", 0, 0),
+                   UnitAt(UnitKind::kPlayer, "p", 100, 50, "{}",
+                          {Record("Weapon0Projectile", {{"Transform", PlacedAt(0, 0, 8)}}),
+                           Record("Weapon1Projectile", {{"Transform", PlacedAt(0, 0, 16)}})})});
+  level.GiveControl("p");
+  TransformOf(level.Find("view")).m_world_pos = Vector3D(10, 20, 5);
+  level.PointAt(300, -150);
+  level.Turn();
+  ASSERT_THAT(g_render_system->m_lines, SizeIs(1));
+  const LineRecord line = g_render_system->m_lines[0];
+  EXPECT_EQ(line.start, Vector3D(100, 50, 1));
+  EXPECT_EQ(line.end, Vector3D(310, -130, 6));
+  EXPECT_FLOAT_EQ(line.width, 8.0f / 1.6f);
+  EXPECT_EQ(line.colour, (Colour{255.0f, 255.0f, 255.0f, 0.25f}));
+  level.GetPlayer("p").m_selected_first_weapon = false;
+  level.Turn();
+  EXPECT_FLOAT_EQ(g_render_system->m_lines.back().width, 16.0f / 1.6f);
+}
 
-TEST(UnitLabels, LivingUnitsAreNumberedBySideInOrder) {
-  const auto label = [](const std::string& name) {
-    return std::vector<std::string>{
-        Record("turn_font",
-               {{"Transform", PlacedAt(0, 0)}, {"Font", R"({"m_text": ")" + name + "\"}"}}),
-        Record("other_font", {{"Transform", PlacedAt(0, 0)}, {"Font", R"({"m_text": "other"})"}})};
-  };
+TEST(Aiming, TheLineGoesByTheWorldPlaceAndTheFirstShotsWorldWidth) {
   const TurnWorld level(
-      {UnitAt(UnitKind::kEnemy, "e", 0, 0, "{}", label("e")),
-       UnitAt(UnitKind::kPlayer, "p", 0, 0, "{}", label("p")),
-       UnitAt(UnitKind::kPlayer, "dead", 0, 0, R"({"m_alive": false})", label("dead")),
-       UnitAt(UnitKind::kPlayer, "off", 0, 0, "{}", label("off")),
-       UnitAt(UnitKind::kPlayer, "p2", 0, 0, "{}", label("p2")),
-       UnitAt(UnitKind::kEnemy, "e2", 0, 0, "{}", label("e2"))});
-  level.Find("off")->active = false;
-  for (GameObj* unit : level.Controller().m_players) {
-    unit->children[0]->GetComponent<Font>()->m_text = "old";
-  }
+      {UnitAt(UnitKind::kEnemy, "e", 0, 0),
+       UnitAt(UnitKind::kPlayer, "p", 100, 50, "{}",
+              {Record("Weapon0Projectile", {{"Transform", PlacedAt(0, 0, 4)}}),
+               Record("Weapon0Projectile", {{"Transform", PlacedAt(0, 0, 9)}})})});
+  level.GiveControl("p");
+  TransformOf(level.Find("Weapon0Projectile")).m_local_scale = Vector3D(2, 3, 1);
+  TransformOf(level.Find("Weapon0Projectile")).m_world_scale = Vector3D(8, 5, 1);
+  TransformOf(level.Find("p")).m_world_pos = Vector3D(70, 90, 4);
   level.Turn();
-  const auto text_of = [&](const char* unit, std::size_t child) {
-    return level.Find(unit)->children[child]->GetComponent<Font>()->m_text;
-  };
-  EXPECT_EQ(text_of("p", 0), "1");
-  EXPECT_EQ(text_of("p2", 0), "2");
-  EXPECT_EQ(text_of("e", 0), "1");
-  EXPECT_EQ(text_of("e2", 0), "2");
-  EXPECT_EQ(text_of("dead", 0), "old");
-  EXPECT_EQ(text_of("off", 0), "old");
-  EXPECT_EQ(text_of("p", 1), "other");
+  ASSERT_THAT(g_render_system->m_lines, SizeIs(1));
+  EXPECT_EQ(g_render_system->m_lines[0].start, Vector3D(70, 90, 4));
+  EXPECT_FLOAT_EQ(g_render_system->m_lines[0].width, 8.0f / 1.6f);
 }
 
-TEST(UnitLabels, ADeadEnemyIsNotCountedAndEachLabelOfAUnitIsWritten) {
-  const std::string font =
-      Record("turn_font", {{"Transform", PlacedAt(0, 0)}, {"Font", R"({"m_text": "old"})"}});
-  const TurnWorld level({UnitAt(UnitKind::kEnemy, "dead", 0, 0, R"({"m_alive": false})", {font}),
-                         UnitAt(UnitKind::kEnemy, "e", 0, 0, "{}", {font, font}),
-                         UnitAt(UnitKind::kPlayer, "p", 0, 0)});
+TEST(Aiming, WithoutAShotTheLineIsThin) {
+  const TurnWorld level;
+  level.GiveControl("p");
   level.Turn();
-  const auto text_of = [&](const char* unit, std::size_t child) {
-    return level.Find(unit)->children[child]->GetComponent<Font>()->m_text;
-  };
-  EXPECT_EQ(text_of("dead", 0), "old");
-  EXPECT_EQ(text_of("e", 0), "1");
-  EXPECT_EQ(text_of("e", 1), "1");
+  ASSERT_THAT(g_render_system->m_lines, SizeIs(1));
+  EXPECT_FLOAT_EQ(g_render_system->m_lines[0].width, 1.0f / 1.6f);
+}
+
+TEST(Aiming, ALevelWithoutACameraIsAimedInFromItsOrigin) {
+  TurnWorld level;
+  level.GiveControl("p");
+  level.Controller().m_camera = nullptr;
+  level.PointAt(300, -150);
+  level.Turn();
+  ASSERT_THAT(g_render_system->m_lines, SizeIs(1));
+  EXPECT_EQ(g_render_system->m_lines[0].end, Vector3D(300, -150, 1));
+}
+
+TEST(Aiming, ADeadUnitAimsNoMore) {
+  const TurnWorld level({UnitAt(UnitKind::kEnemy, "e", 0, 0), UnitAt(UnitKind::kPlayer, "p", 0, 0),
+                         UnitAt(UnitKind::kPlayer, "other", 0, 0)});
+  level.GiveControl("p");
+  level.GetPlayer("p").m_alive = false;
+  level.TurnFrom(TURN_PLAYER_AIM);
+  EXPECT_THAT(g_render_system->m_lines, IsEmpty());
+}
+
+TEST(Aiming, AUnitFoundDeadInItsMoveHasAimedOnceMore) {
+  const TurnWorld level({UnitAt(UnitKind::kEnemy, "e", 0, 0), UnitAt(UnitKind::kPlayer, "p", 0, 0),
+                         UnitAt(UnitKind::kPlayer, "other", 0, 0)});
+  level.GiveControl("p");
+  level.GetPlayer("p").m_alive = false;
+  level.Turn();
+  EXPECT_EQ(level.State(), TURN_PLAYER_NEXT);
+  EXPECT_THAT(g_render_system->m_lines, SizeIs(1));
 }
 
 }  // namespace

@@ -1,3 +1,5 @@
+#include "game/turns/turnselection.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -20,10 +22,6 @@ using carapace_test::TransformOf;
 using carapace_test::TurnWorld;
 using carapace_test::UnitAt;
 using carapace_test::UnitKind;
-using ::testing::IsEmpty;
-using ::testing::SizeIs;
-
-// Selection
 
 TEST(Selection, TheLightMovesWithTheControl) {
   const TurnWorld level;
@@ -79,13 +77,6 @@ TEST(Selection, ItIsBroadcastWithTheUnit) {
   EXPECT_EQ(level.world.Send(SelectedUnit()).objectId, level.Find("e")->id);
 }
 
-TEST(Selection, WithoutASelectedUnitTheQueryStaysAsItIs) {
-  const TurnWorld level;
-  SelectedUnit query;
-  query.objectId = 777;
-  EXPECT_EQ(level.world.Send(query).objectId, 777u);
-}
-
 TEST(Selection, TheStartOfTheTurnIsRemembered) {
   const TurnWorld level;
   level.GiveControl("p");
@@ -105,9 +96,9 @@ TEST(Selection, ADamagedUnitBurnsAndLosesHealth) {
        UnitAt(UnitKind::kPlayer, "p", 0, 0, R"({"m_health": 5, "m_max_health": 5})",
               {Record("Weapon1Barrel",
                       {{"Transform", PlacedAt(0, 0)}, {"Render", "{}"}, {"iModel", "{}"}})})});
-  level.PlayerOf("p").m_status = "damaged";
+  level.GetPlayer("p").m_status = "damaged";
   level.GiveControl("p");
-  EXPECT_EQ(level.PlayerOf("p").m_health, 4);
+  EXPECT_EQ(level.GetPlayer("p").m_health, 4);
   EXPECT_EQ(level.State(), TURN_PLAYER_MOVE);
   for (const char* name : {"p", "Weapon1Barrel"}) {
     const Render& render = *level.Find(name)->GetComponent<Render>();
@@ -121,30 +112,30 @@ TEST(Selection, ADamagedUnitWithOneHealthLeftKeepsItsTurn) {
   const std::string two = R"({"m_health": 2, "m_max_health": 2})";
   const TurnWorld level(
       {UnitAt(UnitKind::kEnemy, "e", 0, 0, two), UnitAt(UnitKind::kPlayer, "p", 0, 0, two)});
-  level.EnemyOf("e").m_status = "damaged";
-  level.PlayerOf("p").m_status = "damaged";
+  level.GetEnemy("e").m_status = "damaged";
+  level.GetPlayer("p").m_status = "damaged";
   level.TurnFrom(TURN_ENEMY_SELECT);
-  EXPECT_EQ(level.EnemyOf("e").m_health, 1);
+  EXPECT_EQ(level.GetEnemy("e").m_health, 1);
   EXPECT_EQ(level.State(), TURN_ENEMY_MOVE);
   level.TurnFrom(TURN_PLAYER_SELECT);
-  EXPECT_EQ(level.PlayerOf("p").m_health, 1);
+  EXPECT_EQ(level.GetPlayer("p").m_health, 1);
   EXPECT_EQ(level.State(), TURN_PLAYER_MOVE);
 }
 
 TEST(Selection, OtherStatusDoesNotHurt) {
   const TurnWorld level;
-  level.PlayerOf("p").m_status = "slowed";
+  level.GetPlayer("p").m_status = "slowed";
   level.GiveControl("p");
-  EXPECT_EQ(level.PlayerOf("p").m_health, 1);
+  EXPECT_EQ(level.GetPlayer("p").m_health, 1);
 }
 
 TEST(Selection, TheLeastHealthStaysTheLeast) {
   const TurnWorld level({UnitAt(UnitKind::kEnemy, "e", 0, 0), UnitAt(UnitKind::kPlayer, "p", 0, 0),
                          UnitAt(UnitKind::kPlayer, "other", 0, 0)});
-  level.PlayerOf("p").m_status = "damaged";
-  level.PlayerOf("p").m_health = std::numeric_limits<int>::min();
+  level.GetPlayer("p").m_status = "damaged";
+  level.GetPlayer("p").m_health = std::numeric_limits<int>::min();
   level.GiveControl("p");
-  EXPECT_EQ(level.PlayerOf("p").m_health, std::numeric_limits<int>::min());
+  EXPECT_EQ(level.GetPlayer("p").m_health, std::numeric_limits<int>::min());
   EXPECT_EQ(level.State(), TURN_PLAYER_NEXT);
 }
 
@@ -157,7 +148,7 @@ TEST(Selection, AUnitKilledByItsDamageGetsNoRingAndTheOldOneIsOff) {
   const auto ring_of = [&](const char* unit) {
     return level.Find(unit)->children[0]->GetComponent<UIElement>()->m_ui_element_name;
   };
-  level.PlayerOf("doomed").m_status = "damaged";
+  level.GetPlayer("doomed").m_status = "damaged";
   level.TurnFrom(TURN_PLAYER_SELECT);
   EXPECT_EQ(ring_of("first"), "ui_selection_circle");
   level.Turn();
@@ -169,105 +160,19 @@ TEST(Selection, AUnitKilledByItsDamageGetsNoRingAndTheOldOneIsOff) {
   EXPECT_EQ(ring_of("doomed"), "ui_selection_circle_off");
   EXPECT_EQ(level.Controller().m_turn_start_pos, start);
   OutputOf([&] { level.world.Step(4); });
-  EXPECT_FALSE(level.PlayerOf("doomed").m_alive);
+  EXPECT_FALSE(level.GetPlayer("doomed").m_alive);
   EXPECT_EQ(level.Controller().m_selected, level.Find("last"));
 }
 
 TEST(Selection, AUnitKilledByItsDamageIsSelectedAndLitButNotAnnounced) {
   const TurnWorld level;
   level.TurnFrom(TURN_ENEMY_SELECT);
-  level.PlayerOf("p").m_status = "damaged";
+  level.GetPlayer("p").m_status = "damaged";
   level.TurnFrom(TURN_PLAYER_SELECT);
   EXPECT_EQ(level.Controller().m_selected, level.Find("p"));
   EXPECT_EQ(level.Find("p")->GetComponent<Light>()->m_diffuseStr, 4.5f);
   EXPECT_EQ(level.Find("p")->GetComponent<Render>()->m_colour[0], 100000.0f);
   EXPECT_EQ(g_render_system->m_selected_id, static_cast<std::int32_t>(level.Find("e")->id));
-}
-
-// Aiming
-
-TEST(Aiming, TheUnitTurnsToTheMouseInBothStatesOfControl) {
-  TurnWorld level;
-  level.GiveControl("p");
-  level.PointAt(300, 300);
-  level.Turn();
-  EXPECT_NEAR(TransformOf(level.Find("p")).m_local_rotate, 0.0f, 1e-4f);
-  level.PointAt(600, 0);
-  level.TurnFrom(TURN_PLAYER_AIM);
-  EXPECT_NEAR(TransformOf(level.Find("p")).m_local_rotate, -90.0f, 1e-4f);
-}
-
-TEST(Aiming, TheLineGoesFromTheUnitToTheMouseAsWideAsTheShot) {
-  TurnWorld level({UnitAt(UnitKind::kEnemy, "e", 0, 0),
-                   UnitAt(UnitKind::kPlayer, "p", 100, 50, "{}",
-                          {Record("Weapon0Projectile", {{"Transform", PlacedAt(0, 0, 8)}}),
-                           Record("Weapon1Projectile", {{"Transform", PlacedAt(0, 0, 16)}})})});
-  level.GiveControl("p");
-  TransformOf(level.Find("view")).m_world_pos = Vector3D(10, 20, 5);
-  level.PointAt(300, -150);
-  level.Turn();
-  ASSERT_THAT(g_render_system->m_lines, SizeIs(1));
-  const LineRecord line = g_render_system->m_lines[0];
-  EXPECT_EQ(line.start, Vector3D(100, 50, 1));
-  EXPECT_EQ(line.end, Vector3D(310, -130, 6));
-  EXPECT_FLOAT_EQ(line.width, 8.0f / 1.6f);
-  EXPECT_EQ(line.colour, (Colour{255.0f, 255.0f, 255.0f, 0.25f}));
-  level.PlayerOf("p").m_selected_first_weapon = false;
-  level.Turn();
-  EXPECT_FLOAT_EQ(g_render_system->m_lines.back().width, 16.0f / 1.6f);
-}
-
-TEST(Aiming, TheLineGoesByTheWorldPlaceAndTheFirstShotsWorldWidth) {
-  const TurnWorld level(
-      {UnitAt(UnitKind::kEnemy, "e", 0, 0),
-       UnitAt(UnitKind::kPlayer, "p", 100, 50, "{}",
-              {Record("Weapon0Projectile", {{"Transform", PlacedAt(0, 0, 4)}}),
-               Record("Weapon0Projectile", {{"Transform", PlacedAt(0, 0, 9)}})})});
-  level.GiveControl("p");
-  TransformOf(level.Find("Weapon0Projectile")).m_local_scale = Vector3D(2, 3, 1);
-  TransformOf(level.Find("Weapon0Projectile")).m_world_scale = Vector3D(8, 5, 1);
-  TransformOf(level.Find("p")).m_world_pos = Vector3D(70, 90, 4);
-  level.Turn();
-  ASSERT_THAT(g_render_system->m_lines, SizeIs(1));
-  EXPECT_EQ(g_render_system->m_lines[0].start, Vector3D(70, 90, 4));
-  EXPECT_FLOAT_EQ(g_render_system->m_lines[0].width, 8.0f / 1.6f);
-}
-
-TEST(Aiming, WithoutAShotTheLineIsThin) {
-  const TurnWorld level;
-  level.GiveControl("p");
-  level.Turn();
-  ASSERT_THAT(g_render_system->m_lines, SizeIs(1));
-  EXPECT_FLOAT_EQ(g_render_system->m_lines[0].width, 1.0f / 1.6f);
-}
-
-TEST(Aiming, ALevelWithoutACameraIsAimedInFromItsOrigin) {
-  TurnWorld level;
-  level.GiveControl("p");
-  level.Controller().m_camera = nullptr;
-  level.PointAt(300, -150);
-  level.Turn();
-  ASSERT_THAT(g_render_system->m_lines, SizeIs(1));
-  EXPECT_EQ(g_render_system->m_lines[0].end, Vector3D(300, -150, 1));
-}
-
-TEST(Aiming, ADeadUnitAimsNoMore) {
-  const TurnWorld level({UnitAt(UnitKind::kEnemy, "e", 0, 0), UnitAt(UnitKind::kPlayer, "p", 0, 0),
-                         UnitAt(UnitKind::kPlayer, "other", 0, 0)});
-  level.GiveControl("p");
-  level.PlayerOf("p").m_alive = false;
-  level.TurnFrom(TURN_PLAYER_AIM);
-  EXPECT_THAT(g_render_system->m_lines, IsEmpty());
-}
-
-TEST(Aiming, AUnitFoundDeadInItsMoveHasAimedOnceMore) {
-  const TurnWorld level({UnitAt(UnitKind::kEnemy, "e", 0, 0), UnitAt(UnitKind::kPlayer, "p", 0, 0),
-                         UnitAt(UnitKind::kPlayer, "other", 0, 0)});
-  level.GiveControl("p");
-  level.PlayerOf("p").m_alive = false;
-  level.Turn();
-  EXPECT_EQ(level.State(), TURN_PLAYER_NEXT);
-  EXPECT_THAT(g_render_system->m_lines, SizeIs(1));
 }
 
 }  // namespace

@@ -44,9 +44,11 @@ class TurnWorld : public Stage {
   }
 
   ZOVEngine::GameController& Controller() const { return Of<ZOVEngine::GameController>("level"); }
-  ZOVEngine::Player& PlayerOf(const std::string& name) const { return Of<ZOVEngine::Player>(name); }
-  ZOVEngine::Enemy& EnemyOf(const std::string& name) const { return Of<ZOVEngine::Enemy>(name); }
-  ZOVEngine::RigidBody& BodyOf(const std::string& name) const {
+  ZOVEngine::Player& GetPlayer(const std::string& name) const {
+    return Of<ZOVEngine::Player>(name);
+  }
+  ZOVEngine::Enemy& GetEnemy(const std::string& name) const { return Of<ZOVEngine::Enemy>(name); }
+  ZOVEngine::RigidBody& GetBody(const std::string& name) const {
     return Of<ZOVEngine::RigidBody>(name);
   }
   ZOVEngine::AudioSource& Sounds() const { return Of<ZOVEngine::AudioSource>("level"); }
@@ -87,7 +89,7 @@ class TurnWorld : public Stage {
     world.native.cursor = {640 + x * 2 / 3, 360 - y * 2 / 3};
   }
   /// Sets something on the map in motion.
-  void Disturb() const { BodyOf("stone").m_vel.x = 3.0f; }
+  void Disturb() const { GetBody("stone").m_vel.x = 3.0f; }
 
  private:
   static Files LevelWith(const std::vector<std::string>& units) {

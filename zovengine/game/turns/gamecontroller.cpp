@@ -5,10 +5,13 @@
 #include "audio/audiosource.h"
 #include "core/base/random.h"
 #include "core/engine.h"
+#include "core/messages.h"
 #include "core/statemachine.h"
 #include "game/camera.h"
 #include "game/levels/levelbuilder.h"
 #include "game/objectquery.h"
+#include "game/turns/turninput.h"
+#include "game/turns/turnmachine.h"
 #include "game/units/enemy.h"
 #include "game/units/player.h"
 #include "jsonunserializer.h"
@@ -17,7 +20,9 @@
 #include "objects/statec.h"
 #include "physics/components/transform.h"
 #include "platform/inputsystem.h"
+#include "render/components/font.h"
 #include "render/components/particle.h"
+#include "ui/screens/splashcontroller.h"
 
 RTTR_REGISTRATION {
   using ZOVEngine::GameController;
@@ -32,6 +37,26 @@ namespace {
 
 /// From this speed on a body moves (unit: world units, or degrees, per second).
 constexpr float kRestSpeed = 3.0f;
+
+/// Numbers the label of a unit and counts it.
+void NumberLabel(GameObj* unit, int* count) {
+  const std::string number = std::to_string(*count);
+  ForEachChildWith<Font>(unit, "turn_font", [&](Font* font) { font->m_text = number; });
+  ++*count;
+}
+
+/// Numbers the labels of the living units among the children of `root`, each side from 1 on.
+void NumberUnits(const GameObj& root) {
+  int players = 1;
+  int enemies = 1;
+  for (GameObj* child : root.children) {
+    if (!child->active) continue;
+    const auto* player = FindComponent<Player>(child);
+    const auto* enemy = FindComponent<Enemy>(child);
+    if (player != nullptr && player->m_alive) NumberLabel(child, &players);
+    if (enemy != nullptr && enemy->m_alive) NumberLabel(child, &enemies);
+  }
+}
 
 }  // namespace
 
@@ -86,6 +111,45 @@ void GameController::GatherChildren() {
       m_players.push_back(child);
       SetState(child, "spawn");
     }
+  }
+}
+
+void GameController::Update(float) {
+  if (!m_init) Init();
+  if (m_restart) {
+    ChangeState(kReenterState, "");
+    return;
+  }
+  if (m_quit_to_menu) {
+    g_menu_entry_click = false;
+    ChangeState(kMainMenuState, "");
+    return;
+  }
+  if (m_camera != nullptr) m_camera->GetComponent<Camera>()->m_active = true;
+  NumberUnits(*m_owner);
+  CheckLevelEnd();
+  TurnMachine(this).Step();
+}
+
+/// Asks for the sounds afresh in every step of the level's end. Defeat wins a tie.
+void GameController::CheckLevelEnd() {
+  const bool lost = AllPlayersDead();
+  if (!lost && !AllEnemiesDead()) return;
+  if (auto* source = FindComponent<AudioSource>(m_owner)) {
+    source->StopSound(m_level_theme);
+    source->StopSound(lost ? "victory.ogg" : "defeat.ogg");
+    source->PlaySound(lost ? "defeat.ogg" : "victory.ogg");
+  }
+  m_state = TURN_LEVEL_END;
+}
+
+void GameController::OnMessage(Message* message) {
+  if (message->id == kCurrGC) {
+    dynamic_cast<CurrGC&>(*message).objectId = m_owner->id;
+  } else if (message->id == kSelectedUnit) {
+    if (m_selected != nullptr) dynamic_cast<SelectedUnit&>(*message).objectId = m_selected->id;
+  } else {
+    TurnInput(this).Take(message);
   }
 }
 

@@ -1,3 +1,5 @@
+#include "game/turns/turninput.h"
+
 #include <rttr/type>
 
 #include <array>
@@ -7,25 +9,15 @@
 #include "core/messages.h"
 #include "game/objectquery.h"
 #include "game/turns/gamecontroller.h"
+#include "game/turns/turnselection.h"
 #include "game/units/enemy.h"
 #include "game/units/player.h"
 #include "game/units/unit.h"
 #include "physics/components/transform.h"
+#include "platform/virtualkeys.h"
 
 namespace ZOVEngine {
 namespace {
-
-/// Virtual-key codes.
-enum Key : std::uint64_t {
-  kKeyEscape = 27,
-  kKeySpace = 32,
-  kKeyB = 66,
-  kKeyF = 70,
-  kKeyG = 71,
-  kKeyH = 72,
-  kKeyQ = 81,
-  kKeyR = 82,
-};
 
 /// By PlayerDirectionKey::direction.
 constexpr std::array kDirections = {Vector3D(0.0f, 1.0f, 0.0f), Vector3D(0.0f, -1.0f, 0.0f),
@@ -42,7 +34,7 @@ M& As(Message* message) {
 }
 
 template <class Unit>
-void SwitchWeaponOf(Unit* unit) {
+void SwitchWeaponIfPresent(Unit* unit) {
   if (unit == nullptr) return;
   unit->m_selected_first_weapon = !unit->m_selected_first_weapon;
   unit->ShowWeaponLabel();
@@ -50,7 +42,7 @@ void SwitchWeaponOf(Unit* unit) {
 
 }  // namespace
 
-void GameController::OnMessage(Message* message) {
+void TurnInput::Take(Message* message) {
   switch (message->id) {
     case kMouseButton: {
       const auto& click = As<MouseButton>(message);
@@ -63,12 +55,6 @@ void GameController::OnMessage(Message* message) {
     case kKeyUp:
       TakeKey(As<KeyUp>(message).key);
       break;
-    case kSelectedUnit:
-      if (m_selected != nullptr) As<SelectedUnit>(message).objectId = m_selected->id;
-      break;
-    case kCurrGC:
-      As<CurrGC>(message).objectId = m_owner->id;
-      break;
     case kGameLoseFocus:
       if (As<GameLoseFocus>(message).lost != 0) LoseFocus();
       break;
@@ -77,53 +63,59 @@ void GameController::OnMessage(Message* message) {
   }
 }
 
+bool TurnInput::IsPlayersTurn() const {
+  return m_game.m_selected != nullptr &&
+         (m_game.m_state == TURN_PLAYER_MOVE || m_game.m_state == TURN_PLAYER_AIM);
+}
+
 /// A button under the cursor does not keep a unit from firing; another screen does.
-void GameController::FireSelected() {
-  if (!IsPlayersTurn() || IsRingClosing() || m_ui_state != "ui_default") return;
+void TurnInput::FireSelected() {
+  if (!IsPlayersTurn() || IsRingClosing(m_game) || m_game.m_ui_state != "ui_default") return;
   std::cout << "Player Shoot" << '\n';
-  Player& player = *m_selected->GetComponent<Player>();
-  player.Fire(MouseWorldPos());
+  Player& player = *m_game.m_selected->GetComponent<Player>();
+  player.Fire(m_game.MouseWorldPos());
   player.m_acted = true;
-  m_state = TURN_PLAYER_NEXT;
+  m_game.m_state = TURN_PLAYER_NEXT;
 }
 
 /// Energy is spent by the time that a key is held: a slowed unit pays the same for half the push.
 /// The release of a key counts as one more step of holding it.
-void GameController::PushSelected(std::uint32_t direction) {
-  if (m_selected == nullptr || m_state != TURN_PLAYER_MOVE || IsRingClosing()) return;
+void TurnInput::PushSelected(std::uint32_t direction) {
+  if (m_game.m_selected == nullptr || m_game.m_state != TURN_PLAYER_MOVE || IsRingClosing(m_game))
+    return;
   if (direction >= kDirections.size()) return;
-  Player& player = *m_selected->GetComponent<Player>();
-  AddForceToObject push(m_selected->id, kDirections[direction], player.m_movement_mag,
+  Player& player = *m_game.m_selected->GetComponent<Player>();
+  AddForceToObject push(m_game.m_selected->id, kDirections[direction], player.m_movement_mag,
                         player.m_status == "slowed" ? kSlowedPushTime : kPushTime);
   g_engine->Broadcast(&push);
-  PlaySound(m_owner, "tank_move.ogg");
+  PlaySound(m_game.m_owner, "tank_move.ogg");
   player.m_movement_curr -= kEnergyPerPush;
 }
 
-void GameController::TakeKey(std::uint64_t key) {
+void TurnInput::TakeKey(std::uint64_t key) {
   switch (key) {
-    case kKeyEscape:
+    case kVkEscape:
       ToggleScreen();
       break;
-    case kKeySpace:
-      RequestRestart();
+    case kVkSpace:
+      m_game.RequestRestart();
       break;
-    case kKeyB:
+    case kVkB:
       ToggleDebug();
       break;
-    case kKeyF:
+    case kVkF:
       SkipUnit();
       break;
-    case kKeyG:
+    case kVkG:
       HealPlayers();
       break;
-    case kKeyH:
+    case kVkH:
       KillEnemies();
       break;
-    case kKeyQ:
+    case kVkQ:
       SwitchWeapon();
       break;
-    case kKeyR:
+    case kVkR:
       UndoMove();
       break;
     default:
@@ -131,68 +123,67 @@ void GameController::TakeKey(std::uint64_t key) {
   }
 }
 
-/// Pauses, or goes back to the level from whatever screen covers it.
-void GameController::ToggleScreen() {
-  if (m_ui_state == "ui_default") {
-    PlaySound(m_owner, kClick);
-    m_ui_state = "ui_pause";
+/// Pauses, or returns to the level from any screen that covers it.
+void TurnInput::ToggleScreen() {
+  if (m_game.m_ui_state == "ui_default") {
+    PlaySound(m_game.m_owner, kClick);
+    m_game.m_ui_state = "ui_pause";
   } else {
-    m_ui_state = "ui_default";
+    m_game.m_ui_state = "ui_default";
   }
   g_engine->paused = !g_engine->paused;
 }
 
-void GameController::LoseFocus() {
-  m_ui_state = "ui_pause";
+void TurnInput::LoseFocus() {
+  m_game.m_ui_state = "ui_pause";
   g_engine->paused = true;
 }
 
-void GameController::ToggleDebug() {
-  m_debug = !m_debug;
+void TurnInput::ToggleDebug() {
+  m_game.m_debug = !m_game.m_debug;
   for (System* system : g_engine->systems) {
     const rttr::method set_debug = rttr::type::get(*system).get_method("SetDebug");
-    if (set_debug.is_valid()) set_debug.invoke(*system, m_debug);
+    if (set_debug.is_valid()) set_debug.invoke(*system, m_game.m_debug);
   }
 }
 
 /// Ends the turn of a player unit, in whatever state the machine is.
-void GameController::SkipUnit() {
-  PlaySound(m_owner, kClick);
-  auto* player = m_selected ? FindComponent<Player>(m_selected) : nullptr;
+void TurnInput::SkipUnit() {
+  PlaySound(m_game.m_owner, kClick);
+  auto* player = m_game.m_selected ? FindComponent<Player>(m_game.m_selected) : nullptr;
   if (player == nullptr) return;
   player->m_acted = true;
-  m_state = TURN_PLAYER_NEXT;
+  m_game.m_state = TURN_PLAYER_NEXT;
 }
 
-void GameController::HealPlayers() {
-  for (GameObj* object : m_players) {
+void TurnInput::HealPlayers() {
+  for (GameObj* object : m_game.m_players) {
     Player& player = *object->GetComponent<Player>();
     player.m_health = player.m_max_health = kCheatHealth;
   }
 }
 
-void GameController::KillEnemies() {
-  for (GameObj* object : m_enemies) object->GetComponent<Enemy>()->m_health = 0;
+void TurnInput::KillEnemies() {
+  for (GameObj* object : m_game.m_enemies) object->GetComponent<Enemy>()->m_health = 0;
 }
 
-void GameController::SwitchWeapon() {
+void TurnInput::SwitchWeapon() {
   if (!IsPlayersTurn()) return;
-  SwitchWeaponOf(FindComponent<Player>(m_selected));
-  SwitchWeaponOf(FindComponent<Enemy>(m_selected));
-  PlaySound(m_owner, kClick);
+  SwitchWeaponIfPresent(FindComponent<Player>(m_game.m_selected));
+  SwitchWeaponIfPresent(FindComponent<Enemy>(m_game.m_selected));
+  PlaySound(m_game.m_owner, kClick);
 }
 
-/// Brings the unit back to where its turn began, with full energy. Forces that still act on it go
-/// on.
-void GameController::UndoMove() {
+/// Puts the unit back where its turn began, with full energy. Forces that still act on it go on.
+void TurnInput::UndoMove() {
   if (!IsPlayersTurn()) return;
-  m_selected->GetComponent<Transform>()->SetLocalPosition(m_turn_start_pos);
-  if (auto* player = FindComponent<Player>(m_selected)) {
+  m_game.m_selected->GetComponent<Transform>()->SetLocalPosition(m_game.m_turn_start_pos);
+  if (auto* player = FindComponent<Player>(m_game.m_selected)) {
     player->m_movement_curr = player->m_movement_limit;
   }
-  RigidBody& body = *m_selected->GetComponent<RigidBody>();
+  RigidBody& body = *m_game.m_selected->GetComponent<RigidBody>();
   body.m_vel = body.m_prev_vel = Vector3D();
-  m_state = TURN_PLAYER_MOVE;
+  m_game.m_state = TURN_PLAYER_MOVE;
 }
 
 }  // namespace ZOVEngine
