@@ -14,23 +14,14 @@
 #include "game/turns/turnmachine.h"
 #include "game/units/enemy.h"
 #include "game/units/player.h"
-#include "jsonunserializer.h"
+#include "objects/fields.h"
 #include "objects/gameobjfactory.h"
-#include "objects/reflection.h"
 #include "objects/statec.h"
 #include "physics/components/transform.h"
 #include "platform/inputsystem.h"
 #include "render/components/font.h"
 #include "render/components/particle.h"
 #include "ui/screens/splashcontroller.h"
-
-RTTR_REGISTRATION {
-  using ZOVEngine::GameController;
-  ZOVEngine::ComponentRegistration<GameController>("GameController")
-      .Field("m_level_theme", &GameController::m_level_theme, "std::string", "Level Theme")
-      .Field("m_level_map", &GameController::m_level_map, "std::string", "Level Map")
-      .Field("m_debug", &GameController::m_debug, "bool", "Debug");
-}
 
 namespace ZOVEngine {
 namespace {
@@ -60,15 +51,18 @@ void NumberUnits(const GameObj& root) {
 
 }  // namespace
 
-void GameController::Unserialize(const Value& value) {
-  ReadValue(value, "m_level_theme", &m_level_theme);
-  ReadValue(value, "m_level_map", &m_level_map);
+template <class Visitor>
+void GameController::Fields(Visitor& visit) {
+  visit("m_level_theme", &GameController::m_level_theme);
+  visit("m_level_map", &GameController::m_level_map);
 }
-
-void GameController::Serialize(Writer& writer) {
-  WriteValue(writer, "m_level_theme", m_level_theme);
-  WriteValue(writer, "m_level_map", m_level_map);
+template <class Visitor>
+void GameController::Inspected(Visitor& visit) {
+  visit("m_level_theme", &GameController::m_level_theme, "Level Theme");
+  visit("m_level_map", &GameController::m_level_map, "Level Map");
+  visit("m_debug", &GameController::m_debug, "Debug");
 }
+ZOV_COMPONENT_FIELDS(GameController)
 
 void GameController::Init() {
   m_init = true;

@@ -41,6 +41,10 @@ class GameController final : public LogicComponent {
  public:
   using LogicComponent::LogicComponent;
 
+  template <class Visitor>
+  static void Fields(Visitor& visit);
+  template <class Visitor>
+  static void Inspected(Visitor& visit);
   void Unserialize(const Value& value) override;
   void Serialize(Writer& writer) override;
   /// Starts the level: everything but the two persisted fields is set anew, the level of
