@@ -3,11 +3,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <cmath>
-
 #include <rttr/type>
 
-#include "game/levels/tileworld.h"
+#include "game/movers/moverworld.h"
 #include "physics/components/rigidbody.h"
 #include "render/rendersystem.h"
 #include "support/reports.h"
@@ -15,26 +13,24 @@
 namespace ZOVEngine {
 namespace {
 
+using carapace_test::GridWorld;
 using carapace_test::KeysOf;
+using carapace_test::MoverRecord;
 using carapace_test::PlacedAt;
 using carapace_test::ReadRecord;
 using carapace_test::Record;
 using carapace_test::RecordOf;
-using carapace_test::TileAt;
 using carapace_test::TransformOf;
-using carapace_test::World;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::SizeIs;
 
-/// A seeker and its target on an empty map, in a window of 1280 by 720: 22 by 12 cells.
-class PathfindingTest : public ::testing::Test {
+/// A seeker and its target on an empty map.
+class PathfindingTest : public GridWorld, public ::testing::Test {
  protected:
   PathfindingTest() {
-    world.LoadObjects(Record("seeker", {{"Transform", PlacedAt(0, 0, 1)},
-                                        {"RigidBody", R"({"m_mass": 1, "m_drag": 1})"},
-                                        {"Pathfinding", "{}"}}) +
-                      "," + Record("goal", {{"Transform", PlacedAt(0, 0, 1)}}));
+    world.LoadObjects(MoverRecord("seeker", "Pathfinding") + "," +
+                      Record("goal", {{"Transform", PlacedAt(0, 0, 1)}}));
     Seeker().m_snappingDist = 5.0f;
     Seeker().m_speed = 400.0f;
     Seeker().m_max_time_move = 100.0f;
@@ -42,35 +38,18 @@ class PathfindingTest : public ::testing::Test {
 
   Pathfinding& Seeker() { return *world.Find("seeker")->GetComponent<Pathfinding>(); }
   RigidBody& Body() { return *world.Find("seeker")->GetComponent<RigidBody>(); }
-  PathGrid& Grid() { return PathGrid::Shared(); }
-  /// The middle of a cell.
-  static Vector3D Cell(int x, int y) {
-    return Vector3D(static_cast<float>(x * 60 + 30 - 640), static_cast<float>(360 - y * 60 - 30),
-                    1);
-  }
   void Place(const char* name, const Vector3D& at) {
     TransformOf(world.Find(name)).SetLocalPosition(at);
     TransformOf(world.Find(name)).m_world_pos = at;
   }
-  /// Builds the grid with a tile in each of these cells.
-  void Build(const std::vector<std::pair<int, int>>& blocked = {}) {
-    std::vector<GameObj*> tiles;
-    for (const auto& [x, y] : blocked) {
-      world.LoadObjects(TileAt(Cell(x, y).x, Cell(x, y).y));
-      tiles.push_back(g_game_obj_factory->m_objects.back());
-    }
-    Grid().Build(tiles);
-  }
-  /// The cells of the way from one cell to another; empty if there is none.
-  std::vector<Vector3D> WayOf(const Vector3D& from, const Vector3D& to) {
+  /// Searches a path and returns its points; empty if there is none.
+  std::vector<Vector3D> FindPath(const Vector3D& from, const Vector3D& to) {
     Place("seeker", from);
     Place("goal", to);
     Seeker().SetTarget(world.Find("goal"));
     Seeker().Update(kStep);
     return Seeker().m_found ? Seeker().m_path : std::vector<Vector3D>();
   }
-
-  World world;
 };
 
 TEST_F(PathfindingTest, ANewOneHasItsDefaults) {
@@ -123,117 +102,36 @@ TEST_F(PathfindingTest, InALevelNothingHappensWithoutAGrid) {
   EXPECT_THAT(g_render_system->m_lines, IsEmpty());
 }
 
-// The grid
-
-TEST_F(PathfindingTest, TheGridLivesAsLongAsItsLastUser) {
-  EXPECT_EQ(Grid().m_users, 1);
-  EXPECT_EQ(Grid().m_cell_size, 60);
-  Build();
-  {
-    const Pathfinding second(nullptr);
-    const Pathfinding copy(second);
-    EXPECT_EQ(Grid().m_users, 3);
-  }
-  EXPECT_TRUE(Grid().m_built);
-  g_game_obj_factory->ClearObjects();
-  EXPECT_EQ(Grid().m_users, 0);
-  EXPECT_FALSE(Grid().m_built);
-  EXPECT_THAT(Grid().m_nodes, IsEmpty());
-}
-
-TEST_F(PathfindingTest, WorldPositionsHaveCellsFromTheTopLeft) {
-  EXPECT_EQ(Grid().WorldToGrid({-640, 360, 1}), Vector3D(0, 0, 1));
-  EXPECT_EQ(Grid().WorldToGrid({-581, 301, 1}), Vector3D(0, 0, 1));
-  EXPECT_EQ(Grid().WorldToGrid({-580, 300, 1}), Vector3D(1, 1, 1));
-  EXPECT_EQ(Grid().WorldToGrid({0, 0, 7}), Vector3D(10, 6, 1));
-}
-
-TEST_F(PathfindingTest, AGridCoversTheWindow) {
-  Build();
-  EXPECT_EQ(Grid().m_width, 22);
-  EXPECT_EQ(Grid().m_height, 12);
-  EXPECT_EQ(Grid().m_nodes[3][2]->world_pos, Cell(3, 2));
-  EXPECT_EQ(Grid().m_nodes[3][2]->grid_pos, Vector3D(3, 2, 1));
-  EXPECT_EQ(Grid().NodeAt(Cell(3, 2)), Grid().m_nodes[3][2].get());
-  EXPECT_EQ(Grid().NodeAt({641, 0, 1}), nullptr);
-  EXPECT_EQ(Grid().NodeAt({0, -361, 1}), nullptr);
-  EXPECT_EQ(Grid().NodeAt({NAN, 0, 1}), nullptr);
-}
-
-TEST_F(PathfindingTest, FreeCellsHaveEightNeighboursAndFewerAtTheEdges) {
-  Build();
-  EXPECT_THAT(Grid().m_nodes[5][5]->neighbours, SizeIs(8));
-  EXPECT_THAT(Grid().m_nodes[0][5]->neighbours, SizeIs(5));
-  EXPECT_THAT(Grid().m_nodes[0][0]->neighbours, SizeIs(3));
-}
-
-TEST_F(PathfindingTest, ACellWithATileIsNobodysNeighbourAndHasNoWayRoundItsCorner) {
-  Build({{5, 5}});
-  EXPECT_THAT(Grid().m_nodes[4][5]->neighbours, SizeIs(5)) << "the tile, and past two corners";
-  EXPECT_THAT(Grid().m_nodes[4][4]->neighbours, SizeIs(7));
-  EXPECT_THAT(Grid().m_nodes[5][5]->neighbours, SizeIs(8)) << "who stands there gets out";
-}
-
-TEST_F(PathfindingTest, ATileBlocksEveryCellThatItReachesInto) {
-  world.LoadObjects(TileAt(Cell(5, 5).x + 1, Cell(5, 5).y));
-  Grid().Build({world.Find("tile")});
-  const auto is_free = [&](std::size_t x, std::size_t y) {
-    const PathNode* below = Grid().m_nodes[x][y + 1].get();
-    const auto& list = below->neighbours;
-    return std::find(list.begin(), list.end(), Grid().m_nodes[x][y].get()) != list.end();
-  };
-  EXPECT_TRUE(is_free(4, 5));
-  EXPECT_FALSE(is_free(5, 5));
-  EXPECT_FALSE(is_free(6, 5));
-  EXPECT_TRUE(is_free(7, 5));
-}
-
-TEST_F(PathfindingTest, ATileWithoutAProperPlaceBlocksNothing) {
-  world.LoadObjects(TileAt(Cell(5, 5).x, Cell(5, 5).y) + "," + Record("placeless", {}));
-  TransformOf(world.Find("tile")).m_world_scale.x = NAN;
-  Grid().Build({world.Find("tile"), world.Find("placeless")});
-  EXPECT_THAT(Grid().m_nodes[4][5]->neighbours, SizeIs(8));
-  EXPECT_THAT(Grid().m_nodes[6][5]->neighbours, SizeIs(8));
-}
-
-TEST_F(PathfindingTest, TheHeuristicIsTheOctileDistance) {
-  EXPECT_EQ(Heuristic({0, 0, 1}, {0, 0, 1}), 0.0f);
-  EXPECT_EQ(Heuristic({0, 0, 1}, {5, 0, 1}), 5.0f);
-  EXPECT_EQ(Heuristic({2, 7, 1}, {2, 3, 9}), 4.0f);
-  EXPECT_EQ(Heuristic({1, 1, 1}, {4, 4, 1}), static_cast<float>(3 * std::sqrt(2.0)));
-  EXPECT_EQ(Heuristic({0, 0, 1}, {3, 5, 1}), static_cast<float>(5 + 3 * std::sqrt(2.0) - 3));
-}
-
 // The search
 
-TEST_F(PathfindingTest, AFreeWayIsStraight) {
+TEST_F(PathfindingTest, AFreePathIsStraight) {
   Build();
-  EXPECT_THAT(WayOf(Cell(2, 2), Cell(5, 2)), ElementsAre(Cell(3, 2), Cell(4, 2), Cell(5, 2)));
-  EXPECT_THAT(WayOf(Cell(5, 5), Cell(3, 3)), ElementsAre(Cell(4, 4), Cell(3, 3)));
+  EXPECT_THAT(FindPath(Cell(2, 2), Cell(5, 2)), ElementsAre(Cell(3, 2), Cell(4, 2), Cell(5, 2)));
+  EXPECT_THAT(FindPath(Cell(5, 5), Cell(3, 3)), ElementsAre(Cell(4, 4), Cell(3, 3)));
 }
 
-// A cell's cost is overwritten without a comparison, so a way may bend where it need not: a search
+// A cell's cost is overwritten without a comparison, so a path may bend where it need not: a search
 // that compares finds (1, 1), (2, 2), (3, 2), (4, 2). The order in the heap and that of the
 // neighbours show in it too.
-TEST_F(PathfindingTest, TheWayIsTheOneOfASearchThatDoesNotCompareCosts) {
+TEST_F(PathfindingTest, ThePathIsThatOfASearchThatDoesNotCompareCosts) {
   Build();
-  EXPECT_THAT(WayOf(Cell(0, 0), Cell(4, 2)),
+  EXPECT_THAT(FindPath(Cell(0, 0), Cell(4, 2)),
               ElementsAre(Cell(1, 0), Cell(1, 1), Cell(2, 1), Cell(3, 2), Cell(4, 2)));
 }
 
-TEST_F(PathfindingTest, BesideATileTheWayIsThatOfTheSameSearch) {
+TEST_F(PathfindingTest, BesideATileThePathIsThatOfTheSameSearch) {
   Build({{3, 2}});
-  EXPECT_THAT(WayOf(Cell(0, 4), Cell(3, 1)),
+  EXPECT_THAT(FindPath(Cell(0, 4), Cell(3, 1)),
               ElementsAre(Cell(1, 3), Cell(0, 3), Cell(1, 2), Cell(2, 1), Cell(3, 1)));
 }
 
-TEST_F(PathfindingTest, TheWayGoesRoundAWall) {
+TEST_F(PathfindingTest, ThePathGoesRoundAWall) {
   Build({{4, 1}, {4, 2}, {4, 3}});
-  const std::vector<Vector3D> way = WayOf(Cell(3, 2), Cell(5, 2));
-  ASSERT_FALSE(way.empty());
-  EXPECT_EQ(way.back(), Cell(5, 2));
+  const std::vector<Vector3D> path = FindPath(Cell(3, 2), Cell(5, 2));
+  ASSERT_FALSE(path.empty());
+  EXPECT_EQ(path.back(), Cell(5, 2));
   Vector3D at = Cell(3, 2);
-  for (const Vector3D& next : way) {
+  for (const Vector3D& next : path) {
     EXPECT_LE(std::abs(next.x - at.x), 60.0f);
     EXPECT_LE(std::abs(next.y - at.y), 60.0f);
     EXPECT_FALSE(next.x == Cell(4, 0).x && next.y <= Cell(4, 1).y && next.y >= Cell(4, 3).y);
@@ -241,9 +139,9 @@ TEST_F(PathfindingTest, TheWayGoesRoundAWall) {
   }
 }
 
-TEST_F(PathfindingTest, AWayToTheOwnCellIsEmptyAndDone) {
+TEST_F(PathfindingTest, APathToTheOwnCellIsEmptyAndDone) {
   Build();
-  WayOf(Cell(3, 3), Cell(3, 3) + Vector3D(20, 0, 0));
+  FindPath(Cell(3, 3), Cell(3, 3) + Vector3D(20, 0, 0));
   EXPECT_TRUE(Seeker().m_found);
   EXPECT_THAT(Seeker().m_path, IsEmpty());
   Seeker().Update(kStep);
@@ -264,7 +162,7 @@ TEST_F(PathfindingTest, ThePlaceInTheWorldCounts) {
 
 TEST_F(PathfindingTest, AnUnreachableTargetIsSoughtAgainInEveryStep) {
   Build({{0, 1}, {1, 1}, {1, 0}});
-  EXPECT_THAT(WayOf(Cell(1, 2), Cell(0, 0)), IsEmpty());
+  EXPECT_THAT(FindPath(Cell(1, 2), Cell(0, 0)), IsEmpty());
   EXPECT_FALSE(Seeker().m_found);
   EXPECT_THAT(Body().m_forces, IsEmpty());
   Grid().Build({});
@@ -272,10 +170,10 @@ TEST_F(PathfindingTest, AnUnreachableTargetIsSoughtAgainInEveryStep) {
   EXPECT_TRUE(Seeker().m_found);
 }
 
-TEST_F(PathfindingTest, OutsideTheWindowThereIsNoWay) {
+TEST_F(PathfindingTest, OutsideTheWindowThereIsNoPath) {
   Build();
-  EXPECT_THAT(WayOf({641, 0, 1}, Cell(5, 5)), IsEmpty());
-  EXPECT_THAT(WayOf(Cell(5, 5), {0, 361, 1}), IsEmpty());
+  EXPECT_THAT(FindPath({641, 0, 1}, Cell(5, 5)), IsEmpty());
+  EXPECT_THAT(FindPath(Cell(5, 5), {0, 361, 1}), IsEmpty());
   EXPECT_FALSE(Seeker().m_found);
 }
 
@@ -286,7 +184,7 @@ TEST_F(PathfindingTest, TheEdgesBelongToTheWindowAndMayHaveNoCell) {
   EXPECT_EQ(Grid().NodeAt({640, 0, 1}), Grid().m_nodes[21][6].get());
   // 720 is a multiple of the cells' size: below the last row there is none.
   EXPECT_EQ(Grid().NodeAt({0, -360, 1}), nullptr);
-  EXPECT_THAT(WayOf(Cell(5, 5), {0, -360, 1}), IsEmpty());
+  EXPECT_THAT(FindPath(Cell(5, 5), {0, -360, 1}), IsEmpty());
 }
 
 TEST_F(PathfindingTest, WithoutATargetOrSwitchedOffItDoesNotSearch) {
@@ -294,7 +192,7 @@ TEST_F(PathfindingTest, WithoutATargetOrSwitchedOffItDoesNotSearch) {
   Seeker().Update(kStep);
   EXPECT_FALSE(Seeker().m_found);
   Seeker().m_active = false;
-  EXPECT_THAT(WayOf(Cell(2, 2), Cell(5, 2)), IsEmpty());
+  EXPECT_THAT(FindPath(Cell(2, 2), Cell(5, 2)), IsEmpty());
 }
 
 TEST_F(PathfindingTest, ATargetWithoutAPlaceIsNotSought) {
@@ -307,15 +205,15 @@ TEST_F(PathfindingTest, ATargetWithoutAPlaceIsNotSought) {
 
 TEST_F(PathfindingTest, ANewSearchBeginsAtItsFirstPoint) {
   Build();
-  WayOf(Cell(2, 2), Cell(4, 2));
+  FindPath(Cell(2, 2), Cell(4, 2));
   Place("seeker", Cell(3, 2));
   Seeker().Update(kStep);
   ASSERT_EQ(Seeker().m_curr_index, 1u);
-  EXPECT_THAT(WayOf(Cell(3, 2), Cell(6, 2)), SizeIs(3));
+  EXPECT_THAT(FindPath(Cell(3, 2), Cell(6, 2)), SizeIs(3));
   EXPECT_EQ(Seeker().m_curr_index, 0u);
 }
 
-TEST_F(PathfindingTest, TheFirstStepForgetsTargetAndWay) {
+TEST_F(PathfindingTest, TheFirstStepForgetsTargetAndPath) {
   Seeker().m_target = world.Find("goal");
   Seeker().m_found = true;
   ASSERT_FALSE(Seeker().m_init);
@@ -326,7 +224,7 @@ TEST_F(PathfindingTest, TheFirstStepForgetsTargetAndWay) {
 
 TEST_F(PathfindingTest, ASearchLeavesItsCostsInTheCells) {
   Build();
-  WayOf(Cell(2, 2), Cell(4, 2));
+  FindPath(Cell(2, 2), Cell(4, 2));
   const PathNode& start = *Grid().m_nodes[2][2];
   EXPECT_EQ(start.g, 0.0f);
   EXPECT_EQ(start.h, 2.0f);
@@ -340,7 +238,7 @@ TEST_F(PathfindingTest, ASearchLeavesItsCostsInTheCells) {
 
 TEST_F(PathfindingTest, TheGoalsOwnCostIsTheEstimateUntilItIsMet) {
   Build({{0, 1}, {1, 1}, {1, 0}});
-  WayOf(Cell(4, 0), Cell(0, 0));
+  FindPath(Cell(4, 0), Cell(0, 0));
   EXPECT_EQ(Grid().m_nodes[0][0]->g, 4.0f);
   EXPECT_EQ(Grid().m_nodes[0][0]->h, std::numeric_limits<float>::max());
 }
@@ -349,7 +247,7 @@ TEST_F(PathfindingTest, TheGoalsOwnCostIsTheEstimateUntilItIsMet) {
 
 TEST_F(PathfindingTest, APushGoesTowardsTheNextPoint) {
   Build();
-  WayOf(Cell(2, 2), Cell(4, 2));
+  FindPath(Cell(2, 2), Cell(4, 2));
   EXPECT_THAT(Body().m_forces, IsEmpty()) << "not in the step of the search";
   Seeker().Update(kStep);
   ASSERT_THAT(Body().m_forces, SizeIs(1));
@@ -361,7 +259,7 @@ TEST_F(PathfindingTest, APushGoesTowardsTheNextPoint) {
 
 TEST_F(PathfindingTest, PointsArePassedOneAStepAndPastTheLastIsTheArrival) {
   Build();
-  WayOf(Cell(2, 2), Cell(4, 2));
+  FindPath(Cell(2, 2), Cell(4, 2));
   Place("seeker", Cell(3, 2));
   Seeker().Update(kStep);
   EXPECT_EQ(Seeker().m_curr_index, 1u);
@@ -379,16 +277,16 @@ TEST_F(PathfindingTest, PointsArePassedOneAStepAndPastTheLastIsTheArrival) {
 
 TEST_F(PathfindingTest, ExactlyAtTheArrivalDistanceAPointIsNotPassed) {
   Build();
-  WayOf(Cell(2, 2), Cell(4, 2));
+  FindPath(Cell(2, 2), Cell(4, 2));
   Seeker().m_snappingDist = 60.0f;
   Seeker().Update(kStep);
   EXPECT_EQ(Seeker().m_curr_index, 0u);
   EXPECT_THAT(Body().m_forces, SizeIs(1));
 }
 
-TEST_F(PathfindingTest, WhenTheTimeIsOverTheWayCountsAsGone) {
+TEST_F(PathfindingTest, WhenTheTimeIsOverTheTargetCountsAsReached) {
   Build();
-  WayOf(Cell(2, 2), Cell(4, 2));
+  FindPath(Cell(2, 2), Cell(4, 2));
   Seeker().m_curr_move = 100.0f;
   Seeker().Update(kStep);
   EXPECT_TRUE(Seeker().m_reached);
@@ -398,7 +296,7 @@ TEST_F(PathfindingTest, WhenTheTimeIsOverTheWayCountsAsGone) {
 
 TEST_F(PathfindingTest, TheSeekerGetsToItsTarget) {
   Build({{10, 2}, {10, 3}, {10, 4}});
-  WayOf(Cell(8, 3), Cell(12, 3));
+  FindPath(Cell(8, 3), Cell(12, 3));
   Seeker().m_snappingDist = 20.0f;
   Seeker().m_speed = 100.0f;
   for (int i = 0; i < 3000 && !Seeker().m_reached; ++i) world.Step();
@@ -406,9 +304,9 @@ TEST_F(PathfindingTest, TheSeekerGetsToItsTarget) {
   EXPECT_EQ(Seeker().m_curr_index, Seeker().m_path.size());
 }
 
-TEST_F(PathfindingTest, TheWayIsDrawnFromTheSeekerOn) {
+TEST_F(PathfindingTest, ThePathIsDrawnFromTheSeekerOn) {
   Build();
-  WayOf(Cell(2, 2), Cell(4, 2));
+  FindPath(Cell(2, 2), Cell(4, 2));
   Seeker().Update(kStep);
   ASSERT_THAT(g_render_system->m_lines, SizeIs(2));
   const LineRecord& first = g_render_system->m_lines[0];
@@ -425,9 +323,9 @@ TEST_F(PathfindingTest, TheWayIsDrawnFromTheSeekerOn) {
   EXPECT_THAT(g_render_system->m_lines, IsEmpty());
 }
 
-TEST_F(PathfindingTest, AWayOfOnePointIsNotDrawn) {
+TEST_F(PathfindingTest, APathOfOnePointIsNotDrawn) {
   Build();
-  WayOf(Cell(2, 2), Cell(3, 2));
+  FindPath(Cell(2, 2), Cell(3, 2));
   Seeker().Update(kStep);
   EXPECT_THAT(Body().m_forces, SizeIs(1));
   EXPECT_THAT(g_render_system->m_lines, IsEmpty());

@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "game/levels/tileworld.h"
+#include "game/movers/moverworld.h"
 #include "physics/components/rigidbody.h"
 #include "render/rendersystem.h"
 #include "support/reports.h"
@@ -12,6 +12,7 @@ namespace ZOVEngine {
 namespace {
 
 using carapace_test::KeysOf;
+using carapace_test::MoverRecord;
 using carapace_test::PlacedAt;
 using carapace_test::ReadRecord;
 using carapace_test::Record;
@@ -26,9 +27,7 @@ using ::testing::SizeIs;
 class WaypointTest : public ::testing::Test {
  protected:
   WaypointTest() {
-    world.LoadObjects(Record("mover", {{"Transform", PlacedAt(0, 0, 1)},
-                                       {"RigidBody", R"({"m_mass": 1, "m_drag": 1})"},
-                                       {"Waypoint", "{}"}}));
+    world.LoadObjects(MoverRecord("mover", "Waypoint"));
     Mover().m_snappingDist = 5.0f;
     Mover().m_speed = 400.0f;
     Mover().m_limit = 100.0f;

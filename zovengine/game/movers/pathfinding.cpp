@@ -6,21 +6,10 @@
 
 #include "core/engine.h"
 #include "core/messages.h"
+#include "game/movers/leg.h"
 #include "game/objectquery.h"
-#include "jsonunserializer.h"
-#include "objects/reflection.h"
+#include "objects/fields.h"
 #include "physics/components/transform.h"
-
-RTTR_REGISTRATION {
-  using ZOVEngine::Pathfinding;
-  ZOVEngine::ComponentRegistration<Pathfinding>("Pathfinding")
-      .Field("m_curr_move", &Pathfinding::m_curr_move, "float", "Curr Mov")
-      .Field("m_max_time_move", &Pathfinding::m_max_time_move, "float", "Max Time")
-      .Field("m_speed", &Pathfinding::m_speed, "float", "Speed")
-      .Field("m_snappingDist", &Pathfinding::m_snappingDist, "float", "Snapping distance")
-      .Field("m_reached", &Pathfinding::m_reached, "bool", "Reached")
-      .Field("m_drawPath", &Pathfinding::m_drawPath, "bool", "Draw");
-}
 
 namespace ZOVEngine {
 namespace {
@@ -33,8 +22,8 @@ void Show(const Vector3D& start, const Vector3D& end) {
   g_engine->Broadcast(&line);
 }
 
-/// A binary heap with the least `f` on top. `f` is read at each comparison, so a cell that changes
-/// while it is inside changes its standing; the search relies on the very order that this gives.
+/// A binary heap with the least `f` on top. Each comparison reads `f` anew, so a cell that changes
+/// while it is inside changes its rank; the paths rely on the very order that this gives.
 class OpenList {
  public:
   bool IsEmpty() const { return m_nodes.empty(); }
@@ -82,7 +71,7 @@ void ResetNodes(const PathGrid& grid) {
   }
 }
 
-/// Whether the neighbours lead from `start` to `end`, by a flood from `start`.
+/// True if `end` can be reached from `start` through neighbours, by a flood from `start`.
 bool AreConnected(const PathNode* start, const PathNode* end) {
   std::unordered_set<const PathNode*> seen = {start};
   std::vector<const PathNode*> rest = {start};
@@ -100,29 +89,22 @@ bool AreConnected(const PathNode* start, const PathNode* end) {
 
 Pathfinding::Pathfinding(GameObj* owner, float curr_move, float max_time, float speed,
                          float snapping)
-    : LogicComponent(owner),
+    : QuietComponent(owner),
       m_curr_move(curr_move),
       m_max_time_move(max_time),
       m_speed(speed),
       m_snappingDist(snapping) {}
 
-void Pathfinding::Unserialize(const Value& value) {
-  ReadValue(value, "m_curr_move", &m_curr_move);
-  ReadValue(value, "m_max_time_move", &m_max_time_move);
-  ReadValue(value, "m_speed", &m_speed);
-  ReadValue(value, "m_snappingDist", &m_snappingDist);
-  ReadValue(value, "m_reached", &m_reached);
-  ReadValue(value, "m_drawPath", &m_drawPath);
+template <class Visitor>
+void Pathfinding::Fields(Visitor& visit) {
+  visit("m_curr_move", &Pathfinding::m_curr_move, "Curr Mov");
+  visit("m_max_time_move", &Pathfinding::m_max_time_move, "Max Time");
+  visit("m_speed", &Pathfinding::m_speed, "Speed");
+  visit("m_snappingDist", &Pathfinding::m_snappingDist, "Snapping distance");
+  visit("m_reached", &Pathfinding::m_reached, "Reached");
+  visit("m_drawPath", &Pathfinding::m_drawPath, "Draw");
 }
-
-void Pathfinding::Serialize(Writer& writer) {
-  WriteValue(writer, "m_curr_move", m_curr_move);
-  WriteValue(writer, "m_max_time_move", m_max_time_move);
-  WriteValue(writer, "m_speed", m_speed);
-  WriteValue(writer, "m_snappingDist", m_snappingDist);
-  WriteValue(writer, "m_reached", m_reached);
-  WriteValue(writer, "m_drawPath", m_drawPath);
-}
+ZOV_COMPONENT_FIELDS(Pathfinding)
 
 void Pathfinding::Init() {
   m_init = true;
@@ -164,13 +146,12 @@ void Pathfinding::Follow(const Vector3D& position, float dt) {
     Finish();
     return;
   }
-  const Vector3D way = m_path[m_curr_index] - position;
-  if (m_snappingDist > way.Length()) {
+  const Vector3D offset = m_path[m_curr_index] - position;
+  if (m_snappingDist > offset.Length()) {
     ++m_curr_index;
     return;
   }
-  AddForceToObject push(m_owner->id, way.Normalized(), m_speed, kPushTime);
-  g_engine->Broadcast(&push);
+  PushAlong(*m_owner, offset, m_speed, kPushTime);
   m_curr_move += dt;
 }
 
@@ -194,12 +175,11 @@ void Pathfinding::Search() {
   SearchFrom(start, end);
 }
 
-/// A* (Hart, Nilsson and Raphael 1968), in two points deliberately unrefined: a cell's way is
+/// A* (Hart, Nilsson and Raphael 1968), in two points deliberately unrefined: a cell's cost is
 /// overwritten without a comparison, and a cell can be open several times, each of which expands it
-/// anew. The paths that come out rest on both.
+/// anew. The resulting paths rest on both.
 ///
-/// Without a way to the target it would expand cells for very long and find nothing, so that is
-/// looked at first.
+/// Without a path to the target it would expand cells for very long, so a flood tests that first.
 void Pathfinding::SearchFrom(PathNode* start, PathNode* end) {
   start->h = Heuristic(start->grid_pos, end->grid_pos);
   start->g = 0.0f;

@@ -32,12 +32,12 @@ float HalfHeight() {
   return static_cast<float>(half);
 }
 
-/// False for a place or size that is no number.
-bool IsPlaced(const Transform& transform) {
+/// False for a position or size that is not finite.
+bool IsFinite(const Transform& transform) {
   return std::isfinite((transform.m_world_pos + transform.m_world_scale).Length());
 }
 
-/// The cells, of `count`, that the stretch from `begin` to `end` reaches into.
+/// The cells, of `count`, that the interval from `begin` to `end` overlaps.
 struct CellRange {
   CellRange(float begin, float end, std::int32_t cell_size, std::int32_t count) {
     const auto size = static_cast<float>(cell_size);
@@ -94,7 +94,7 @@ std::vector<std::vector<bool>> PathGrid::BlockedBy(const std::vector<GameObj*>& 
                                          std::vector<bool>(static_cast<std::size_t>(m_height)));
   for (GameObj* tile : tiles) {
     const auto* transform = FindComponent<Transform>(tile);
-    if (transform == nullptr || !IsPlaced(*transform)) continue;
+    if (transform == nullptr || !IsFinite(*transform)) continue;
     const Vector3D half = transform->m_world_scale * 0.5f;
     const float left = HalfWidth() + transform->m_world_pos.x;
     const float down = HalfHeight() - transform->m_world_pos.y;
@@ -107,7 +107,7 @@ std::vector<std::vector<bool>> PathGrid::BlockedBy(const std::vector<GameObj*>& 
   return blocked;
 }
 
-/// A blocked cell has neighbours too, so that who stands in it gets out.
+/// A blocked cell has neighbours too, so that an object in it can leave it.
 void PathGrid::Connect(const std::vector<std::vector<bool>>& blocked) {
   const auto is_free = [&](std::int32_t x, std::int32_t y) {
     return x >= 0 && y >= 0 && x < m_width && y < m_height &&

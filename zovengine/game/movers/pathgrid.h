@@ -10,32 +10,31 @@ namespace ZOVEngine {
 
 class GameObj;
 
-/// One cell of the grid, with what a search leaves in it.
+/// One cell of the grid, with the values of the last search.
 struct PathNode {
-  float g = 0.0f;                     ///< length of the way from the start (unit: cells)
+  float g = 0.0f;                     ///< length of the path from the start (unit: cells)
   float h = 0.0f;                     ///< estimate of the rest (unit: cells)
   float f = 0.0f;                     ///< the sum, by which the search goes
-  std::vector<PathNode*> neighbours;  ///< where one can go from here
+  std::vector<PathNode*> neighbours;  ///< cells that a path may go to from here
   Vector3D grid_pos;                  ///< column, row, 1
-  Vector3D world_pos;                 ///< of the middle, z 1 (unit: world units)
+  Vector3D world_pos;                 ///< of its centre, z 1 (unit: world units)
   PathNode* parent = nullptr;
-  bool closed = false;  ///< a search has taken it up
+  bool closed = false;  ///< a search has expanded it
 };
 
 /// The grid of square cells over the window that all searches share.
 ///
 /// Cells are numbered from the top left of the window. The grid belongs to the Pathfinding
-/// components together: it counts them, and the last one that goes empties it. Nothing in a level
-/// builds it by itself; who wants paths calls Build with the tiles that are in the way.
+/// components together: it counts them, and the destructor of the last one empties it. No level
+/// builds it by itself: call Build with the tiles that block paths before the first search.
 class PathGrid {
  public:
   /// The only grid of the program.
   static PathGrid& Shared();
 
-  /// Makes the cells anew for the window's present size. A cell that a tile reaches into is
-  /// nobody's neighbour; free cells touch their eight neighbours, but never across the corner of a
-  /// blocked one. Tiles without a Transform are not in the way. Positions are the tiles' world
-  /// positions.
+  /// Makes the cells anew for the window's present size. A cell that a tile overlaps is no cell's
+  /// neighbour; free cells have eight neighbours, but never across the corner of a blocked one.
+  /// Tiles without a Transform block nothing. Positions are the tiles' world positions.
   void Build(const std::vector<GameObj*>& tiles);
   /// Deletes the cells.
   void Clear();
@@ -71,8 +70,8 @@ class PathGridUse {
   ~PathGridUse();
 };
 
-/// The octile distance of two cells: the length of the shortest way in steps along the axes and the
-/// diagonals (unit: cells).
+/// The octile distance of two cells: the length of the shortest path in steps along the axes and
+/// the diagonals (unit: cells).
 float Heuristic(const Vector3D& a, const Vector3D& b);
 
 }  // namespace ZOVEngine

@@ -4,8 +4,9 @@
 
 #include "core/engine.h"
 #include "core/messages.h"
-#include "game/objectquery.h"
-#include "jsonunserializer.h"
+#include "game/movers/leg.h"
+#include "objects/componentmanager.h"
+#include "objects/fields.h"
 #include "physics/components/rigidbody.h"
 #include "physics/components/transform.h"
 
@@ -16,27 +17,18 @@ constexpr float kPushTime = 0.1f;  ///< (unit: seconds)
 
 }  // namespace
 
-void Waypoint::Unserialize(const Value& value) {
-  ReadValue(value, "m_draw", &m_draw);
-  ReadValue(value, "m_reached", &m_reached);
-  ReadValue(value, "m_lastIndex", &m_lastIndex);
-  ReadValue(value, "m_snappingDist", &m_snappingDist);
-  ReadValue(value, "m_speed", &m_speed);
-  ReadVector3DArray(value, "m_path", &m_path);
-  ReadValue(value, "m_limit", &m_limit);
-  ReadValue(value, "m_curr_movement", &m_curr_movement);
+template <class Visitor>
+void Waypoint::Fields(Visitor& visit) {
+  visit("m_draw", &Waypoint::m_draw);
+  visit("m_reached", &Waypoint::m_reached);
+  visit("m_lastIndex", &Waypoint::m_lastIndex);
+  visit("m_snappingDist", &Waypoint::m_snappingDist);
+  visit("m_speed", &Waypoint::m_speed);
+  visit("m_path", &Waypoint::m_path);
+  visit("m_limit", &Waypoint::m_limit);
+  visit("m_curr_movement", &Waypoint::m_curr_movement);
 }
-
-void Waypoint::Serialize(Writer& writer) {
-  WriteValue(writer, "m_draw", m_draw);
-  WriteValue(writer, "m_reached", m_reached);
-  WriteValue(writer, "m_lastIndex", m_lastIndex);
-  WriteValue(writer, "m_snappingDist", m_snappingDist);
-  WriteValue(writer, "m_speed", m_speed);
-  WriteVector3DArray(writer, "m_path", m_path);
-  WriteValue(writer, "m_limit", m_limit);
-  WriteValue(writer, "m_curr_movement", m_curr_movement);
-}
+ZOV_COMPONENT_FILE(Waypoint)
 
 void Waypoint::Update(float dt) {
   if (!m_init) Init();
@@ -56,28 +48,13 @@ void Waypoint::Draw() const {
 }
 
 void Waypoint::Move(float dt) {
-  auto* transform = m_owner->GetComponent<Transform>();
-  auto* body = m_owner->GetComponent<RigidBody>();
-  // A file may hold an index past the path: the way is at its end then.
+  // A file may hold an index past the path; the object is at the path's end then.
   m_lastIndex = std::min(m_lastIndex, static_cast<std::uint32_t>(m_path.size() - 1));
   if (m_lastIndex < m_path.size() - 1) {
-    const Vector3D goal = m_path[m_lastIndex + 1];
-    const Vector3D way = goal - transform->m_world_pos;
-    if (m_snappingDist > way.Length()) {
-      // The next derivation overwrites this: the object stays where it is, near enough.
-      transform->m_world_pos = goal;
-      body->m_vel = body->m_prev_vel = Vector3D();
-      m_curr_movement = 0.0f;
-      ++m_lastIndex;
-      m_reached = true;
-    } else if (m_curr_movement >= m_limit) {
-      m_curr_movement = 0.0f;
-      m_reached = true;
-    } else {
-      AddForceToObject push(m_owner->id, way.Normalized(), m_speed, kPushTime);
-      g_engine->Broadcast(&push);
-      m_curr_movement += dt;
-    }
+    const Leg leg = {m_path[m_lastIndex + 1], m_snappingDist, m_limit, m_speed, kPushTime};
+    const LegStep step = FollowLeg(m_owner, leg, dt, &m_curr_movement);
+    if (step == LegStep::kArrived) ++m_lastIndex;
+    if (step != LegStep::kPushed) m_reached = true;
   }
   if (m_lastIndex == m_path.size() - 1) TurnRound();
 }

@@ -8,25 +8,25 @@
 
 namespace ZOVEngine {
 
-/// Moves its object along a list of points, to and fro for ever, by a small force in every step.
+/// Moves its object along a path of points, to and fro for ever, by a small force in every step.
 ///
-/// For things that are no units and take no turns. At the end of the list the list is reversed, so
-/// its first point is always where the way began. A leg that takes longer than the limit is given
-/// up for a step and begins anew.
-class Waypoint final : public LogicComponent {
-  RTTR_ENABLE(LogicComponent)
+/// For objects that are no units and take no turns. At the path's end the path is reversed, so its
+/// first point is always the one that the object came from first. A leg that takes longer than the
+/// limit is given up for a step and begins anew.
+class Waypoint final : public QuietComponent {
+  RTTR_ENABLE(QuietComponent)
 
  public:
-  using LogicComponent::LogicComponent;
+  using QuietComponent::QuietComponent;
 
+  template <class Visitor>
+  static void Fields(Visitor& visit);
   void Unserialize(const Value& value) override;
   void Serialize(Writer& writer) override;
   void Init() override { m_init = true; }
-  /// Draws the path if it is to be seen, then pushes the object. An owner without Transform or
+  /// Draws the path if `m_draw` says so, then moves the object. An owner without Transform or
   /// RigidBody is not moved.
   void Update(float dt) override;
-  void Destroy() override {}
-  void OnMessage(Message*) override {}
 
   bool m_draw = false;            ///< shows the path
   bool m_reached = false;         ///< a point was reached or time ran out; never cleared
