@@ -123,10 +123,13 @@ void AddRandomInstances(Frame* frame, int count) {
   command.first = static_cast<std::uint32_t>(frame->instances.size());
   command.count = static_cast<std::uint32_t>(count);
   for (int i = 0; i < count; ++i) {
-    frame->instances.push_back(
-        Matrix4x4::Translation(RandomFloat(-900, 900), RandomFloat(-500, 500)) *
-        Matrix4x4::Scale(RandomFloat(10, 90), RandomFloat(10, 90)) *
-        Matrix4x4::Rotation(RandomFloat(0, 360)));
+    const float degrees = RandomFloat(0, 360);
+    const float height = RandomFloat(10, 90);
+    const float width = RandomFloat(10, 90);
+    const float y = RandomFloat(-500, 500);
+    const float x = RandomFloat(-900, 900);
+    frame->instances.push_back(Matrix4x4::Translation(x, y) * Matrix4x4::Scale(width, height) *
+                               Matrix4x4::Rotation(degrees));
   }
   frame->commands.push_back(command);
 }
@@ -300,9 +303,15 @@ TEST(GLPictures, MixedStackKeepsItsOrder) {
   frame.commands.push_back(QuadCommand(0, 0, 9600, 5400, 4, Program::kLight));
   for (int i = 0; i < 6; ++i) {
     AddRandomQuads(&frame, 9, i % 2 ? Program::kLight : Program::kDefault);
-    AddText(&frame, RandomFloat(-800, 0), RandomFloat(-400, 400), 1.0f, 18);
-    SetColour(&frame.commands.back(), RandomFloat(0, 1), 1.0f, RandomFloat(0, 1), 0.8f);
-    DrawCommand mesh = QuadCommand(RandomFloat(-700, 700), RandomFloat(-400, 400), 120, 120, 9);
+    const float text_y = RandomFloat(-400, 400);
+    const float text_x = RandomFloat(-800, 0);
+    AddText(&frame, text_x, text_y, 1.0f, 18);
+    const float blue = RandomFloat(0, 1);
+    const float red = RandomFloat(0, 1);
+    SetColour(&frame.commands.back(), red, 1.0f, blue, 0.8f);
+    const float mesh_y = RandomFloat(-400, 400);
+    const float mesh_x = RandomFloat(-700, 700);
+    DrawCommand mesh = QuadCommand(mesh_x, mesh_y, 120, 120, 9);
     mesh.kind = DrawCommand::Kind::kMesh;
     AddMesh(&frame, Fan(6), FanIndices(6), mesh);
     if (i == 3) AddRandomInstances(&frame, 30);

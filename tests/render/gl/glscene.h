@@ -65,7 +65,8 @@ inline std::vector<std::uint8_t> SceneGlyph(int width, int height) {
   return coverage;
 }
 
-/// Random floats from the engine's own generator, so that a scene is the same everywhere.
+/// Random floats from the engine's own generator, so that a scene is the same everywhere. Draw them
+/// one by one: compilers differ in the order in which they evaluate arguments.
 inline float RandomFloat(float low, float high) {
   return low + (high - low) * static_cast<float>(ZOVEngine::Rand()) / 32767.0f;
 }
@@ -99,12 +100,18 @@ inline void SetColour(ZOVEngine::DrawCommand* command, float r, float g, float b
 inline void AddRandomQuads(ZOVEngine::Frame* frame, int count,
                            ZOVEngine::Program program = ZOVEngine::Program::kDefault) {
   for (int i = 0; i < count; ++i) {
+    const float height = RandomFloat(20, 260);
+    const float width = RandomFloat(20, 260);
+    const float y = RandomFloat(-500, 500);
+    const float x = RandomFloat(-900, 900);
     auto& command = frame->commands.emplace_back(QuadCommand(
-        RandomFloat(-900, 900), RandomFloat(-500, 500), RandomFloat(20, 260), RandomFloat(20, 260),
-        static_cast<std::uint32_t>(i * 7) % kSceneTextures, program));
+        x, y, width, height, static_cast<std::uint32_t>(i * 7) % kSceneTextures, program));
     if (i % 3) command.placement.rotate_radians = RandomFloat(-3.0f, 3.0f);
-    SetColour(&command, RandomFloat(0, 1), RandomFloat(0, 1), RandomFloat(0, 1),
-              RandomFloat(0.3f, 1));
+    const float alpha = RandomFloat(0.3f, 1);
+    const float blue = RandomFloat(0, 1);
+    const float green = RandomFloat(0, 1);
+    const float red = RandomFloat(0, 1);
+    SetColour(&command, red, green, blue, alpha);
   }
 }
 
@@ -122,9 +129,13 @@ inline ZOVEngine::LightRecord LightAt(float x, float y) {
 
 inline void AddRandomLights(ZOVEngine::Frame* frame, int count) {
   for (int i = 0; i < count; ++i) {
-    auto& light =
-        frame->lights.emplace_back(LightAt(RandomFloat(-900, 900), RandomFloat(-500, 500)));
-    light.diffuse = ZOVEngine::Vector3D(RandomFloat(0, 1), RandomFloat(0, 1), RandomFloat(0, 1));
+    const float y = RandomFloat(-500, 500);
+    const float x = RandomFloat(-900, 900);
+    auto& light = frame->lights.emplace_back(LightAt(x, y));
+    const float blue = RandomFloat(0, 1);
+    const float green = RandomFloat(0, 1);
+    const float red = RandomFloat(0, 1);
+    light.diffuse = ZOVEngine::Vector3D(red, green, blue);
     light.position.z = RandomFloat(-20, 60);
   }
 }
