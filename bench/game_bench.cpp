@@ -23,6 +23,7 @@
 #include "core/engine.h"
 #include "core/statemachine.h"
 #include "game/turns/gamecontroller.h"
+#include "game/units/enemy.h"
 #include "game/units/player.h"
 #include "objects/gameobjfactory.h"
 #include "physics/collidersystem.h"
