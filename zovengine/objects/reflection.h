@@ -6,6 +6,13 @@
 
 namespace ZOVEngine {
 
+/// A key and a value that reflection keeps with a class or a field.
+using Metadata = decltype(rttr::metadata(rttr::variant(), rttr::variant()));
+
+/// Made in one place: the library's code for each kind of value takes the compiler seconds.
+Metadata MakeMetadata(const std::string& key, const std::string& value);
+Metadata MakeMetadata(const std::string& key, bool value);
+
 /// Registers a component class for the editor's inspector.
 ///
 /// Made once a class, in the class's own source file, within RTTR_REGISTRATION. The type is known
@@ -16,7 +23,7 @@ class ComponentRegistration {
  public:
   explicit ComponentRegistration(const std::string& plain_name)
       : m_class("ZOVEngine::" + plain_name) {
-    m_class(rttr::metadata("isInspect", true), rttr::metadata("componentname", plain_name));
+    m_class(MakeMetadata("isInspect", true), MakeMetadata("componentname", plain_name));
   }
 
   /// Adds an inspectable field. `typeinfo` chooses the field editor: "float", "int", "bool",
@@ -26,9 +33,9 @@ class ComponentRegistration {
   ComponentRegistration& Field(const char* name, Member member, const std::string& typeinfo,
                                const std::string& label,
                                const std::string& display_mode = "default") {
-    m_class.property(name, member)(
-        rttr::metadata("is_inspect", true), rttr::metadata("DisplayMode", display_mode),
-        rttr::metadata("typeinfo", typeinfo), rttr::metadata("name", label));
+    m_class.property(name, member)(MakeMetadata("is_inspect", true),
+                                   MakeMetadata("DisplayMode", display_mode),
+                                   MakeMetadata("typeinfo", typeinfo), MakeMetadata("name", label));
     return *this;
   }
 
@@ -48,7 +55,7 @@ template <class T>
 class SystemRegistration {
  public:
   explicit SystemRegistration(const std::string& plain_name) : m_class("ZOVEngine::" + plain_name) {
-    m_class(rttr::metadata("systemname", plain_name));
+    m_class(MakeMetadata("systemname", plain_name));
   }
 
   /// Adds a tuning method that is reached by name.
