@@ -95,6 +95,19 @@ TEST_F(ReadTest, AMissingVector3DHasAComplaintOfItsOwn) {
   EXPECT_EQ(vector, Vector3D(1, 2, 3));
 }
 
+TEST_F(ReadTest, ArraysTakeTheirEntriesAsFieldsTakeThem) {
+  const Value& root = Parse(R"({"flags": [true, 1, false], "reals": [1, 0.5], "whole": [-1, 2]})");
+  std::vector<bool> flags = {true};
+  std::vector<float> reals;
+  std::array<int, 2> whole = {};
+  ReadBoolArray(root, "flags", &flags);
+  ReadFloatArray(root, "reals", &reals);
+  ReadIntPair(root, "whole", &whole);
+  EXPECT_THAT(flags, ElementsAre(true, false, false));
+  EXPECT_THAT(reals, ElementsAre(1.0f, 0.5f));
+  EXPECT_THAT(whole, ElementsAre(-1, 2));
+}
+
 TEST_F(ReadTest, AMissingArrayIsEmptied) {
   const Value& root = Parse("{}");
   std::vector<Vector3D> places = {Vector3D(1, 2, 3)};
@@ -477,11 +490,15 @@ TEST(JsonWrite, VectorsAreNestedArrays) {
               WriteVector3DArray(w, "list", {Vector3D(7, 8, 9)});
               WriteStringArray(w, "texts", {"a", ""});
               WriteIntArray(w, "numbers", {1, -2});
+              WriteIntPair(w, "whole", {-1, 2});
+              WriteFloatArray(w, "reals", {0.5f});
+              WriteBoolArray(w, "flags", {true, false});
               WriteVector3DArray(w, "nothing", {});
             })),
             "{\"two\":[1.0,2.0],\"three\":[1.0,2.0,3.0],\"four\":[1.0,2.0,3.0,4.0],"
             "\"pair\":[[1.0,2.0,3.0],[4.0,5.0,6.0]],\"list\":[[7.0,8.0,9.0]],"
-            "\"texts\":[\"a\",\"\"],\"numbers\":[1,-2],\"nothing\":[]}");
+            "\"texts\":[\"a\",\"\"],\"numbers\":[1,-2],\"whole\":[-1,2],\"reals\":[0.5],"
+            "\"flags\":[true,false],\"nothing\":[]}");
 }
 
 TEST(JsonWrite, WhatIsWrittenIsReadBack) {

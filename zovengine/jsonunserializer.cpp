@@ -122,12 +122,12 @@ void ReadEntry(const Value& value, Vector3D* out) {
   *out = ToVector3D(value);
 }
 
-template <std::size_t N>
-void ReadFloats(const Value& object, const char* key, std::array<float, N>* out, const char* what) {
+template <class T, std::size_t N>
+void ReadEntries(const Value& object, const char* key, std::array<T, N>* out, const char* what) {
   const Value* value = FindOrComplain(object, key);
   if (value == nullptr) return;
   RequireArray(*value, N, what);
-  for (unsigned i = 0; i < N; ++i) (*out)[i] = ToFloat((*value)[i]);
+  for (unsigned i = 0; i < N; ++i) ReadEntry((*value)[i], &(*out)[i]);
 }
 
 template <class T>
@@ -207,19 +207,20 @@ template void ReadValue(const Value&, const char*, unsigned*);
 template void ReadValue(const Value&, const char*, float*);
 template void ReadValue(const Value&, const char*, std::string*);
 
+void ReadIntPair(const Value& object, const char* key, std::array<int, 2>* out) {
+  ReadEntries(object, key, out, "expected an array of 2 numbers");
+}
+
 void ReadVector2(const Value& object, const char* key, std::array<float, 2>* out) {
-  ReadFloats(object, key, out, "expected an array of 2 numbers");
+  ReadEntries(object, key, out, "expected an array of 2 numbers");
 }
 
 void ReadVector4(const Value& object, const char* key, std::array<float, 4>* out) {
-  ReadFloats(object, key, out, "expected an array of 4 numbers");
+  ReadEntries(object, key, out, "expected an array of 4 numbers");
 }
 
 void ReadVector3DPair(const Value& object, const char* key, std::array<Vector3D, 2>* out) {
-  const Value* value = FindOrComplain(object, key);
-  if (value == nullptr) return;
-  RequireArray(*value, 2, "expected an array of 2 arrays of 3 numbers");
-  for (unsigned i = 0; i < 2; ++i) (*out)[i] = ToVector3D((*value)[i]);
+  ReadEntries(object, key, out, "expected an array of 2 arrays of 3 numbers");
 }
 
 void ReadVector3D(const Value& object, const char* key, Vector3D* out) {
@@ -237,6 +238,14 @@ void ReadVector3DArray(const Value& object, const char* key, std::vector<Vector3
 }
 
 void ReadStringArray(const Value& object, const char* key, std::vector<std::string>* out) {
+  ReadArray(object, key, out);
+}
+
+void ReadBoolArray(const Value& object, const char* key, std::vector<bool>* out) {
+  ReadArray(object, key, out);
+}
+
+void ReadFloatArray(const Value& object, const char* key, std::vector<float>* out) {
   ReadArray(object, key, out);
 }
 
@@ -293,6 +302,9 @@ namespace {
 void WriteEntry(Writer& writer, const std::string& value) {
   writer.json->String(value.data(), static_cast<unsigned>(value.size()));
 }
+void WriteEntry(Writer& writer, bool value) {
+  writer.json->Bool(value);
+}
 void WriteEntry(Writer& writer, int value) {
   writer.json->Int(value);
 }
@@ -317,12 +329,12 @@ void WriteList(Writer& writer, const char* key, const List& list) {
 
 void WriteValue(Writer& writer, const char* key, bool value) {
   WriteKey(writer, key);
-  writer.json->Bool(value);
+  WriteEntry(writer, value);
 }
 
 void WriteValue(Writer& writer, const char* key, int value) {
   WriteKey(writer, key);
-  writer.json->Int(value);
+  WriteEntry(writer, value);
 }
 
 void WriteValue(Writer& writer, const char* key, unsigned value) {
@@ -332,12 +344,16 @@ void WriteValue(Writer& writer, const char* key, unsigned value) {
 
 void WriteValue(Writer& writer, const char* key, float value) {
   WriteKey(writer, key);
-  WriteFloat(writer, value);
+  WriteEntry(writer, value);
 }
 
 void WriteValue(Writer& writer, const char* key, const std::string& value) {
   WriteKey(writer, key);
   WriteEntry(writer, value);
+}
+
+void WriteIntPair(Writer& writer, const char* key, const std::array<int, 2>& value) {
+  WriteList(writer, key, value);
 }
 
 void WriteVector2(Writer& writer, const char* key, const std::array<float, 2>& value) {
@@ -362,6 +378,14 @@ void WriteVector3DArray(Writer& writer, const char* key, const std::vector<Vecto
 }
 
 void WriteStringArray(Writer& writer, const char* key, const std::vector<std::string>& value) {
+  WriteList(writer, key, value);
+}
+
+void WriteBoolArray(Writer& writer, const char* key, const std::vector<bool>& value) {
+  WriteList(writer, key, value);
+}
+
+void WriteFloatArray(Writer& writer, const char* key, const std::vector<float>& value) {
   WriteList(writer, key, value);
 }
 

@@ -71,6 +71,7 @@ template <class T>
 void ReadValue(const Value& object, const char* key, T* out);
 
 /// Arrays of exactly 2 and 4 numbers, in the manner of ReadValue.
+void ReadIntPair(const Value& object, const char* key, std::array<int, 2>* out);
 void ReadVector2(const Value& object, const char* key, std::array<float, 2>* out);
 void ReadVector4(const Value& object, const char* key, std::array<float, 4>* out);
 /// A range: an array of 2 arrays of 3 numbers, in the manner of ReadValue.
@@ -80,6 +81,8 @@ void ReadVector3D(const Value& object, const char* key, Vector3D* out);
 /// Clears `*out` first, so a missing key, which prints "Cant find Key: " and the key, empties it.
 void ReadVector3DArray(const Value& object, const char* key, std::vector<Vector3D>* out);
 void ReadStringArray(const Value& object, const char* key, std::vector<std::string>* out);
+void ReadBoolArray(const Value& object, const char* key, std::vector<bool>* out);
+void ReadFloatArray(const Value& object, const char* key, std::vector<float>* out);
 void ReadIntArray(const Value& object, const char* key, std::vector<int>* out);
 
 /// The number held by an entry of an array, in the manner of ReadValue.
@@ -125,12 +128,15 @@ void WriteValue(Writer& writer, const char* key, int value);
 void WriteValue(Writer& writer, const char* key, unsigned value);
 void WriteValue(Writer& writer, const char* key, float value);
 void WriteValue(Writer& writer, const char* key, const std::string& value);
+void WriteIntPair(Writer& writer, const char* key, const std::array<int, 2>& value);
 void WriteVector2(Writer& writer, const char* key, const std::array<float, 2>& value);
 void WriteVector4(Writer& writer, const char* key, const std::array<float, 4>& value);
 void WriteVector3DPair(Writer& writer, const char* key, const std::array<Vector3D, 2>& value);
 void WriteVector3D(Writer& writer, const char* key, const Vector3D& value);
 void WriteVector3DArray(Writer& writer, const char* key, const std::vector<Vector3D>& value);
 void WriteStringArray(Writer& writer, const char* key, const std::vector<std::string>& value);
+void WriteBoolArray(Writer& writer, const char* key, const std::vector<bool>& value);
+void WriteFloatArray(Writer& writer, const char* key, const std::vector<float>& value);
 void WriteIntArray(Writer& writer, const char* key, const std::vector<int>& value);
 void WriteFloat(Writer& writer, float value);
 

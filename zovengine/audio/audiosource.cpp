@@ -9,52 +9,20 @@ namespace ZOVEngine {
 
 namespace {
 
-bool ReadEntry(const Value& value, bool) {
-  return value.IsTrue();
-}
+using Sounds = std::map<std::string, SoundRecord>;
 
-float ReadEntry(const Value& value, float) {
-  return ToFloat(value);
-}
-
-/// The list under `key`; a missing key, which prints its line, gives an empty one.
+/// `field` of every record, in the order of the names.
 template <class T>
-std::vector<T> ReadList(const Value& object, const char* key) {
+std::vector<T> ListField(const Sounds& sounds, T SoundRecord::*field) {
   std::vector<T> list;
-  const Value* value = FindOrComplain(object, key);
-  if (value == nullptr) return list;
-  if (!value->IsArray()) FailReading("expected an array");
-  for (const Value& entry : value->GetArray()) list.push_back(ReadEntry(entry, T()));
+  for (const auto& [name, sound] : sounds) list.push_back(sound.*field);
   return list;
 }
 
-void WriteEntry(Writer& writer, const std::string& value) {
-  writer.json->String(value.c_str(), static_cast<rapidjson::SizeType>(value.size()));
-}
-
-void WriteEntry(Writer& writer, bool value) {
-  writer.json->Bool(value);
-}
-
-void WriteEntry(Writer& writer, float value) {
-  WriteFloat(writer, value);
-}
-
-/// Writes `field` of every record under `key`.
-template <class T>
-void WriteList(Writer& writer, const char* key, const std::map<std::string, SoundRecord>& sounds,
-               T SoundRecord::*field) {
-  WriteKey(writer, key);
-  writer.json->StartArray();
-  for (const auto& [name, sound] : sounds) WriteEntry(writer, sound.*field);
-  writer.json->EndArray();
-}
-
-void WriteNames(Writer& writer, const std::map<std::string, SoundRecord>& sounds) {
-  WriteKey(writer, "sounds");
-  writer.json->StartArray();
-  for (const auto& [name, sound] : sounds) WriteEntry(writer, name);
-  writer.json->EndArray();
+std::vector<std::string> ListNames(const Sounds& sounds) {
+  std::vector<std::string> names;
+  for (const auto& [name, sound] : sounds) names.push_back(name);
+  return names;
 }
 
 }  // namespace
@@ -68,14 +36,19 @@ AudioSource::~AudioSource() {
   }
 }
 
+// Written by hand: the records of the files are lists side by side, one for each field.
 void AudioSource::Unserialize(const Value& value) {
   std::vector<std::string> names;
-  ReadStringArray(value, "sounds", &names);
-  const auto loops = ReadList<bool>(value, "loop");
-  const auto are_3D = ReadList<bool>(value, "is_3D");
-  const auto starts = ReadList<bool>(value, "start_play");
-  const auto volumes = ReadList<float>(value, "volume");
+  std::vector<bool> loops;
+  std::vector<bool> are_3D;
+  std::vector<bool> starts;
+  std::vector<float> volumes;
   std::vector<std::string> types;
+  ReadStringArray(value, "sounds", &names);
+  ReadBoolArray(value, "loop", &loops);
+  ReadBoolArray(value, "is_3D", &are_3D);
+  ReadBoolArray(value, "start_play", &starts);
+  ReadFloatArray(value, "volume", &volumes);
   ReadStringArray(value, "sound_type", &types);
   for (std::size_t i = 0; i < names.size(); ++i) {
     SoundRecord sound;
@@ -89,12 +62,12 @@ void AudioSource::Unserialize(const Value& value) {
 }
 
 void AudioSource::Serialize(Writer& writer) {
-  WriteNames(writer, sounds);
-  WriteList(writer, "loop", sounds, &SoundRecord::loop);
-  WriteList(writer, "is_3D", sounds, &SoundRecord::is_3D);
-  WriteList(writer, "start_play", sounds, &SoundRecord::start_play);
-  WriteList(writer, "sound_type", sounds, &SoundRecord::sound_type);
-  WriteList(writer, "volume", sounds, &SoundRecord::volume);
+  WriteStringArray(writer, "sounds", ListNames(sounds));
+  WriteBoolArray(writer, "loop", ListField(sounds, &SoundRecord::loop));
+  WriteBoolArray(writer, "is_3D", ListField(sounds, &SoundRecord::is_3D));
+  WriteBoolArray(writer, "start_play", ListField(sounds, &SoundRecord::start_play));
+  WriteStringArray(writer, "sound_type", ListField(sounds, &SoundRecord::sound_type));
+  WriteFloatArray(writer, "volume", ListField(sounds, &SoundRecord::volume));
 }
 
 void AudioSource::PlaySound(const std::string& name) {

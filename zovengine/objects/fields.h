@@ -16,8 +16,11 @@ namespace ZOVEngine {
 //   template <class Visitor> static void Fields(Visitor& visit);
 // and defines it in its source, before ZOV_COMPONENT_FIELDS: a line for each field, in the order of
 // the files, `visit(key, &Class::member)`, with the label of the inspector behind it if the
-// inspector shows the field. Where files and inspector differ in names or order, the class has two
-// lists: `Fields` for files and `Inspected`, of the same form, for the inspector.
+// inspector shows the field. `visit.Checked(key, &Class::member, Check)` calls `Check(value)` with
+// what was read, which ends in FailReading if it cannot be. Where files and inspector differ in
+// names or order, the class has two lists: `Fields` for files and `Inspected`, of the same form,
+// for the inspector. Where a file is written in another order than it is read, a list `Written`
+// gives that order; parts that both lists share are functions of their own.
 
 /// Reads a field by its type, in the manner of ReadValue.
 template <class T>
@@ -29,6 +32,9 @@ inline void ReadField(const Value& object, const char* key, Vector3D* out) {
 }
 inline void ReadField(const Value& object, const char* key, std::array<float, 2>* out) {
   ReadVector2(object, key, out);
+}
+inline void ReadField(const Value& object, const char* key, std::array<int, 2>* out) {
+  ReadIntPair(object, key, out);
 }
 inline void ReadField(const Value& object, const char* key, std::array<float, 4>* out) {
   ReadVector4(object, key, out);
@@ -50,6 +56,9 @@ inline void WriteField(Writer& writer, const char* key, const Vector3D& value) {
 }
 inline void WriteField(Writer& writer, const char* key, const std::array<float, 2>& value) {
   WriteVector2(writer, key, value);
+}
+inline void WriteField(Writer& writer, const char* key, const std::array<int, 2>& value) {
+  WriteIntPair(writer, key, value);
 }
 inline void WriteField(Writer& writer, const char* key, const std::array<float, 4>& value) {
   WriteVector4(writer, key, value);
@@ -81,6 +90,11 @@ class FieldReader {
   void operator()(const char* key, M C::*member, Shown...) {
     ReadField(m_value, key, &(m_component->*member));
   }
+  template <class C, class M, class Check>
+  void Checked(const char* key, M C::*member, Check check) {
+    (*this)(key, member);
+    check(m_component->*member);
+  }
 
  private:
   const Value& m_value;
@@ -95,6 +109,10 @@ class FieldWriter {
   template <class C, class M, class... Shown>
   void operator()(const char* key, M C::*member, Shown...) {
     WriteField(m_writer, key, m_component.*member);
+  }
+  template <class C, class M, class Check>
+  void Checked(const char* key, M C::*member, Check) {
+    (*this)(key, member);
   }
 
  private:
@@ -114,10 +132,30 @@ class FieldRegistrar {
                   const char* display_mode = "default") {
     m_registration->Field(key, static_cast<M T::*>(member), FieldEditor<M>(), label, display_mode);
   }
+  template <class C, class M, class Check>
+  void Checked(const char*, M C::*, Check) {}
 
  private:
   ComponentRegistration<T>* m_registration;
 };
+
+/// Reads all fields of a component's file, in the order of its list.
+template <class T>
+void ReadFields(const Value& value, T* component) {
+  FieldReader<T> visit(value, component);
+  T::Fields(visit);
+}
+
+/// Writes all fields of a component's file, in the order of `Written` if the class has that list.
+template <class T>
+void WriteFields(Writer& writer, const T& component) {
+  FieldWriter<T> visit(writer, component);
+  if constexpr (requires { T::Written(visit); }) {
+    T::Written(visit);
+  } else {
+    T::Fields(visit);
+  }
+}
 
 /// Registers a component class and the fields that it shows.
 template <class T>
@@ -136,16 +174,18 @@ ComponentRegistration<T>& RegisterFields(ComponentRegistration<T>&& registration
 /// Defines reader and writer of a component by its list of fields.
 #define ZOV_COMPONENT_FILE(Class)               \
   void Class::Unserialize(const Value& value) { \
-    FieldReader<Class> visit(value, this);      \
-    Fields(visit);                              \
+    ReadFields(value, this);                    \
   }                                             \
   void Class::Serialize(Writer& writer) {       \
-    FieldWriter<Class> visit(writer, *this);    \
-    Fields(visit);                              \
+    WriteFields(writer, *this);                 \
   }
 
-/// The same, and registers the class for the inspector.
-#define ZOV_COMPONENT_FIELDS(Class)                         \
-  ZOV_COMPONENT_FILE(Class)                                 \
+/// Registers a component and the fields that its list shows for the inspector.
+#define ZOV_COMPONENT_INSPECTED(Class)                      \
   [[maybe_unused]] static const bool g_registered_##Class = \
       (RegisterFields(ComponentRegistration<Class>(#Class)), true);
+
+/// Both: all that a component without anything of its own needs besides its list.
+#define ZOV_COMPONENT_FIELDS(Class) \
+  ZOV_COMPONENT_FILE(Class)         \
+  ZOV_COMPONENT_INSPECTED(Class)

@@ -2,7 +2,6 @@
 
 #include <string>
 
-#include "jsonunserializer.h"
 #include "objects/gamecomponentbase.h"
 
 namespace ZOVEngine {
@@ -16,8 +15,10 @@ class StateC final : public GameComponentBase {
  public:
   using GameComponentBase::GameComponentBase;
 
-  void Unserialize(const Value& value) override { ReadValue(value, "m_state", &m_state); }
-  void Serialize(Writer& writer) override { WriteValue(writer, "m_state", m_state); }
+  template <class Visitor>
+  static void Fields(Visitor& visit);
+  void Unserialize(const Value& value) override;
+  void Serialize(Writer& writer) override;
 
   std::string m_state;
 };

@@ -37,6 +37,8 @@ class RigidBody final : public GameComponentBase {
  public:
   using GameComponentBase::GameComponentBase;
 
+  template <class Visitor>
+  static void Fields(Visitor& visit);
   void Unserialize(const Value& value) override;
   void Serialize(Writer& writer) override;
 

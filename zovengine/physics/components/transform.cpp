@@ -1,58 +1,81 @@
 #include "physics/components/transform.h"
 
-#include "jsonunserializer.h"
 #include "objects/componentmanager.h"
-#include "objects/reflection.h"
+#include "objects/fields.h"
+
+namespace ZOVEngine {
+namespace {
+
+template <class Visitor>
+void VisitLocal(Visitor& visit) {
+  visit("m_pos", &Transform::m_local_pos);
+  visit("m_scale", &Transform::m_local_scale);
+  visit("m_rotate", &Transform::m_local_rotate);
+}
+
+template <class Visitor>
+void VisitParenting(Visitor& visit) {
+  visit("m_rotate_with_parent", &Transform::m_rotate_with_parent);
+}
+
+template <class Visitor>
+void VisitWorld(Visitor& visit) {
+  visit("m_world_scale", &Transform::m_world_scale);
+  visit("m_world_rotate", &Transform::m_world_rotate);
+  visit("m_world_pos", &Transform::m_world_pos);
+}
+
+/// The Transform of an ancestor, or null for one without.
+Transform* FindTransform(GameObj* object) {
+  return object->HasComponent<Transform>() ? object->GetComponent<Transform>() : nullptr;
+}
+
+}  // namespace
+
+template <class Visitor>
+void Transform::Fields(Visitor& visit) {
+  VisitLocal(visit);
+  VisitParenting(visit);
+  VisitWorld(visit);
+}
+
+template <class Visitor>
+void Transform::Written(Visitor& visit) {
+  VisitLocal(visit);
+  VisitWorld(visit);
+  VisitParenting(visit);
+}
+
+template <class Visitor>
+void Transform::Inspected(Visitor& visit) {
+  visit("m_local_pos", &Transform::m_local_pos, "Local Position");
+  visit("m_local_scale", &Transform::m_local_scale, "Local Scale");
+  visit("m_local_rotate", &Transform::m_local_rotate, "Local Rotate");
+  visit("m_prev_pos", &Transform::m_prev_pos, "Previous Positon");
+  visit("m_prev_rotate", &Transform::m_prev_rotate, "Previous Rotate");
+  visit("m_world_pos", &Transform::m_world_pos, "World Position");
+  visit("m_world_scale", &Transform::m_world_scale, "World Scale");
+  visit("m_world_rotate", &Transform::m_world_rotate, "World Rotate");
+  visit("CanBeDragged", &Transform::CanBeDragged, "Can Be Dragged");
+  visit("m_rotate_with_parent", &Transform::m_rotate_with_parent, "Rotate with parent");
+}
 
 RTTR_REGISTRATION {
-  using ZOVEngine::Transform;
-  ZOVEngine::ComponentRegistration<Transform>("Transform")
-      .Field("m_local_pos", &Transform::m_local_pos, "Vector3", "Local Position")
-      .Field("m_local_scale", &Transform::m_local_scale, "Vector3", "Local Scale")
-      .Field("m_local_rotate", &Transform::m_local_rotate, "float", "Local Rotate")
-      .Field("m_prev_pos", &Transform::m_prev_pos, "Vector3", "Previous Positon")
-      .Field("m_prev_rotate", &Transform::m_prev_rotate, "float", "Previous Rotate")
-      .Field("m_world_pos", &Transform::m_world_pos, "Vector3", "World Position")
-      .Field("m_world_scale", &Transform::m_world_scale, "Vector3", "World Scale")
-      .Field("m_world_rotate", &Transform::m_world_rotate, "float", "World Rotate")
-      .Field("CanBeDragged", &Transform::CanBeDragged, "bool", "Can Be Dragged")
-      .Field("m_rotate_with_parent", &Transform::m_rotate_with_parent, "bool", "Rotate with parent")
+  RegisterFields(ComponentRegistration<Transform>("Transform"))
       .Method("SetLocalPosition", &Transform::SetLocalPosition)
       .Method("GetRotate", &Transform::GetRotate)
       .Method("SetWorldPosition", &Transform::SetWorldPosition)
       .Method("RotateAround", &Transform::RotateAround);
 }
 
-namespace ZOVEngine {
-namespace {
-
-/// The Transform of an ancestor, or null for one without.
-Transform* TransformOf(GameObj* object) {
-  return object->HasComponent<Transform>() ? object->GetComponent<Transform>() : nullptr;
-}
-
-}  // namespace
-
 void Transform::Unserialize(const Value& value) {
-  ReadVector3D(value, "m_pos", &m_local_pos);
+  ReadFields(value, this);
   m_prev_pos = m_local_pos;
-  ReadVector3D(value, "m_scale", &m_local_scale);
-  ReadValue(value, "m_rotate", &m_local_rotate);
   m_prev_rotate = m_local_rotate;
-  ReadValue(value, "m_rotate_with_parent", &m_rotate_with_parent);
-  ReadVector3D(value, "m_world_scale", &m_world_scale);
-  ReadValue(value, "m_world_rotate", &m_world_rotate);
-  ReadVector3D(value, "m_world_pos", &m_world_pos);
 }
 
 void Transform::Serialize(Writer& writer) {
-  WriteVector3D(writer, "m_pos", m_local_pos);
-  WriteVector3D(writer, "m_scale", m_local_scale);
-  WriteValue(writer, "m_rotate", m_local_rotate);
-  WriteVector3D(writer, "m_world_scale", m_world_scale);
-  WriteValue(writer, "m_world_rotate", m_world_rotate);
-  WriteVector3D(writer, "m_world_pos", m_world_pos);
-  WriteValue(writer, "m_rotate_with_parent", m_rotate_with_parent);
+  WriteFields(writer, *this);
 }
 
 void Transform::SetLocalPosition(Vector3D p) {
@@ -68,7 +91,7 @@ void Transform::SetWorldPosition(Vector3D p) {
   m_world_pos = p;
   m_local_pos = p;
   for (GameObj* ancestor = m_owner->parent; ancestor != nullptr; ancestor = ancestor->parent) {
-    const Transform* a = TransformOf(ancestor);
+    const Transform* a = FindTransform(ancestor);
     if (a == nullptr) continue;
     const Matrix4x4 back = Matrix4x4::Translation(a->m_local_pos.x, a->m_local_pos.y);
     Matrix4x4 undo;
@@ -121,7 +144,7 @@ void Transform::DeriveWorld() {
   m_world_rotate = m_local_rotate;
   m_world_scale = m_local_scale;
   for (GameObj* ancestor = m_owner->parent; ancestor != nullptr; ancestor = ancestor->parent) {
-    const Transform* a = TransformOf(ancestor);
+    const Transform* a = FindTransform(ancestor);
     if (a == nullptr) continue;
     m_world_scale.x *= a->m_local_scale.x;
     m_world_scale.y *= a->m_local_scale.y;

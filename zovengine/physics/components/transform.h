@@ -19,6 +19,12 @@ class Transform final : public GameComponentBase {
  public:
   using GameComponentBase::GameComponentBase;
 
+  template <class Visitor>
+  static void Fields(Visitor& visit);
+  template <class Visitor>
+  static void Written(Visitor& visit);
+  template <class Visitor>
+  static void Inspected(Visitor& visit);
   void Unserialize(const Value& value) override;
   void Serialize(Writer& writer) override;
 

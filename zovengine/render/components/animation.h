@@ -18,6 +18,8 @@ class Animation final : public GameComponentBase {
  public:
   using GameComponentBase::GameComponentBase;
 
+  template <class Visitor>
+  static void Fields(Visitor& visit);
   void Unserialize(const Value& value) override;
   void Serialize(Writer& writer) override;
 

@@ -1,9 +1,14 @@
 #include "render/components/font.h"
 
-#include "objects/reflection.h"
+#include "objects/fields.h"
 
-RTTR_REGISTRATION {
-  using ZOVEngine::Font;
-  ZOVEngine::ComponentRegistration<Font>("Font").Field("m_text", &Font::m_text, "std::string",
-                                                       "Text");
+namespace ZOVEngine {
+
+template <class Visitor>
+void Font::Fields(Visitor& visit) {
+  visit("m_text", &Font::m_text, "Text");
+  visit("m_colour", &Font::m_colour);
 }
+ZOV_COMPONENT_FIELDS(Font)
+
+}  // namespace ZOVEngine

@@ -3,7 +3,6 @@
 #include <array>
 #include <string>
 
-#include "jsonunserializer.h"
 #include "objects/gamecomponentbase.h"
 
 namespace ZOVEngine {
@@ -19,14 +18,10 @@ class Font final : public GameComponentBase {
  public:
   using GameComponentBase::GameComponentBase;
 
-  void Unserialize(const Value& value) override {
-    ReadValue(value, "m_text", &m_text);
-    ReadVector4(value, "m_colour", &m_colour);
-  }
-  void Serialize(Writer& writer) override {
-    WriteValue(writer, "m_text", m_text);
-    WriteVector4(writer, "m_colour", m_colour);
-  }
+  template <class Visitor>
+  static void Fields(Visitor& visit);
+  void Unserialize(const Value& value) override;
+  void Serialize(Writer& writer) override;
 
   std::string m_text = "text";
   std::array<float, 4> m_colour = {1.0f, 1.0f, 1.0f, 1.0f};  ///< r, g, b, a

@@ -1,29 +1,20 @@
 #include "render/components/light.h"
 
-#include "jsonunserializer.h"
+#include "objects/fields.h"
 
 namespace ZOVEngine {
 
-void Light::Unserialize(const Value& value) {
-  ReadValue(value, "m_active", &m_active);
-  ReadVector3D(value, "m_pos", &m_pos);
-  ReadVector3D(value, "m_diffuse", &m_diffuse);
-  ReadVector3D(value, "m_specular", &m_specular);
-  ReadVector3D(value, "m_ambient", &m_ambient);
-  ReadValue(value, "m_diffuseStr", &m_diffuseStr);
-  ReadValue(value, "m_specularStr", &m_specularStr);
-  ReadValue(value, "m_ambientStr", &m_ambientStr);
+template <class Visitor>
+void Light::Fields(Visitor& visit) {
+  visit("m_active", &Light::m_active);
+  visit("m_pos", &Light::m_pos);
+  visit("m_diffuse", &Light::m_diffuse);
+  visit("m_specular", &Light::m_specular);
+  visit("m_ambient", &Light::m_ambient);
+  visit("m_diffuseStr", &Light::m_diffuseStr);
+  visit("m_specularStr", &Light::m_specularStr);
+  visit("m_ambientStr", &Light::m_ambientStr);
 }
-
-void Light::Serialize(Writer& writer) {
-  WriteValue(writer, "m_active", m_active);
-  WriteVector3D(writer, "m_pos", m_pos);
-  WriteVector3D(writer, "m_diffuse", m_diffuse);
-  WriteVector3D(writer, "m_specular", m_specular);
-  WriteVector3D(writer, "m_ambient", m_ambient);
-  WriteValue(writer, "m_diffuseStr", m_diffuseStr);
-  WriteValue(writer, "m_specularStr", m_specularStr);
-  WriteValue(writer, "m_ambientStr", m_ambientStr);
-}
+ZOV_COMPONENT_FILE(Light)
 
 }  // namespace ZOVEngine

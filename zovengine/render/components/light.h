@@ -15,6 +15,8 @@ class Light final : public GameComponentBase {
  public:
   using GameComponentBase::GameComponentBase;
 
+  template <class Visitor>
+  static void Fields(Visitor& visit);
   void Unserialize(const Value& value) override;
   void Serialize(Writer& writer) override;
 

@@ -6,7 +6,7 @@
 
 #include "core/base/random.h"
 #include "core/engine.h"
-#include "jsonunserializer.h"
+#include "objects/fields.h"
 #include "objects/gameobjfactory.h"
 #include "physics/components/rigidbody.h"
 #include "physics/components/transform.h"
@@ -22,23 +22,12 @@ constexpr const char* kArchetype = "particle_test";
 /// units).
 constexpr float kSmallestRadius = 0.01f;
 
-using IntPair = std::array<std::int32_t, 2>;
-
-void ReadIntPair(const Value& object, const char* key, IntPair* out) {
-  const Value* value = FindOrComplain(object, key);
-  if (value == nullptr) return;
-  if (!value->IsArray() || value->Size() != 2) FailReading("expected an array of 2 numbers");
-  *out = {ToInt((*value)[0]), ToInt((*value)[1])};
+void CheckRate(const ParticleSystemC::IntPair& rate) {
+  if (rate[0] > rate[1]) FailReading("the minimum is above the maximum");
 }
 
-void ReadRate(const Value& object, const char* key, IntPair* out) {
-  ReadIntPair(object, key, out);
-  if ((*out)[0] > (*out)[1]) FailReading("the minimum is above the maximum");
-}
-
-void ReadPoolSize(const Value& object, const char* key, std::int32_t* out) {
-  ReadValue(object, key, out);
-  if (*out < 0 || *out > kMaxParticles) {
+void CheckPoolSize(std::int32_t size) {
+  if (size < 0 || size > kMaxParticles) {
     FailReading("expected a number from 0 to " + std::to_string(kMaxParticles));
   }
 }
@@ -79,56 +68,67 @@ void RequireComponent(const GameObj& particle, const char* name, const GameObj& 
                                              emitter.name + "\" need");
 }
 
+template <class Visitor>
+void VisitCycle(Visitor& visit) {
+  visit("m_duration", &ParticleSystemC::m_duration);
+  visit("m_delay", &ParticleSystemC::m_delay);
+  visit("m_max_distance", &ParticleSystemC::m_max_distance);
+  visit("m_lifetime_max", &ParticleSystemC::m_lifetime_max);
+  visit("m_looping", &ParticleSystemC::m_looping);
+  visit("m_prewarm", &ParticleSystemC::m_prewarm);
+  visit("m_start_force_mag", &ParticleSystemC::m_start_force_mag);
+  visit("m_start_size", &ParticleSystemC::m_start_size);
+  visit("m_start_force", &ParticleSystemC::m_start_force);
+}
+
+template <class Visitor>
+void VisitTorque(Visitor& visit) {
+  visit("m_start_torque", &ParticleSystemC::m_start_torque);
+  visit("m_start_torque_mag", &ParticleSystemC::m_start_torque_mag);
+}
+
+template <class Visitor>
+void VisitBirth(Visitor& visit) {
+  visit("m_start_rot", &ParticleSystemC::m_start_rot);
+  visit("m_arc", &ParticleSystemC::m_arc);
+  visit("m_start_color_min", &ParticleSystemC::m_start_color_min);
+  visit("m_start_color_max", &ParticleSystemC::m_start_color_max);
+}
+
+template <class Visitor>
+void VisitTexture(Visitor& visit) {
+  visit("particle_tex", &ParticleSystemC::particle_tex);
+}
+
+template <class Visitor>
+void VisitPool(Visitor& visit) {
+  visit.Checked("m_emitter_num_particles", &ParticleSystemC::m_emitter_num_particles, CheckRate);
+  visit("m_particle_size", &ParticleSystemC::m_particle_size);
+  visit("m_particle_color_min", &ParticleSystemC::m_particle_color_min);
+  visit("m_particle_color_max", &ParticleSystemC::m_particle_color_max);
+  visit.Checked("m_num_of_particles", &ParticleSystemC::m_num_of_particles, CheckPoolSize);
+}
+
 }  // namespace
 
-void ParticleSystemC::Unserialize(const Value& value) {
-  ReadValue(value, "m_duration", &m_duration);
-  ReadValue(value, "m_delay", &m_delay);
-  ReadVector2(value, "m_max_distance", &m_max_distance);
-  ReadVector2(value, "m_lifetime_max", &m_lifetime_max);
-  ReadValue(value, "m_looping", &m_looping);
-  ReadValue(value, "m_prewarm", &m_prewarm);
-  ReadVector2(value, "m_start_force_mag", &m_start_force_mag);
-  ReadVector3DPair(value, "m_start_size", &m_start_size);
-  ReadVector2(value, "m_start_force", &m_start_force);
-  ReadVector2(value, "m_start_torque", &m_start_torque);
-  ReadVector2(value, "m_start_torque_mag", &m_start_torque_mag);
-  ReadVector2(value, "m_start_rot", &m_start_rot);
-  ReadValue(value, "m_arc", &m_arc);
-  ReadVector4(value, "m_start_color_min", &m_start_color_min);
-  ReadVector4(value, "m_start_color_max", &m_start_color_max);
-  ReadValue(value, "particle_tex", &particle_tex);
-  ReadRate(value, "m_emitter_num_particles", &m_emitter_num_particles);
-  ReadVector3DPair(value, "m_particle_size", &m_particle_size);
-  ReadVector4(value, "m_particle_color_min", &m_particle_color_min);
-  ReadVector4(value, "m_particle_color_max", &m_particle_color_max);
-  ReadPoolSize(value, "m_num_of_particles", &m_num_of_particles);
+template <class Visitor>
+void ParticleSystemC::Fields(Visitor& visit) {
+  VisitCycle(visit);
+  VisitTorque(visit);
+  VisitBirth(visit);
+  VisitTexture(visit);
+  VisitPool(visit);
 }
 
-void ParticleSystemC::Serialize(Writer& writer) {
-  const auto& rate = m_emitter_num_particles;
-  WriteValue(writer, "m_duration", m_duration);
-  WriteValue(writer, "m_delay", m_delay);
-  WriteVector2(writer, "m_max_distance", m_max_distance);
-  WriteVector2(writer, "m_lifetime_max", m_lifetime_max);
-  WriteValue(writer, "m_looping", m_looping);
-  WriteValue(writer, "m_prewarm", m_prewarm);
-  WriteVector2(writer, "m_start_force_mag", m_start_force_mag);
-  WriteVector3DPair(writer, "m_start_size", m_start_size);
-  WriteVector2(writer, "m_start_force", m_start_force);
-  WriteVector2(writer, "m_start_rot", m_start_rot);
-  WriteValue(writer, "m_arc", m_arc);
-  WriteVector4(writer, "m_start_color_min", m_start_color_min);
-  WriteVector4(writer, "m_start_color_max", m_start_color_max);
-  WriteIntArray(writer, "m_emitter_num_particles", {rate[0], rate[1]});
-  WriteVector3DPair(writer, "m_particle_size", m_particle_size);
-  WriteVector4(writer, "m_particle_color_min", m_particle_color_min);
-  WriteVector4(writer, "m_particle_color_max", m_particle_color_max);
-  WriteValue(writer, "m_num_of_particles", m_num_of_particles);
-  WriteVector2(writer, "m_start_torque", m_start_torque);
-  WriteVector2(writer, "m_start_torque_mag", m_start_torque_mag);
-  WriteValue(writer, "particle_tex", particle_tex);
+template <class Visitor>
+void ParticleSystemC::Written(Visitor& visit) {
+  VisitCycle(visit);
+  VisitBirth(visit);
+  VisitPool(visit);
+  VisitTorque(visit);
+  VisitTexture(visit);
 }
+ZOV_COMPONENT_FILE(ParticleSystemC)
 
 void ParticleSystemC::Init() {
   m_init = true;

@@ -21,20 +21,25 @@ inline constexpr std::int32_t kMaxParticles = 150000;
 /// it off by a force and a torque. From then on the system changes its size and colour towards
 /// those of the end of life, until its time or its path is over. A stopped or inactive system gives
 /// birth to none, but its live particles run on. Works in a pause too.
-class ParticleSystemC final : public LogicComponent {
-  RTTR_ENABLE(LogicComponent)
+class ParticleSystemC final : public QuietComponent {
+  RTTR_ENABLE(QuietComponent)
 
  public:
   using Pair = std::array<float, 2>;
+  using IntPair = std::array<std::int32_t, 2>;
   using VectorPair = std::array<Vector3D, 2>;
   using Colour4 = std::array<float, 4>;
 
-  using LogicComponent::LogicComponent;
+  using QuietComponent::QuietComponent;
 
+  template <class Visitor>
+  static void Fields(Visitor& visit);
+  /// The same keys, in an order of its own.
+  template <class Visitor>
+  static void Written(Visitor& visit);
   /// Ends the program with a report that names file, object and key when the rate's minimum is
   /// above its maximum, or the pool's size is negative or above kMaxParticles.
   void Unserialize(const Value& value) override;
-  /// Writes the same keys, in an order of its own.
   void Serialize(Writer& writer) override;
   /// Makes the pool, all inactive. An archetype that is absent or lacks a component that a particle
   /// needs ends the program with a report that names it.
@@ -42,7 +47,6 @@ class ParticleSystemC final : public LogicComponent {
   void Update(float dt) override;
   /// Switches all particles off.
   void Destroy() override;
-  void OnMessage(Message*) override {}
 
   /// Gives birth to `particle`, in whatever state it is, at the emitter as the last Update left it.
   void ResetParticle(Particle& particle);
@@ -56,10 +60,10 @@ class ParticleSystemC final : public LogicComponent {
   Pair m_start_force_mag = {100.0f, 100.0f};
   Pair m_start_torque_mag = {10000.0f, 10000.0f};
   VectorPair m_start_size = {Vector3D(1.0f, 1.0f, 1.0f), Vector3D(3.0f, 3.0f, 3.0f)};
-  Pair m_start_force = {0.2f, 0.2f};   ///< duration of the birth force (unit: seconds)
-  Pair m_start_torque = {3.2f, 3.2f};  ///< duration of the birth torque (unit: seconds)
-  Pair m_start_rot = {0.0f, 0.0f};     ///< (unit: degrees)
-  std::array<std::int32_t, 2> m_emitter_num_particles = {0, 5};  ///< a second, drawn each frame
+  Pair m_start_force = {0.2f, 0.2f};         ///< duration of the birth force (unit: seconds)
+  Pair m_start_torque = {3.2f, 3.2f};        ///< duration of the birth torque (unit: seconds)
+  Pair m_start_rot = {0.0f, 0.0f};           ///< (unit: degrees)
+  IntPair m_emitter_num_particles = {0, 5};  ///< a second, drawn each frame
   VectorPair m_particle_size;  ///< the second is the scale at the end of life; the first is unused
   Colour4 m_particle_color_min = {0.0f, 0.0f, 0.0f, 1.0f};  ///< passes through files only
   Colour4 m_particle_color_max = {1.0f, 0.0f, 0.0f, 1.0f};  ///< at the end of life

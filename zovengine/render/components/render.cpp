@@ -1,7 +1,7 @@
 #include "render/components/render.h"
 
-#include "jsonunserializer.h"
 #include "objects/componentmanager.h"
+#include "objects/fields.h"
 #include "physics/components/transform.h"
 
 namespace ZOVEngine {
@@ -18,24 +18,16 @@ Transform* Render::OwnTransform() {
   return m_transform;
 }
 
-void Render::Unserialize(const Value& value) {
-  ReadValue(value, "m_tile", &m_tile);
-  ReadValue(value, "m_visible", &m_visible);
-  ReadValue(value, "m_zLayer", &m_zLayer);
-  ReadValue(value, "m_tex", &m_tex);
-  ReadValue(value, "m_hl_tex", &m_hl_tex);
-  ReadVector4(value, "m_colour", &m_colour);
-  ReadValue(value, "m_shader", &m_shader);
+template <class Visitor>
+void Render::Fields(Visitor& visit) {
+  visit("m_tile", &Render::m_tile);
+  visit("m_visible", &Render::m_visible);
+  visit("m_zLayer", &Render::m_zLayer);
+  visit("m_tex", &Render::m_tex);
+  visit("m_hl_tex", &Render::m_hl_tex);
+  visit("m_colour", &Render::m_colour);
+  visit("m_shader", &Render::m_shader);
 }
-
-void Render::Serialize(Writer& writer) {
-  WriteValue(writer, "m_tile", m_tile);
-  WriteValue(writer, "m_visible", m_visible);
-  WriteValue(writer, "m_zLayer", m_zLayer);
-  WriteValue(writer, "m_tex", m_tex);
-  WriteValue(writer, "m_hl_tex", m_hl_tex);
-  WriteVector4(writer, "m_colour", m_colour);
-  WriteValue(writer, "m_shader", m_shader);
-}
+ZOV_COMPONENT_FILE(Render)
 
 }  // namespace ZOVEngine

@@ -21,6 +21,8 @@ class Render final : public GameComponentBase {
   /// Finds the owner's Transform; null when it has none (yet).
   explicit Render(GameObj* owner);
 
+  template <class Visitor>
+  static void Fields(Visitor& visit);
   void Unserialize(const Value& value) override;
   void Serialize(Writer& writer) override;
   void OwnerSetActive(bool value) override { m_visible = value; }

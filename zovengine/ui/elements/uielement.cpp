@@ -1,23 +1,14 @@
 #include "ui/elements/uielement.h"
 
-#include "jsonunserializer.h"
-#include "objects/reflection.h"
-
-RTTR_REGISTRATION {
-  using ZOVEngine::UIElement;
-  ZOVEngine::ComponentRegistration<UIElement>("UIElement")
-      .Field("m_ui_element_name", &UIElement::m_ui_element_name, "std::string", "UI Element Name");
-}
+#include "objects/fields.h"
 
 namespace ZOVEngine {
 
-void UIElement::Unserialize(const Value& value) {
-  ReadValue(value, "m_ui_element_name", &m_ui_element_name);
+template <class Visitor>
+void UIElement::Fields(Visitor& visit) {
+  visit("m_ui_element_name", &UIElement::m_ui_element_name, "UI Element Name");
 }
-
-void UIElement::Serialize(Writer& writer) {
-  WriteValue(writer, "m_ui_element_name", m_ui_element_name);
-}
+ZOV_COMPONENT_FIELDS(UIElement)
 
 void UIElement::Update(float dt) {
   m_dt = dt;

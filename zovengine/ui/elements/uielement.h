@@ -7,18 +7,18 @@
 namespace ZOVEngine {
 
 /// A piece of the interface that shows itself by the interface state; its name tells which.
-class UIElement final : public LogicComponent {
-  RTTR_ENABLE(LogicComponent)
+class UIElement final : public QuietComponent {
+  RTTR_ENABLE(QuietComponent)
 
  public:
-  using LogicComponent::LogicComponent;
+  using QuietComponent::QuietComponent;
 
+  template <class Visitor>
+  static void Fields(Visitor& visit);
   void Unserialize(const Value& value) override;
   void Serialize(Writer& writer) override;
   void Init() override { m_init = true; }
   void Update(float dt) override;
-  void Destroy() override {}
-  void OnMessage(Message*) override {}
 
   std::string m_ui_element_name = "ui_element_default";
   float m_dt = 0.0f;  ///< of the last step (unit: seconds)

@@ -10,19 +10,16 @@ namespace ZOVEngine {
 /// and the prompt blinks. Each key released ends one stage; the key after the last one leaves. A
 /// stage runs only if its child object is there and has a Render; the fades are the alpha of the
 /// Render's colour.
-class SplashController final : public LogicComponent {
-  RTTR_ENABLE(LogicComponent)
+class SplashController final : public EmptyLogicComponent {
+  RTTR_ENABLE(EmptyLogicComponent)
 
  public:
-  using LogicComponent::LogicComponent;
+  using EmptyLogicComponent::EmptyLogicComponent;
 
-  void Unserialize(const Value&) override {}
-  void Serialize(Writer&) override {}
   /// Finds the children "zarn_logo", "team_logo", "game_logo" and "start"; an absent one stays
   /// null.
   void Init() override;
   void Update(float dt) override;
-  void Destroy() override {}
   /// Takes KeyUp of any key.
   void OnMessage(Message* message) override;
 
