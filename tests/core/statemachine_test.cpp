@@ -6,10 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "core/app/defaultstate.h"
-#include "core/app/logicsystem.h"
-#include "core/app/mainmenustate.h"
-#include "core/app/splashstate.h"
+#include "core/app/screens.h"
 #include "core/engine.h"
 #include "physicssystem.h"
 #include "render/rendersystem.h"
@@ -30,29 +27,6 @@ using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 
-const std::string kLevels = "Level Editor/Levels/";
-
-std::string ObjectFile(const std::string& records) {
-  return "{\"GameObjFactory\": [" + records + "]}";
-}
-
-std::string Named(const std::string& name) {
-  return Record(name, {{"Transform", TransformAt(0, 0)}});
-}
-
-/// Each screen and the first level with one object that carries its name.
-Files Screens() {
-  return {
-      {kLevels + "SplashScreen/Entity/Units.json",
-       ObjectFile(Record("splash", {{"SplashController", "{}"}}))},
-      {kLevels + "MainMenu/Entity/Units.json", ObjectFile(Named("menu"))},
-      {kLevels + "Level01/Level01.json",
-       R"({"TileMap": "map", "Tiles": "tiles", "Objects": "level-objects.json",
-           "Background": "Unread", "BGM": "test"})"},
-      {"level-objects.json", ObjectFile(Named("level"))},
-  };
-}
-
 /// Writes its calls down.
 class LoggingState final : public State {
  public:
@@ -70,10 +44,8 @@ class LoggingState final : public State {
   std::vector<std::string>* m_log;
 };
 
-class StateMachineTest : public ::testing::Test {
+class StateMachineTest : public carapace_test::ScreenTest {
  protected:
-  StateMachineTest() : world(Screens()) {}
-
   /// Puts states that log in the place of all four.
   void LogStates() {
     for (auto& [id, state] : g_state_machine->m_states) {
@@ -81,13 +53,7 @@ class StateMachineTest : public ::testing::Test {
     }
   }
 
-  template <class S>
-  S& StateOf(int id) {
-    return dynamic_cast<S&>(g_state_machine->At(id));
-  }
-
   std::vector<std::string> log;
-  World world;
 };
 
 const std::string kDt = std::to_string(kStep);
@@ -207,56 +173,6 @@ TEST_F(StateMachineTest, PhysicsColliderAndRenderRunWithNoObjects) {
   EXPECT_EQ(world.device.executed, executed + 2);
 }
 
-// DefaultState
-
-TEST_F(StateMachineTest, ALevelLoadsItsObjectsAndNotItsBackground) {
-  g_render_system->m_background_tex = "Before";
-  ChangeState(kDefaultState, "");
-  world.Step();
-  EXPECT_NE(world.Find("level"), nullptr);
-  EXPECT_EQ(g_game_obj_factory->m_objects.size(), 1u);
-  EXPECT_EQ(g_render_system->m_background_tex, "Before");
-  EXPECT_EQ(StateOf<DefaultState>(0).m_tileMapPath, "map");
-  EXPECT_EQ(StateOf<DefaultState>(0).m_objectsPath, "level-objects.json");
-}
-
-TEST_F(StateMachineTest, TheCurrentLevelPathChoosesTheLevel) {
-  EXPECT_EQ(g_current_level_path, "Level Editor/Levels/Level01/Level01.json");
-  world.Directory().Write("other.json", R"({"TileMap": "m", "Objects": "other-objects.json"})");
-  world.Directory().Write("other-objects.json", ObjectFile(Named("other")));
-  g_current_level_path = "other.json";
-  ChangeState(kDefaultState, "ignored.json");
-  world.Step();
-  EXPECT_NE(world.Find("other"), nullptr);
-}
-
-TEST_F(StateMachineTest, AKeyThatALevelLacksIsPrintedAndKeepsTheString) {
-  ChangeState(kDefaultState, "");
-  world.Step();
-  world.Directory().Write("bare.json", "{}");
-  g_current_level_path = "bare.json";
-  ChangeState(kReenterState, "");
-  const std::string output = OutputOf([&] { world.Step(); });
-  EXPECT_THAT(output, HasSubstr("Cant find Key: TileMap\nCant find Key: Objects\n"));
-  EXPECT_EQ(StateOf<DefaultState>(0).m_tileMapPath, "map");
-  EXPECT_NE(world.Find("level"), nullptr) << "the objects path of the level before";
-}
-
-TEST_F(StateMachineTest, AMissingLevelFileIsReported) {
-  g_current_level_path = "nowhere.json";
-  ChangeState(kDefaultState, "");
-  EXPECT_THAT(ReportOf([&] { world.Step(); }), HasSubstr("nowhere.jsonfile not found"));
-}
-
-// The screens
-
-TEST_F(StateMachineTest, TheScreenStatesKnowTheirFiles) {
-  ChangeState(kMainMenuState, "");
-  world.Step();
-  EXPECT_EQ(StateOf<MainMenuState>(3).m_path, "Level Editor/Levels/MainMenu/MainMenu.json");
-  EXPECT_EQ(StateOf<SplashState>(5).m_path, "Level Editor/Levels/SplashScreen/SplashScreen.json");
-}
-
 // Who hears a broadcast
 
 TEST_F(StateMachineTest, ABroadcastGoesToTheCurrentStateOnly) {
@@ -270,21 +186,6 @@ TEST_F(StateMachineTest, ABroadcastWithACurrentIdThatIsNoStateIsDropped) {
   g_state_machine->m_current = 77;
   world.Send(KeyUp(65));
   EXPECT_THAT(log, IsEmpty());
-}
-
-TEST_F(StateMachineTest, TheSplashStateForwardsToSplashControllers) {
-  world.Send(KeyUp(65));
-  EXPECT_TRUE(world.Find("splash")->GetComponent<SplashController>()->m_first_done);
-}
-
-TEST_F(StateMachineTest, AForeignScreenDoesNotHearSplashControllersKeys) {
-  for (const int id : {kDefaultState, kMainMenuState}) {
-    ChangeState(id, "");
-    world.Step();
-    world.LoadObjects(Record("stray", {{"SplashController", "{}"}}));
-    world.Send(KeyUp(65));
-    EXPECT_FALSE(world.Find("stray")->GetComponent<SplashController>()->m_first_done) << id;
-  }
 }
 
 TEST_F(StateMachineTest, AKeyReachesTheSplashScreenInAPauseToo) {
