@@ -12,15 +12,14 @@
 namespace ZOVEngine {
 
 // One list of a component's fields serves its reader, its writer and the inspector. A class
-// declares
-//   template <class Visitor> static void Fields(Visitor& visit);
-// and defines it in its source, before ZOV_COMPONENT_FIELDS: a line for each field, in the order of
-// the files, `visit(key, &Class::member)`, with the label of the inspector behind it if the
-// inspector shows the field. `visit.Checked(key, &Class::member, Check)` calls `Check(value)` with
-// what was read, which ends in FailReading if it cannot be. Where files and inspector differ in
-// names or order, the class has two lists: `Fields` for files and `Inspected`, of the same form,
-// for the inspector. Where a file is written in another order than it is read, a list `Written`
-// gives that order; parts that both lists share are functions of their own.
+// declares it by ZOV_DECLARE_FIELDS() and defines it in its source, before ZOV_COMPONENT_FIELDS: a
+// line for each field, in the order of the files, `visit(key, &Class::member)`, with the label of
+// the inspector behind it if the inspector shows the field. `visit.Checked(key, &Class::member,
+// Check)` calls `Check(value)` with the value that was read, which ends in FailReading if it is not
+// allowed. Where files and inspector differ in names or order, the class has two lists: `Fields`
+// for files and `Inspected`, of the same form, for the inspector. Where a file is written in
+// another order than it is read, a list `Written` gives that order; parts that both lists share are
+// functions of their own.
 
 /// Reads a field by its type, in the manner of ReadValue.
 template <class T>

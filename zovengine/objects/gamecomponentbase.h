@@ -39,3 +39,11 @@ class GameComponentBase {
 };
 
 }  // namespace ZOVEngine
+
+/// Declares a component's list of fields, and the reader and the writer of its record. The source
+/// of the class defines them by the list, with the macros of objects/fields.h.
+#define ZOV_DECLARE_FIELDS()                     \
+  template <class Visitor>                       \
+  static void Fields(Visitor& visit);            \
+  void Unserialize(const Value& value) override; \
+  void Serialize(Writer& writer) override;

@@ -15,10 +15,7 @@ class StateC final : public GameComponentBase {
  public:
   using GameComponentBase::GameComponentBase;
 
-  template <class Visitor>
-  static void Fields(Visitor& visit);
-  void Unserialize(const Value& value) override;
-  void Serialize(Writer& writer) override;
+  ZOV_DECLARE_FIELDS()
 
   std::string m_state;
 };

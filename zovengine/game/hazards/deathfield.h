@@ -12,10 +12,7 @@ class DeathField final : public QuietComponent {
  public:
   using QuietComponent::QuietComponent;
 
-  template <class Visitor>
-  static void Fields(Visitor& visit);
-  void Unserialize(const Value& value) override;
-  void Serialize(Writer& writer) override;
+  ZOV_DECLARE_FIELDS()
   void Init() override;
   void Update(float dt) override;
   void OnCollisionEnter(ContactInfo* contact) override;

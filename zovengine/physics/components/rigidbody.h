@@ -37,10 +37,7 @@ class RigidBody final : public GameComponentBase {
  public:
   using GameComponentBase::GameComponentBase;
 
-  template <class Visitor>
-  static void Fields(Visitor& visit);
-  void Unserialize(const Value& value) override;
-  void Serialize(Writer& writer) override;
+  ZOV_DECLARE_FIELDS()
 
   Vector3D m_prev_vel;  ///< m_vel before the last integration
   Vector3D m_vel;

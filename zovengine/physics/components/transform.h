@@ -19,14 +19,11 @@ class Transform final : public GameComponentBase {
  public:
   using GameComponentBase::GameComponentBase;
 
-  template <class Visitor>
-  static void Fields(Visitor& visit);
+  ZOV_DECLARE_FIELDS()
   template <class Visitor>
   static void Written(Visitor& visit);
   template <class Visitor>
   static void Inspected(Visitor& visit);
-  void Unserialize(const Value& value) override;
-  void Serialize(Writer& writer) override;
 
   /// Sets the local and the previous position; nothing else changes.
   void SetLocalPosition(Vector3D p);

@@ -18,10 +18,7 @@ class Animation final : public GameComponentBase {
  public:
   using GameComponentBase::GameComponentBase;
 
-  template <class Visitor>
-  static void Fields(Visitor& visit);
-  void Unserialize(const Value& value) override;
-  void Serialize(Writer& writer) override;
+  ZOV_DECLARE_FIELDS()
 
   float m_timer = 0.0f;     ///< in the current frame (unit: seconds)
   float m_currStep = 0.0f;  ///< left edge of the current frame, in u

@@ -18,10 +18,7 @@ class Font final : public GameComponentBase {
  public:
   using GameComponentBase::GameComponentBase;
 
-  template <class Visitor>
-  static void Fields(Visitor& visit);
-  void Unserialize(const Value& value) override;
-  void Serialize(Writer& writer) override;
+  ZOV_DECLARE_FIELDS()
 
   std::string m_text = "text";
   std::array<float, 4> m_colour = {1.0f, 1.0f, 1.0f, 1.0f};  ///< r, g, b, a

@@ -15,10 +15,7 @@ class Light final : public GameComponentBase {
  public:
   using GameComponentBase::GameComponentBase;
 
-  template <class Visitor>
-  static void Fields(Visitor& visit);
-  void Unserialize(const Value& value) override;
-  void Serialize(Writer& writer) override;
+  ZOV_DECLARE_FIELDS()
 
   Vector3D m_pos;  ///< offset from the object's world position (unit: world units)
   Vector3D m_diffuse;

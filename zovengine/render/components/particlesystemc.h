@@ -32,15 +32,12 @@ class ParticleSystemC final : public QuietComponent {
 
   using QuietComponent::QuietComponent;
 
-  template <class Visitor>
-  static void Fields(Visitor& visit);
+  /// Reading ends the program with a report that names file, object and key when the rate's minimum
+  /// is above its maximum, or the pool's size is negative or above kMaxParticles.
+  ZOV_DECLARE_FIELDS()
   /// The same keys, in an order of its own.
   template <class Visitor>
   static void Written(Visitor& visit);
-  /// Ends the program with a report that names file, object and key when the rate's minimum is
-  /// above its maximum, or the pool's size is negative or above kMaxParticles.
-  void Unserialize(const Value& value) override;
-  void Serialize(Writer& writer) override;
   /// Makes the pool, all inactive. An archetype that is absent or lacks a component that a particle
   /// needs ends the program with a report that names it.
   void Init() override;

@@ -21,10 +21,7 @@ class Render final : public GameComponentBase {
   /// Finds the owner's Transform; null when it has none (yet).
   explicit Render(GameObj* owner);
 
-  template <class Visitor>
-  static void Fields(Visitor& visit);
-  void Unserialize(const Value& value) override;
-  void Serialize(Writer& writer) override;
+  ZOV_DECLARE_FIELDS()
   void OwnerSetActive(bool value) override { m_visible = value; }
 
   /// The Transform of this component's own object, looked up at the first call after a clone.

@@ -13,10 +13,7 @@ class UIElement final : public QuietComponent {
  public:
   using QuietComponent::QuietComponent;
 
-  template <class Visitor>
-  static void Fields(Visitor& visit);
-  void Unserialize(const Value& value) override;
-  void Serialize(Writer& writer) override;
+  ZOV_DECLARE_FIELDS()
   void Init() override { m_init = true; }
   void Update(float dt) override;
 
