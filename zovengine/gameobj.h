@@ -70,8 +70,7 @@ class GameObj {
   std::string name;  ///< not unique
   bool active = true;
   std::vector<ComponentType> components;  ///< in the order added
-  /// How many of the components are logic components; most objects have none, and what would call
-  /// them need not look.
+  /// The number of logic components; most objects have none, and a message then passes them by.
   std::uint32_t logicComponents = 0;
 };
 

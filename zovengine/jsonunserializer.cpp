@@ -68,7 +68,7 @@ class LimitedParse {
   const std::string& m_text;
 };
 
-/// A double as the nearest float; what is beyond a float's range becomes an infinity.
+/// A double as the nearest float; a number beyond a float's range becomes an infinity.
 float Narrow(double value) {
   constexpr float kLargest = std::numeric_limits<float>::max();
   constexpr double kHalfStepAbove = static_cast<double>(kLargest) + 0x1p103;

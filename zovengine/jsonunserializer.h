@@ -1,6 +1,6 @@
 #pragma once
 
-#include "objects/rapidjsonconfig.h"
+#include "objects/jsonforward.h"
 
 #include <rapidjson/document.h>
 #include <rapidjson/prettywriter.h>
@@ -17,11 +17,8 @@
 
 namespace ZOVEngine {
 
-/// A read-only JSON value. It lives as long as its document; readers copy what they keep.
-using Value = rapidjson::Value;
-
-/// The deepest nesting of arrays and objects that is read. What is deeper counts as malformed, so
-/// that no file can exhaust the stack.
+/// The deepest nesting of arrays and objects that is read. A deeper file counts as malformed, so
+/// that none can exhaust the stack.
 inline constexpr int kMaxJsonDepth = 256;
 
 /// One JSON file that is being read: Open, then Parse, then Root.
@@ -89,7 +86,7 @@ void ReadIntArray(const Value& object, const char* key, std::vector<int>* out);
 float ToFloat(const Value& value);
 int ToInt(const Value& value);
 
-/// What the writers of components write to: the pretty writer and the buffer behind it.
+/// The target of the components' writers: the pretty writer and the buffer behind it.
 struct Writer {
   rapidjson::PrettyWriter<rapidjson::StringBuffer>* json;
   rapidjson::StringBuffer* buffer;
@@ -106,7 +103,7 @@ class JsonWriter {
 
   /// Names the target. Closes a target that was open.
   void Open(const std::string& path);
-  /// Writes what was collected to the target. Returns false when that failed or when the document
+  /// Writes the collected text to the target. Returns false when that failed or when the document
   /// is not complete; the old file then stands.
   bool Close();
 

@@ -8,7 +8,8 @@
 
 namespace ZOVEngine {
 
-/// One sound of an object: how it is played, what is asked of it, and where it plays.
+/// One sound of an object: how to play it, the requests that are pending, and the stream it plays
+/// on.
 struct SoundRecord {
   std::string sound_type;     ///< "BGM" is music, anything else an effect; "SFX" starts afresh
                               ///< when it is asked for while it plays, all others wait
@@ -35,8 +36,8 @@ class AudioSource final : public GameComponentBase {
   AudioSource(const AudioSource&) = default;
   AudioSource& operator=(const AudioSource&) = delete;
   /// Carries out the stops that are still pending: a level that is left asks for silence in the
-  /// very step in which it is destroyed, and its looping music would never end. What was not asked
-  /// to stop goes on.
+  /// very step in which it is destroyed, and its looping music would never end. Streams without a
+  /// request to stop play on.
   ~AudioSource() override;
 
   /// Reads six parallel lists, one record for each of "sounds". A list that is shorter than
@@ -49,7 +50,7 @@ class AudioSource final : public GameComponentBase {
   /// Asks for its end. Lost if a play is asked for too and can be carried out.
   void StopSound(const std::string& name);
   void StopAllSounds();
-  /// True if the sound was heard in the last step: what was asked for since then is not in it.
+  /// True if the sound was heard in the last step; requests made since then do not count.
   bool IsPlaying(const std::string& name);
 
   std::map<std::string, SoundRecord> sounds;  ///< by file name

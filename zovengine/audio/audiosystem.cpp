@@ -22,8 +22,8 @@ namespace {
 constexpr MixerSettings kSettings = {
     .max_streams = 512, .doppler = 1.0f, .units_per_metre = 200.0f, .rolloff = 0.1f};
 
-/// The group that a message calls by number, if there is one.
-std::optional<SoundGroup> GroupOf(std::uint32_t channel) {
+/// The group with the number of a message, if there is one.
+std::optional<SoundGroup> FindGroup(std::uint32_t channel) {
   switch (channel) {
     case 0:
       return SoundGroup::kEffects;
@@ -36,7 +36,7 @@ std::optional<SoundGroup> GroupOf(std::uint32_t channel) {
   }
 }
 
-[[noreturn]] void EndWithout(const MixerFailure& failure) {
+[[noreturn]] void EndProgram(const MixerFailure& failure) {
   std::cout << "FMOD error! (" << failure.code << ") " << failure.text << std::endl;
   std::exit(-1);
 }
@@ -45,12 +45,12 @@ bool IsPlaying(const SoundRecord& sound) {
   return sound.channel != kNoStream && g_mixer->IsPlaying(sound.channel);
 }
 
-Vector3D PositionOf(GameObj* object) {
+Vector3D WorldPosition(GameObj* object) {
   return object->HasComponent<Transform>() ? object->GetComponent<Transform>()->m_world_pos
                                            : Vector3D();
 }
 
-Vector3D VelocityOf(GameObj* object) {
+Vector3D Velocity(GameObj* object) {
   return object->HasComponent<RigidBody>() ? object->GetComponent<RigidBody>()->m_vel : Vector3D();
 }
 
@@ -58,7 +58,7 @@ Vector3D VelocityOf(GameObj* object) {
 
 AudioSystem::AudioSystem() {
   if (g_mixer == nullptr) return;
-  if (const auto failure = g_mixer->Start(kSettings)) EndWithout(*failure);
+  if (const auto failure = g_mixer->Start(kSettings)) EndProgram(*failure);
   g_mixer->SetListener(Vector3D());
 }
 
@@ -74,10 +74,10 @@ void AudioSystem::Update(float) {
 }
 
 void AudioSystem::UpdateSource(AudioSource& source) {
-  const Vector3D position = PositionOf(source.m_owner);
-  const Vector3D velocity = VelocityOf(source.m_owner);
+  const Vector3D position = WorldPosition(source.m_owner);
+  const Vector3D velocity = Velocity(source.m_owner);
   for (auto& [name, sound] : source.sounds) {
-    // What follows goes by this answer, although a sound may be started or stopped in between.
+    // Asked once: the rest goes by this answer, even if the sound is started or stopped meanwhile.
     const bool playing = IsPlaying(sound);
     if (sound.start_play && (!playing || sound.sound_type == "SFX")) {
       Play(name, &sound, playing);
@@ -107,10 +107,10 @@ void AudioSystem::SendMessage(Message* message) {
   if (g_mixer == nullptr) return;
   if (message->id == kMute) {
     const auto& mute = dynamic_cast<Mute&>(*message);
-    if (const auto group = GroupOf(mute.channel)) g_mixer->SetGroupMute(*group, mute.mute);
+    if (const auto group = FindGroup(mute.channel)) g_mixer->SetGroupMute(*group, mute.mute);
   } else if (message->id == kVolume) {
     const auto& volume = dynamic_cast<Volume&>(*message);
-    if (const auto group = GroupOf(volume.channel)) {
+    if (const auto group = FindGroup(volume.channel)) {
       g_mixer->SetGroupVolume(*group, volume.volume);
     }
   }

@@ -10,12 +10,12 @@
 
 namespace ZOVEngine {
 
-/// The last system: turns what the AudioSources ask for into calls of the mixer, once a step.
+/// The last system: turns the requests of all AudioSources into calls of the mixer, once a step.
 ///
 /// It is the only code that plays sounds. It walks every source, whether or not its object is
 /// active, and does not stop the sounds of objects that are gone. The listener sits at (0, 0, 0)
-/// and never moves. Music is sought in one directory and effects in another; a file that is not
-/// there is not heard, and nothing is said about it. Without a g_mixer there is no sound.
+/// and never moves. Music is sought in one directory and effects in another; a missing file
+/// stays silent, without a message. Without a g_mixer there is no sound.
 class AudioSystem final : public UnpausedSystem {
   RTTR_ENABLE(UnpausedSystem)
 

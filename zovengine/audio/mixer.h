@@ -9,16 +9,16 @@
 
 namespace ZOVEngine {
 
-/// Names one play of a stream. Never used twice; what it names is gone when the stream has ended.
+/// Names one play of a stream, until the stream has ended. Never used twice.
 using StreamHandle = std::uint64_t;
 
 /// The handle that names no stream.
 inline constexpr StreamHandle kNoStream = 0;
 
-/// What a stream is heard through. Every stream is in effects or music; master is around both.
+/// The groups of streams. Every stream is in effects or music; master is around both.
 enum class SoundGroup { kEffects, kMusic, kMaster };
 
-/// What is to be played.
+/// A sound to play and how.
 struct StreamRequest {
   std::string path;
   SoundGroup group = SoundGroup::kEffects;
@@ -44,9 +44,9 @@ struct MixerFailure {
 ///
 /// Plays sound files as streams; knows nothing of objects and components. The real one is made by
 /// MakeOpenALMixer, tests use a recording one. Everything is called on the main thread: Start once,
-/// before all else, then anything, and Update once a step, which is what keeps the streams fed.
+/// before all else, then anything, and Update once a step, which keeps the streams fed.
 /// A handle whose stream has ended may be used; nothing happens then. Places are in the world's
-/// frame, x to the right, y upwards, z away from the listener, who faces along it (unit: world
+/// frame, x to the right, y upwards, z away from the listener, which faces along it (unit: world
 /// units). Volumes are factors, 0 to 1; a stream's, its group's and the master's are multiplied.
 class Mixer {
  public:
@@ -69,7 +69,7 @@ class Mixer {
   virtual void SetGroupVolume(SoundGroup group, float volume) = 0;
   /// A muted group is not heard; its streams go on.
   virtual void SetGroupMute(SoundGroup group, bool mute) = 0;
-  /// Places the listener, who does not move.
+  /// Places the listener, which does not move.
   virtual void SetListener(const Vector3D& position) = 0;
 
   /// The end of a step: feeds the streams, and lets go of those that have ended.
@@ -82,7 +82,7 @@ class Mixer {
 /// The mixer in use; set before the systems are created, null in a program without sound.
 extern Mixer* g_mixer;
 
-/// The real mixer, by way of OpenAL and libsndfile. One at a time.
+/// The real mixer, on OpenAL and libsndfile. One at a time.
 std::unique_ptr<Mixer> MakeOpenALMixer();
 
 }  // namespace ZOVEngine

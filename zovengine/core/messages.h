@@ -149,7 +149,8 @@ struct CollidedObjects : Message {
   std::vector<ContactInfo> contacts;
 };
 
-/// Sent empty by the turn controller, which fills in the selected unit on the message's way.
+/// Sent empty by the turn controller, which fills in the selected unit before the render system
+/// receives the message.
 struct SelectedUnit : Message {
   SelectedUnit() : Message(kSelectedUnit) {}
   std::uint32_t objectId = 0;

@@ -42,7 +42,8 @@ class ComponentManagerBase {
   /// Deletes all components of the first half.
   virtual void Clear();
   /// Sets `m_active` of the component at the dense index `obj->id`, bounds-checked. Deliberately
-  /// not through the map: right only for an object whose id equals its component's index.
+  /// not through the map, so it is right only for an object whose id equals its component's index;
+  /// nobody relies on it.
   virtual void SetActive(GameObj* obj, bool value);
   /// Re-keys an entry; the dense array stays. A missing key does nothing.
   virtual void ChangeId(std::uint32_t old_id, std::uint32_t new_id);
@@ -76,8 +77,10 @@ class ComponentManagerBase {
   Array m_archetypes;
 };
 
-/// The table of all components of class T: makes and copies them, and hands them out as what they
-/// are. A T must derive from GameComponentBase alone.
+/// The table of all components of class T: makes and copies them, and hands them out as T.
+///
+/// T derives from GameComponentBase alone, is made from its owner, and its copy constructor makes a
+/// clone.
 template <class T>
 class ComponentManager final : public ComponentManagerBase {
  public:
@@ -114,7 +117,7 @@ class ComponentManager final : public ComponentManagerBase {
   }
 };
 
-/// The registered table of T, or null. Set by the factory; what makes GetComponent one indexed
+/// The registered table of T, or null. Set by the factory, so that GetComponent is one indexed
 /// load.
 template <class T>
 inline ComponentManager<T>* g_component_table = nullptr;

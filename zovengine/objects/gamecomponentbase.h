@@ -30,7 +30,7 @@ class GameComponentBase {
   virtual void Serialize(Writer& writer) = 0;
   virtual ~GameComponentBase() = default;
 
-  /// Tells a component that its object was switched on or off. Most have nothing to do with it.
+  /// Tells a component that its object was switched on or off; does nothing by default.
   virtual void OwnerSetActive(bool) {}
 
   std::uint32_t m_index = static_cast<std::uint32_t>(-1);  ///< place in the table's dense array

@@ -6,9 +6,10 @@
 
 namespace ZOVEngine {
 
-// What a component's header needs of JSON: its readers and writers are declared with these names.
-// Their definitions are in jsonunserializer.h.
+// The names with which a component's header declares its reader and writer. Their definitions are
+// in jsonunserializer.h.
 
+/// A read-only JSON value. It lives as long as its document; readers copy what they keep.
 using Value = rapidjson::Value;
 struct Writer;
 

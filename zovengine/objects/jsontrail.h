@@ -7,8 +7,8 @@ namespace ZOVEngine {
 /// Where in the data the program is reading: file, object, component and key.
 ///
 /// A failure report quotes it, so that a level author finds the place. Readers set it through
-/// scopes, which nest: an object's children and a file read from within another restore what was
-/// there.
+/// scopes, which nest: the end of a child, or of a file that another file names, restores the place
+/// before it.
 class JsonTrail {
  public:
   /// Sets the file that is being read for the scope's life, with no object, component or key.

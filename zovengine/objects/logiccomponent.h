@@ -9,9 +9,9 @@ struct ContactInfo;
 
 /// A component with behaviour of its own, stepped by the logic system.
 ///
-/// Nobody calls Init from outside: the first lines of every Update do it when `m_init` is false,
-/// and Init begins by setting `m_init`. The logic system does not look at `m_active`; each Update
-/// decides for itself what an inactive component does.
+/// No system calls Init: the first lines of every Update do it when `m_init` is false, and Init
+/// begins by setting `m_init`. The logic system does not look at `m_active`; each Update decides
+/// for itself how an inactive component behaves.
 class LogicComponent : public GameComponentBase {
   RTTR_ENABLE(GameComponentBase)
 
@@ -21,7 +21,8 @@ class LogicComponent : public GameComponentBase {
   virtual void Init() = 0;
   /// One step (unit: seconds).
   virtual void Update(float dt) = 0;
-  /// Kept as part of the contract; destroying an object runs the destructors only.
+  /// Kept as part of the contract; no system calls it. Destroying an object runs its destructors
+  /// only.
   virtual void Destroy() = 0;
   virtual void OnMessage(Message* message) = 0;
   /// A contact began, lasts, or ended. The contact is valid during the call.

@@ -27,7 +27,7 @@ class ComponentRegistration {
   }
 
   /// Adds an inspectable field. `typeinfo` chooses the field editor: "float", "int", "bool",
-  /// "unsigned", "std::string" or "Vector3"; `label` is what the panel shows; `display_mode`
+  /// "unsigned", "std::string" or "Vector3"; `label` stands in the panel; `display_mode`
   /// chooses the display function.
   template <class Member>
   ComponentRegistration& Field(const char* name, Member member, const std::string& typeinfo,

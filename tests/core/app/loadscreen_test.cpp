@@ -52,7 +52,7 @@ TEST(LoadScreen, MissingObjectsArePrintedAndThenMissedAsAFile) {
 TEST(LoadScreen, TheBackgroundAloneLeavesTheObjectsOut) {
   World world(Files{{"level.json", R"({"Objects": "objects.json", "Background": "Nebula"})"},
                     {"objects.json", "{\"GameObjFactory\": [" + Record("first", {}) + "]}"}});
-  ShowBackgroundOf("level.json");
+  ShowBackground("level.json");
   EXPECT_EQ(g_render_system->m_background_tex, "Nebula");
   EXPECT_EQ(world.Find("first"), nullptr);
 }

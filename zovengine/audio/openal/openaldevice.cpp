@@ -32,7 +32,7 @@ class QuietStandardError {
   int m_saved;
 };
 
-MixerFailure FailureOf(ALCdevice* device) {
+MixerFailure LastFailure(ALCdevice* device) {
   const ALCenum code = alcGetError(device);
   const ALCchar* text = alcGetString(device, code);
   return {code, text == nullptr ? "" : text};
@@ -62,7 +62,7 @@ bool OpenALDevice::OpenReal(int max_sources) {
 
 std::optional<MixerFailure> OpenALDevice::OpenLoopback(int max_sources) {
   m_device = alcLoopbackOpenDeviceSOFT(nullptr);
-  if (m_device == nullptr) return FailureOf(nullptr);
+  if (m_device == nullptr) return LastFailure(nullptr);
   const std::array<ALCint, 15> attributes = {ALC_FORMAT_CHANNELS_SOFT,
                                              ALC_STEREO_SOFT,
                                              ALC_FORMAT_TYPE_SOFT,
@@ -78,7 +78,7 @@ std::optional<MixerFailure> OpenALDevice::OpenLoopback(int max_sources) {
                                              ALC_STEREO_SOURCES,
                                              0,
                                              0};
-  if (!MakeContext(attributes.data())) return FailureOf(m_device);
+  if (!MakeContext(attributes.data())) return LastFailure(m_device);
   m_step.resize(2 * std::size_t{kSilentStep});
   return std::nullopt;
 }

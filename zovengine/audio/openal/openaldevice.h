@@ -12,13 +12,13 @@
 
 namespace ZOVEngine {
 
-/// Hears what a device without ears renders: a step of stereo frames, left and right in turn, 1 at
-/// full scale.
+/// Receives the samples that a silent device renders: a step of stereo frames, left and right in
+/// turn, 1 at full scale.
 using SampleListener = std::function<void(std::span<const float> samples)>;
 
-/// Frames a second of a device without ears.
+/// Frames a second of a silent device.
 inline constexpr int kSilentRate = 44100;
-/// Frames that it renders in a step of 1/60 second.
+/// Frames that a silent device renders in a step of 1/60 second.
 inline constexpr int kSilentStep = kSilentRate / 60;
 
 /// The OpenAL device and its context, which is current from Open to the end of this object.

@@ -8,12 +8,12 @@ namespace {
 
 constexpr float kSpeedOfSound = 343.3f;  ///< (unit: metres per second)
 
-/// A volume that OpenAL can take: what is no number or below 0 is silent.
+/// A volume that OpenAL can take: a NaN and a volume below 0 are silent.
 float Sound(float volume) {
   return volume > 0.0f ? std::min(volume, 1.0f) : 0.0f;
 }
 
-/// OpenAL's z points the other way.
+/// OpenAL's z points in the opposite direction.
 Vector3D Mirrored(const Vector3D& v) {
   return Vector3D(v.x, v.y, -v.z);
 }
@@ -39,7 +39,7 @@ StreamHandle OpenALMixer::Play(const StreamRequest& request) {
   auto stream = OpenALStream::Make(std::move(file), request.group);
   if (stream == nullptr) return kNoStream;
   if (request.positioned) stream->Position(m_settings.units_per_metre, m_settings.rolloff);
-  stream->Mix(GainOf(request.group));
+  stream->Mix(GroupGain(request.group));
   m_streams.emplace(++m_last, std::move(stream));
   return m_last;
 }
@@ -52,7 +52,7 @@ void OpenALMixer::SetVolume(StreamHandle stream, float volume) {
   OpenALStream* found = Find(stream);
   if (found == nullptr || found->m_volume == Sound(volume)) return;
   found->m_volume = Sound(volume);
-  found->Mix(GainOf(found->Group()));
+  found->Mix(GroupGain(found->Group()));
 }
 
 void OpenALMixer::SetPlace(StreamHandle stream, const Vector3D& position,
@@ -62,12 +62,12 @@ void OpenALMixer::SetPlace(StreamHandle stream, const Vector3D& position,
 }
 
 void OpenALMixer::SetGroupVolume(SoundGroup group, float volume) {
-  Of(group).volume = Sound(volume);
+  Settings(group).volume = Sound(volume);
   MixAll();
 }
 
 void OpenALMixer::SetGroupMute(SoundGroup group, bool mute) {
-  Of(group).mute = mute;
+  Settings(group).mute = mute;
   MixAll();
 }
 
@@ -90,7 +90,7 @@ OpenALStream* OpenALMixer::Find(StreamHandle stream) {
   return found == m_streams.end() ? nullptr : found->second.get();
 }
 
-float OpenALMixer::GainOf(SoundGroup group) const {
+float OpenALMixer::GroupGain(SoundGroup group) const {
   float gain = 1.0f;
   for (const SoundGroup around : {group, SoundGroup::kMaster}) {
     const Group& settings = m_groups[static_cast<std::size_t>(around)];
@@ -100,7 +100,7 @@ float OpenALMixer::GainOf(SoundGroup group) const {
 }
 
 void OpenALMixer::MixAll() {
-  for (const auto& [handle, stream] : m_streams) stream->Mix(GainOf(stream->Group()));
+  for (const auto& [handle, stream] : m_streams) stream->Mix(GroupGain(stream->Group()));
 }
 
 std::unique_ptr<Mixer> MakeOpenALMixer() {

@@ -41,9 +41,9 @@ class OpenALMixer final : public Mixer {
   };
 
   OpenALStream* Find(StreamHandle stream);
-  float GainOf(SoundGroup group) const;
+  float GroupGain(SoundGroup group) const;
   void MixAll();
-  Group& Of(SoundGroup group) { return m_groups[static_cast<std::size_t>(group)]; }
+  Group& Settings(SoundGroup group) { return m_groups[static_cast<std::size_t>(group)]; }
 
   bool m_silent;
   SampleListener m_listener;

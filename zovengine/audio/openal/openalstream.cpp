@@ -19,7 +19,7 @@ std::unique_ptr<OpenALStream> OpenALStream::Make(std::unique_ptr<SoundFile> file
   std::unique_ptr<OpenALStream> stream(new OpenALStream(std::move(file), group));
   if (!stream->MakeSource()) return nullptr;
   for (const ALuint buffer : stream->m_buffers) stream->Fill(buffer);
-  if (stream->Ask(AL_BUFFERS_QUEUED) == 0) return nullptr;
+  if (stream->Query(AL_BUFFERS_QUEUED) == 0) return nullptr;
   return stream;
 }
 
@@ -62,13 +62,13 @@ void OpenALStream::Mix(float outer) {
 }
 
 void OpenALStream::Refill() {
-  for (ALint heard = Ask(AL_BUFFERS_PROCESSED); heard > 0; --heard) {
+  for (ALint heard = Query(AL_BUFFERS_PROCESSED); heard > 0; --heard) {
     ALuint buffer = 0;
     alSourceUnqueueBuffers(m_source, 1, &buffer);
     Fill(buffer);
   }
   // Not started yet, or run dry because the game stood still.
-  if (Ask(AL_SOURCE_STATE) != AL_PLAYING && Ask(AL_BUFFERS_QUEUED) > 0) alSourcePlay(m_source);
+  if (Query(AL_SOURCE_STATE) != AL_PLAYING && Query(AL_BUFFERS_QUEUED) > 0) alSourcePlay(m_source);
 }
 
 void OpenALStream::Fill(ALuint buffer) {
@@ -85,12 +85,12 @@ void OpenALStream::Fill(ALuint buffer) {
 }
 
 bool OpenALStream::Ended() const {
-  return m_file_ended && Ask(AL_SOURCE_STATE) == AL_STOPPED;
+  return m_file_ended && Query(AL_SOURCE_STATE) == AL_STOPPED;
 }
 
-ALint OpenALStream::Ask(ALenum what) const {
+ALint OpenALStream::Query(ALenum property) const {
   ALint value = 0;
-  alGetSourcei(m_source, what, &value);
+  alGetSourcei(m_source, property, &value);
   return value;
 }
 

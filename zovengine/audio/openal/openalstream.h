@@ -30,7 +30,7 @@ class OpenALStream {
   void Position(float reference, float rolloff);
   /// Places a positioned stream, in OpenAL's frame; does nothing for others.
   void SetPlace(const Vector3D& position, const Vector3D& velocity);
-  /// Hears the stream at its own volume times `outer`, that of what is around it.
+  /// Sets the stream's gain: its own volume times `outer`, the gain of its groups.
   void Mix(float outer);
   /// Decodes into the buffers that were heard; starts a source that has not played yet, or that
   /// ran dry.
@@ -49,7 +49,7 @@ class OpenALStream {
   OpenALStream(std::unique_ptr<SoundFile> file, SoundGroup group);
   bool MakeSource();
   void Fill(ALuint buffer);
-  ALint Ask(ALenum what) const;
+  ALint Query(ALenum property) const;
 
   std::unique_ptr<SoundFile> m_file;
   SoundGroup m_group;

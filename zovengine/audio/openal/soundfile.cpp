@@ -17,8 +17,8 @@ constexpr int kMaxRate = 192000;  ///< frames a second
 constexpr std::size_t kShortLoop = 4096;
 constexpr std::size_t kFramesAtOnce = 512;
 
-/// True if the file begins like an Ogg or a WAV file. Others are not shown to the decoder, which
-/// would go by the name's ending where a file does not say what it is.
+/// True if the file begins like an Ogg or a WAV file. The decoder gets no other, since it goes by
+/// the ending of the name where the content does not tell the format.
 bool HasKnownBeginning(const std::string& path) {
   std::array<char, 4> magic{};
   std::ifstream file(path, std::ios::binary);
@@ -27,7 +27,7 @@ bool HasKnownBeginning(const std::string& path) {
          magic == std::array<char, 4>{'R', 'I', 'F', 'F'};
 }
 
-/// A decoded sample as 16 bits. Louder ones than full scale are cut off, what is no number is 0.
+/// A decoded sample as 16 bits. Louder ones than full scale are cut off, a NaN is 0.
 std::int16_t ToSample(float value) {
   constexpr float kScale = 32768.0f;
   if (std::isnan(value)) return 0;

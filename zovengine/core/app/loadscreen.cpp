@@ -18,7 +18,7 @@ void LoadScreen(const std::string& path) {
   g_render_system->m_background_tex = background;
 }
 
-void ShowBackgroundOf(const std::string& path) {
+void ShowBackground(const std::string& path) {
   JsonDocument document;
   document.Open(path);
   document.Parse();

@@ -9,6 +9,6 @@ namespace ZOVEngine {
 void LoadScreen(const std::string& path);
 
 /// Shows the background that the file at `path` names, without its objects.
-void ShowBackgroundOf(const std::string& path);
+void ShowBackground(const std::string& path);
 
 }  // namespace ZOVEngine

@@ -58,7 +58,7 @@ void BeginStep() {
 }
 
 int WinMain() {
-  // Every line as it is written: what led to an end by an exception or a signal must not be lost.
+  // Each line at once: the lines before an end by an exception or a signal must not be lost.
   std::cout << std::unitbuf;
   const std::unique_ptr<Native> native = MakeSdlNative();
   const std::unique_ptr<GLDevice> device = MakeGLDevice(
@@ -69,8 +69,8 @@ int WinMain() {
   g_mixer = mixer.get();
   CreateEngine();
   InitSystems();
-  // A level keeps the background of the screen before it; here there was none.
-  if (g_start_state == kDefaultState) ShowBackgroundOf(g_current_level_path);
+  // A level keeps the background of the screen before it; at the start there is none.
+  if (g_start_state == kDefaultState) ShowBackground(g_current_level_path);
   MainLoop(*g_engine, NowNanoseconds, BeginStep);
   DestroyEngine();
   g_mixer = nullptr;

@@ -9,7 +9,7 @@ namespace ZOVEngine {
 /// in a program with sound.
 void CreateEngine();
 
-/// Calls Init of every system in order; the first state is entered on the way.
+/// Calls Init of every system in order; that of the logic system enters the first state.
 void InitSystems();
 
 /// Deletes the systems in order, the factory and with it all objects first, then the engine.

@@ -59,7 +59,7 @@ struct RowPairMinors {
   float d01, d02, d03, d12, d13, d23;
 };
 
-RowPairMinors MinorsOf(const float* p, const float* q) {
+RowPairMinors RowMinors(const float* p, const float* q) {
   return {p[0] * q[1] - q[0] * p[1], p[0] * q[2] - q[0] * p[2], p[0] * q[3] - q[0] * p[3],
           p[1] * q[2] - q[1] * p[2], p[1] * q[3] - q[1] * p[3], p[2] * q[3] - q[2] * p[3]};
 }
@@ -75,8 +75,8 @@ void CofactorColumn(const float* row, const RowPairMinors& n, float scale, float
 }  // namespace
 
 void Inverse(Matrix4x4* out, float* det, const Matrix4x4& m) {
-  const RowPairMinors s = MinorsOf(m.at[0], m.at[1]);
-  const RowPairMinors c = MinorsOf(m.at[2], m.at[3]);
+  const RowPairMinors s = RowMinors(m.at[0], m.at[1]);
+  const RowPairMinors c = RowMinors(m.at[2], m.at[3]);
   *det =
       s.d01 * c.d23 - s.d02 * c.d13 + s.d03 * c.d12 + s.d12 * c.d03 - s.d13 * c.d02 + s.d23 * c.d01;
   if (*det == 0.0f) return;

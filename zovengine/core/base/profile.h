@@ -8,7 +8,7 @@
 
 namespace ZOVEngine {
 
-/// One entry of the profile table: what was measured last under a name.
+/// One entry of the profile table: the last measurement under a name.
 struct ProfileRecord {
   std::string name;
   float value = 0.0f;         ///< a rate, a count, or elapsed seconds, as `isSystemTime` tells

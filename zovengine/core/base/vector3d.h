@@ -7,7 +7,7 @@ namespace ZOVEngine {
 /// Pi as every angle conversion of the engine uses it.
 inline constexpr float kPi = 3.1415927f;
 
-/// Converts an angle (unit: degrees) to radians, by way of degrees * pi / 180 in floats.
+/// Converts an angle (unit: degrees) to radians, as degrees * pi / 180 in floats.
 inline float DegreesToRadians(float degrees) {
   return degrees * kPi / 180.0f;
 }
@@ -61,10 +61,10 @@ inline float Dot(const Vector3D& a, const Vector3D& b) {
   return a.x * b.x + a.y * b.y + a.z * b.z;
 }
 
-/// The rotation of something drawn upward that looks along `way`: 0 is up, a quarter turn to the
-/// left is 90 (unit: degrees, from -270 to 90).
-inline float Heading(const Vector3D& way) {
-  return std::atan2(way.y, way.x) * 180.0f / kPi - 90.0f;
+/// The rotation of a sprite drawn upward that looks along `direction`: 0 is up, a quarter turn to
+/// the left is 90 (unit: degrees, from -270 to 90).
+inline float Heading(const Vector3D& direction) {
+  return std::atan2(direction.y, direction.x) * 180.0f / kPi - 90.0f;
 }
 
 inline Vector3D Vector3D::Normalized() const {

@@ -25,8 +25,8 @@ void SendLine(const Vector3D& from, const Vector3D& to, const LineStyle& style) 
 constexpr Vector3D kUnitCorners[4] = {
     {-0.5f, 0.5f, 0.0f}, {0.5f, 0.5f, 0.0f}, {0.5f, -0.5f, 0.0f}, {-0.5f, -0.5f, 0.0f}};
 
-/// A rotation about z, with the elements of its matrix that are not those of the identity. Shapes
-/// are placed in every step, and whole matrices would cost most of that time.
+/// A rotation about z: the four elements of its matrix that differ from the identity's. Shapes are
+/// placed in every step, and whole matrices would cost most of that time.
 class Turn {
  public:
   explicit Turn(float degrees) {
@@ -36,7 +36,7 @@ class Turn {
     m_xy = -m_yx;
   }
 
-  /// This rotation after `b`, as the product of the matrices gives it.
+  /// This rotation after `b`: the product of the two matrices.
   Turn operator*(const Turn& b) const {
     Turn out = *this;
     out.m_xx = m_xx * b.m_xx + m_xy * b.m_yx;
@@ -46,7 +46,7 @@ class Turn {
     return out;
   }
 
-  Vector3D Of(const Vector3D& v) const {
+  Vector3D Apply(const Vector3D& v) const {
     return Vector3D(m_xx * v.x + m_xy * v.y, m_yx * v.x + m_yy * v.y, v.z);
   }
 
@@ -102,11 +102,12 @@ void PolygonCollider::UpdateCollider(const Transform& transform) {
   const Turn turn = m_local_rot == 0.0f ? object_turn : object_turn * Turn(m_local_rot);
   const Vector3D shift(transform.m_world_pos.x, transform.m_world_pos.y, 0.0f);
 
-  m_center = object_turn.Of(m_local_pos) + shift;
+  m_center = object_turn.Apply(m_local_pos) + shift;
   m_world_vertices.resize(m_local_vertices.size());
   for (std::size_t i = 0; i < m_local_vertices.size(); ++i) {
     const Vector3D& local = m_local_vertices[i];
-    m_world_vertices[i] = turn.Of(Vector3D(scale_x * local.x, scale_y * local.y, local.z)) + shift;
+    m_world_vertices[i] =
+        turn.Apply(Vector3D(scale_x * local.x, scale_y * local.y, local.z)) + shift;
   }
   if (m_world_vertices.empty()) return;
   m_min = m_max = m_world_vertices.front();
@@ -149,7 +150,7 @@ std::shared_ptr<iCollider> CircleCollider::Clone() const {
 
 void CircleCollider::UpdateCollider(const Transform& transform) {
   m_radius = m_local_scale.x * transform.m_world_scale.x * 0.5f;
-  m_center = (Turn(transform.m_world_rotate) * Turn(m_local_rot)).Of(m_local_pos);
+  m_center = (Turn(transform.m_world_rotate) * Turn(m_local_rot)).Apply(m_local_pos);
   m_center.x += transform.m_world_pos.x;
   m_center.y += transform.m_world_pos.y;
   const Vector3D reach(m_radius, m_radius, 0.0f);

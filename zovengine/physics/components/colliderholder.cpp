@@ -63,6 +63,7 @@ void ColliderHolder::SetType(const std::string& type) {
       creator == ShapeCreators().end() ? nullptr : creator->second(ShapeTransform(m_owner));
 }
 
+// Written by hand: the type decides which shape, and so which fields, there are.
 void ColliderHolder::Unserialize(const Value& value) {
   ReadValue(value, "m_active", &m_active);
   ReadValue(value, "m_layer", &m_layer);

@@ -9,10 +9,10 @@ namespace ZOVEngine {
 /// Places an object in the world, relative to its parent.
 ///
 /// The local set is written by game logic, physics and the editor; the world set is derived from it
-/// by UpdateWorldTransforms once a step, and is what drawing and collision read, so it is stale
+/// by UpdateWorldTransforms once a step. Drawing and collision read the world set, which is stale
 /// until the next derivation. Angles are degrees, positions world units. z rides along: a parent
 /// never translates it and rotation is about z only. A new component's world scale is (0, 0, 1), so
-/// what is drawn before the first derivation has no extent.
+/// a sprite drawn before the first derivation has no extent.
 class Transform final : public GameComponentBase {
   RTTR_ENABLE(GameComponentBase)
 

@@ -47,6 +47,7 @@ iModel::iModel(GameObj* owner)
                  Corner(0.5f, -0.5f, 1.0f, 1.0f), Corner(-0.5f, -0.5f, 0.0f, 1.0f)},
       m_index_buffer{0, 1, 3, 1, 2, 3} {}
 
+// Written by hand: a vertex is a row of numbers, not a list of keys.
 void iModel::Unserialize(const Value& value) {
   if (const Value* rows = FindOrComplain(value, "m_vertices")) {
     if (!rows->IsArray()) FailReading("expected an array of rows");

@@ -231,8 +231,8 @@ void ParticleSystemC::RunParticle(Particle& particle, float dt) {
   }
 }
 
-// The order of the draws of a birth, here and in what it calls, decides what every later draw of
-// the game gives.
+// The order in which a birth draws its random numbers, here and in the helpers below, decides every
+// later draw of the game.
 void ParticleSystemC::ResetParticle(Particle& particle) {
   particle.m_owner->SetActive(true);
   particle.m_distance = 0.0f;

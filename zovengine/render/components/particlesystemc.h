@@ -10,14 +10,14 @@
 
 namespace ZOVEngine {
 
-/// The largest pool of one system: as many particles as the picture can show in one frame.
+/// The largest pool of one system: as many particles as one frame can show.
 inline constexpr std::int32_t kMaxParticles = 150000;
 
 /// Emits particles from a circle around its object.
 ///
 /// Each particle is an object of its own, cloned from the archetype "particle_test" at the first
 /// Update and recycled from then on, so that emission allocates nothing; the pool lives as long as
-/// the level. A birth places a particle, draws what its pairs (minimum, maximum) allow, and sends
+/// the level. A birth places a particle, draws its values from pairs (minimum, maximum), and sends
 /// it off by a force and a torque. From then on the system changes its size and colour towards
 /// those of the end of life, until its time or its path is over. A stopped or inactive system gives
 /// birth to none, but its live particles run on. Works in a pause too.

@@ -12,13 +12,13 @@ bool g_menu_entry_click = false;
 namespace {
 
 /// The alpha of a stage's object, or null when the stage cannot run.
-float* AlphaOf(GameObj* object) {
+float* FindAlpha(GameObj* object) {
   if (object == nullptr || !object->HasComponent<Render>()) return nullptr;
   return &object->GetComponent<Render>()->m_colour[3];
 }
 
 void SetAlpha(GameObj* object, float value) {
-  if (float* alpha = AlphaOf(object)) *alpha = value;
+  if (float* alpha = FindAlpha(object)) *alpha = value;
 }
 
 }  // namespace
@@ -42,7 +42,7 @@ void SplashController::Update(float dt) {
 }
 
 void SplashController::UpdateFade(GameObj* logo, float dt, bool* done) {
-  float* alpha = AlphaOf(logo);
+  float* alpha = FindAlpha(logo);
   if (alpha == nullptr) return;
   if (!m_fading_out) {
     if (*alpha < 1.0f) {
@@ -59,7 +59,7 @@ void SplashController::UpdateFade(GameObj* logo, float dt, bool* done) {
 }
 
 void SplashController::UpdateGameLogo(float dt) {
-  float* alpha = AlphaOf(m_game_logo);
+  float* alpha = FindAlpha(m_game_logo);
   if (alpha == nullptr) return;
   if (!m_fading_out && *alpha < 1.0f) *alpha += dt / m_fade_time;
   if (*alpha >= 1.0f) {
@@ -69,7 +69,7 @@ void SplashController::UpdateGameLogo(float dt) {
 }
 
 void SplashController::UpdatePrompt(float dt) {
-  float* alpha = AlphaOf(m_start);
+  float* alpha = FindAlpha(m_start);
   if (alpha == nullptr) return;
   m_blink_timer += dt;
   if (m_blink_timer <= m_blink_time) return;
