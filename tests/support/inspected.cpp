@@ -8,7 +8,7 @@ namespace carapace_test {
 namespace {
 
 std::string Text(const rttr::property& property, const char* key) {
-  return property.get_metadata(key).get_value<std::string>();
+  return property.get_metadata(std::string(key)).get_value<std::string>();
 }
 
 }  // namespace
