@@ -7,13 +7,13 @@
 #include "core/base/random.h"
 #include "game/objectquery.h"
 #include "game/turns/gamecontroller.h"
-#include "jsonunserializer.h"
+#include "objects/fields.h"
 #include "physics/components/transform.h"
 
 namespace ZOVEngine {
 namespace {
 
-constexpr int kShakeSteps = 5;  ///< the view is off by 0 to 4 times the magnitude
+constexpr int kShakeSteps = 5;  ///< the offset is 0 to 4 times the magnitude
 
 /// How far the view may go, and how far the map reaches from its middle (unit: world units).
 struct Limits {
@@ -26,7 +26,7 @@ struct Limits {
 };
 
 /// A map of odd height leaves half a tile more above than below, deliberately.
-Limits LimitsOf(const TileMap& map, int xlimit, int ylimit) {
+Limits ComputeLimits(const TileMap& map, int xlimit, int ylimit) {
   const std::int64_t size = map.m_tileSize;
   const std::int64_t columns = map.m_width / 2;
   const std::int64_t rows = map.m_height / 2;
@@ -47,19 +47,14 @@ Camera::Camera(GameObj* owner) : LogicComponent(owner) {
   m_active = false;
 }
 
-void Camera::Unserialize(const Value& value) {
-  ReadVector3D(value, "m_offset", &m_offset);
-  ReadValue(value, "m_shakemag", &m_shakemag);
-  ReadValue(value, "m_xlimit", &m_xlimit);
-  ReadValue(value, "m_ylimit", &m_ylimit);
+template <class Visitor>
+void Camera::Fields(Visitor& visit) {
+  visit("m_offset", &Camera::m_offset);
+  visit("m_shakemag", &Camera::m_shakemag);
+  visit("m_xlimit", &Camera::m_xlimit);
+  visit("m_ylimit", &Camera::m_ylimit);
 }
-
-void Camera::Serialize(Writer& writer) {
-  WriteVector3D(writer, "m_offset", m_offset);
-  WriteValue(writer, "m_shakemag", m_shakemag);
-  WriteValue(writer, "m_xlimit", m_xlimit);
-  WriteValue(writer, "m_ylimit", m_ylimit);
-}
+ZOV_COMPONENT_FILE(Camera)
 
 void Camera::Init() {
   m_init = true;
@@ -83,7 +78,7 @@ void Camera::Limit() {
   auto* transform = FindComponent<Transform>(m_owner);
   auto* controller = m_owner->parent ? FindComponent<GameController>(m_owner->parent) : nullptr;
   if (transform == nullptr || controller == nullptr) return;
-  const Limits limits = LimitsOf(controller->m_tile_map, m_xlimit, m_ylimit);
+  const Limits limits = ComputeLimits(controller->m_tile_map, m_xlimit, m_ylimit);
   const Vector3D at = transform->m_world_pos;
   m_at_limit[0] = limits.half_width + at.x > limits.right;
   m_at_limit[1] = limits.half_height + at.y > limits.top;

@@ -8,18 +8,17 @@ namespace ZOVEngine {
 /// Gives the view its position: the renderer reads the object's world position and `m_offset`.
 ///
 /// It keeps the view within the level's map and a margin of tiles, and it shakes; it follows
-/// nothing, what moves is its object. Who wants a shake writes the fields: `m_shaking`,
-/// `m_shake_duration`, `m_shakemag`, and `m_elapsed` to begin anew. What hangs on the camera's
-/// object is interface and is drawn over the world. A new camera is inactive; the view follows
-/// active cameras only.
+/// nothing: the object moves by its Transform. To start a shake, write the fields `m_shaking`,
+/// `m_shake_duration` and `m_shakemag`, and 0 to `m_elapsed`. The children of the camera's object
+/// are interface and are drawn over the world. A new camera is inactive; the view follows active
+/// cameras only.
 class Camera final : public LogicComponent {
   RTTR_ENABLE(LogicComponent)
 
  public:
   explicit Camera(GameObj* owner);
 
-  void Unserialize(const Value& value) override;
-  void Serialize(Writer& writer) override;
+  ZOV_DECLARE_FIELDS()
   /// Says so on standard output and seeds the random numbers from the time of day.
   void Init() override;
   /// Limits the view, if the parent runs a level, and shakes it.
