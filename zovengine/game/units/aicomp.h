@@ -6,21 +6,16 @@ namespace ZOVEngine {
 
 /// Walks an enemy along its patrol, one push whenever the turn controller finds all at rest.
 ///
-/// The patrol and its limits are the Enemy's, beside which this stands on the same object. The path
-/// is walked to and fro. The move's time counts one step for each push, so its limit is a number of
-/// pushes. It does nothing by itself and nothing of it is saved.
-class AIComp final : public LogicComponent {
-  RTTR_ENABLE(LogicComponent)
+/// The patrol and its limits are fields of the Enemy on the same object. The path is walked to and
+/// fro. The move's time counts one step for each push, so its limit is a number of pushes. The
+/// component does nothing by itself and has no keys.
+class AIComp final : public EmptyLogicComponent {
+  RTTR_ENABLE(EmptyLogicComponent)
 
  public:
-  using LogicComponent::LogicComponent;
+  using EmptyLogicComponent::EmptyLogicComponent;
 
-  void Unserialize(const Value&) override {}
-  void Serialize(Writer&) override {}
-  void Init() override {}
   void Update(float dt) override { m_dt = dt; }
-  void Destroy() override {}
-  void OnMessage(Message*) override {}
 
   /// One push towards the next waypoint of the owner's Enemy, an arrival, or the end of its move.
   /// An owner without waypoints, Transform or RigidBody stays as it is.
