@@ -12,7 +12,7 @@ namespace carapace_test {
 
 using namespace ZOVEngine;
 
-std::string ClassName(UnitKind kind) {
+std::string UnitClass(UnitKind kind) {
   return kind == UnitKind::kPlayer ? "Player" : "Enemy";
 }
 
@@ -142,7 +142,7 @@ std::string UnitRecord(UnitKind kind, const std::string& name, const UnitParts& 
                           {"StateC", R"({"m_state": "default"})"},
                           {"Animation", "{}"},
                           {"AudioSource", "{}"},
-                          {ClassName(kind), parts.fields}};
+                          {UnitClass(kind), parts.fields}};
   Components components;
   for (const auto& part : own) {
     if (!IsLeftOut(parts, part.first)) components.push_back(part);
@@ -172,7 +172,7 @@ std::string SolidUnitAt(UnitKind kind, const std::string& name, float x, float y
        {"iModel", "{}"},
        {"StateC", R"({"m_state": "default"})"},
        {"AudioSource", "{}"},
-       {ClassName(kind), R"({"m_health": 5, "m_max_health": 5, "m_boss": )" + boss + "}"}},
+       {UnitClass(kind), R"({"m_health": 5, "m_max_health": 5, "m_boss": )" + boss + "}"}},
       children);
 }
 
@@ -184,7 +184,7 @@ std::string UnitAt(UnitKind kind, const std::string& name, float x, float y,
                  {"Render", "{}"},
                  {"iModel", "{}"},
                  {"Light", R"({"m_diffuseStr": 3})"},
-                 {ClassName(kind), fields}},
+                 {UnitClass(kind), fields}},
                 children);
 }
 

@@ -14,7 +14,7 @@ using Components = std::vector<std::pair<std::string, std::string>>;
 enum class UnitKind { kPlayer, kEnemy, kBoss };
 
 /// The class of a kind's component.
-std::string ClassName(UnitKind kind);
+std::string UnitClass(UnitKind kind);
 
 /// A body of mass 1 that does not turn and loses nothing in a rebound.
 inline constexpr const char* kLively = R"({"m_mass": 1, "m_inertia": 0, "m_rest": 1})";

@@ -51,7 +51,7 @@ void MarkUnit(const ContactInfo& contact, const char* status) {
   const ContactSides sides(contact);
   if (!sides.BothActive()) return;
   GameObj* unit = sides.PartnerOf<Zone>([](const GameObj* object) { return IsUnit(*object); });
-  if (unit != nullptr) *StatusOf(unit) = status;
+  if (unit != nullptr) FindUnit(unit)->m_status = status;
 }
 
 }  // namespace ZOVEngine

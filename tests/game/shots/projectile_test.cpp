@@ -18,7 +18,6 @@
 namespace ZOVEngine {
 namespace {
 
-using carapace_test::ClassName;
 using carapace_test::Components;
 using carapace_test::KeysOf;
 using carapace_test::kLively;
@@ -32,6 +31,7 @@ using carapace_test::ShotStage;
 using carapace_test::SolidUnitAt;
 using carapace_test::ThingAt;
 using carapace_test::TransformAt;
+using carapace_test::UnitClass;
 using carapace_test::UnitKind;
 using ::testing::ElementsAreArray;
 
@@ -513,11 +513,11 @@ TYPED_TEST(EveryShot, AUnitTakesTheDamageOfADirectHit) {
     ASSERT_TRUE(stage.StepUntil([&] {
       return !stage.shot->active || stage.IsWhite("unit") || this->RightEdge(stage) > 60.0f;
     }));
-    EXPECT_EQ(stage.shot->active, !this->nature.ends_at_unit) << ClassName(kind);
-    EXPECT_EQ(*HealthOf(stage.Find("unit")), 5 - this->nature.damage) << ClassName(kind);
+    EXPECT_EQ(stage.shot->active, !this->nature.ends_at_unit) << UnitClass(kind);
+    EXPECT_EQ(FindUnit(stage.Find("unit"))->m_health, 5 - this->nature.damage) << UnitClass(kind);
     stage.world.Step(30);
-    EXPECT_EQ(*HealthOf(stage.Find("unit")), 5 - this->nature.damage)
-        << "once, for a " << ClassName(kind);
+    EXPECT_EQ(FindUnit(stage.Find("unit"))->m_health, 5 - this->nature.damage)
+        << "once, for a " << UnitClass(kind);
   }
 }
 

@@ -30,11 +30,11 @@ namespace ZOVEngine {
 namespace {
 
 using carapace_test::AsksFor;
-using carapace_test::ClassName;
 using carapace_test::Hush;
 using carapace_test::Record;
 using carapace_test::ShotRecord;
 using carapace_test::SpriteRecord;
+using carapace_test::UnitClass;
 using carapace_test::UnitKind;
 using carapace_test::UnitParts;
 using carapace_test::UnitRecord;
@@ -102,7 +102,7 @@ class BothUnits : public ::testing::Test {
 struct UnitNames {
   template <class T>
   static std::string GetName(int) {
-    return ClassName(kKind<T>);
+    return UnitClass(kKind<T>);
   }
 };
 
@@ -182,7 +182,7 @@ TYPED_TEST(BothUnits, WithoutARenderTheFirstStepFails) {
 
 TYPED_TEST(BothUnits, AHitBurnsWhiteUntilTheTimerIsAboveTheFlashTime) {
   this->MakeSpawned();
-  FlashUnit(this->Object());
+  this->Unit().TakeHit(0);
   for (int i = 1; i <= 3; ++i) {
     this->Step(0.04f);
     EXPECT_EQ(this->Body().m_colour[0], kWhite) << i;
@@ -199,7 +199,7 @@ TYPED_TEST(BothUnits, AHitBurnsWhiteUntilTheTimerIsAboveTheFlashTime) {
 
 TYPED_TEST(BothUnits, TheFlashTimeItselfStillBurns) {
   this->MakeSpawned();
-  FlashUnit(this->Object());
+  this->Unit().TakeHit(0);
   this->Unit().m_flash_timer = 0.09f;
   this->Step(0.5f);
   EXPECT_EQ(this->Body().m_colour[0], kWhite);
@@ -580,7 +580,7 @@ TYPED_TEST(BothUnits, ADyingUnitLosesItsMarks) {
 
 TYPED_TEST(BothUnits, AUnitThatDiesBurningTakesItsOwnLook) {
   this->MakeSpawned();
-  FlashUnit(this->Object());
+  this->Unit().TakeHit(0);
   this->Die();
   EXPECT_EQ(this->Body().m_colour[0], 1.0f);
   EXPECT_EQ(this->Picture("Weapon0Barrel").m_colour[1], 1.0f);
@@ -638,7 +638,7 @@ TYPED_TEST(BothUnits, AUnitWithoutChildrenLivesAndDies) {
   this->stage.emplace(
       std::vector{Record("unit", {{"Transform", "{}"},
                                   {"Render", "{}"},
-                                  {ClassName(kKind<TypeParam>), R"({"m_health": 1})"}})});
+                                  {UnitClass(kKind<TypeParam>), R"({"m_health": 1})"}})});
   for (int i = 0; i < 3; ++i) this->Step();
   EXPECT_TRUE(this->Unit().m_alive);
   this->Die();
@@ -647,18 +647,28 @@ TYPED_TEST(BothUnits, AUnitWithoutChildrenLivesAndDies) {
 
 // What others read and write
 
-TEST(UnitQueries, HealthAndStatusAreThoseOfEitherKind) {
+TEST(UnitQueries, AUnitIsFoundByEitherKind) {
   UnitStage stage({UnitRecord(UnitKind::kPlayer, "p"), UnitRecord(UnitKind::kEnemy, "e"),
                    Record("neither", {})});
-  EXPECT_EQ(HealthOf(stage.Find("p")), &stage.Of<Player>("p").m_health);
-  EXPECT_EQ(HealthOf(stage.Find("e")), &stage.Of<Enemy>("e").m_health);
-  EXPECT_EQ(HealthOf(stage.Find("neither")), nullptr);
-  EXPECT_EQ(StatusOf(stage.Find("p")), &stage.Of<Player>("p").m_status);
-  EXPECT_EQ(StatusOf(stage.Find("e")), &stage.Of<Enemy>("e").m_status);
-  EXPECT_EQ(StatusOf(stage.Find("neither")), nullptr);
+  EXPECT_EQ(FindUnit(stage.Find("p")), &stage.Of<Player>("p"));
+  EXPECT_EQ(FindUnit(stage.Find("e")), &stage.Of<Enemy>("e"));
+  EXPECT_EQ(FindUnit(stage.Find("neither")), nullptr);
   EXPECT_TRUE(IsUnit(*stage.Find("p")));
   EXPECT_TRUE(IsUnit(*stage.Find("e")));
   EXPECT_FALSE(IsUnit(*stage.Find("neither")));
+}
+
+TYPED_TEST(BothUnits, AHitTakesHealthAndBurnsWhiteALossOnlyTakesHealth) {
+  this->MakeSpawned();
+  this->Step();
+  this->Unit().LoseHealth(3);
+  EXPECT_EQ(this->Unit().m_health, 5);
+  EXPECT_EQ(this->Body().m_colour[0], 1.0f);
+  this->Unit().TakeHit(7);
+  EXPECT_EQ(this->Unit().m_health, -2) << "below zero";
+  EXPECT_EQ(this->Body().m_colour[0], kWhite);
+  EXPECT_EQ(this->Picture("Weapon0Barrel").m_colour[1], kWhite);
+  EXPECT_EQ(this->Picture("Weapon1Barrel").m_colour[2], kWhite);
 }
 
 TEST(UnitQueries, DamageStopsAtTheEndsOfWhatHealthCanBe) {

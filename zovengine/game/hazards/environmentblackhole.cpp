@@ -78,8 +78,8 @@ void EnvironmentBlackhole::OnCollisionEnter(ContactInfo* contact) {
   GameObj* caught = sides.PartnerOf<EnvironmentBlackhole>(
       [](const GameObj* object) { return IsCarriable(*object); });
   if (caught == nullptr) return;
-  if (int* health = HealthOf(caught)) {
-    *health = 0;
+  if (Unit* unit = FindUnit(caught)) {
+    unit->m_health = 0;
   } else {
     caught->SetActive(false);
   }

@@ -119,9 +119,7 @@ bool IgnoreIfPassable(const ContactSides& sides, ContactInfo* contact) {
 }
 
 void Wound(GameObj* unit, int damage) {
-  int& health = *HealthOf(unit);
-  health = AfterDamage(health, damage);
-  FlashUnit(unit);
+  FindUnit(unit)->TakeHit(damage);
 }
 
 void WoundAndShake(GameObj* shot, GameObj* unit, int damage) {

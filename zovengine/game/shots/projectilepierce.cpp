@@ -18,8 +18,8 @@ namespace ZOVEngine {
 namespace {
 
 bool IsShooterDead(const GameObj* shot) {
-  const int* health = shot->parent != nullptr ? HealthOf(shot->parent) : nullptr;
-  return health != nullptr && *health <= 0;
+  const Unit* shooter = shot->parent != nullptr ? FindUnit(shot->parent) : nullptr;
+  return shooter != nullptr && shooter->m_health <= 0;
 }
 
 /// Asking has the controller show the level's end, deliberately.

@@ -33,13 +33,6 @@ M& As(Message* message) {
   return dynamic_cast<M&>(*message);
 }
 
-template <class Unit>
-void SwitchWeaponIfPresent(Unit* unit) {
-  if (unit == nullptr) return;
-  unit->m_selected_first_weapon = !unit->m_selected_first_weapon;
-  unit->ShowWeaponLabel();
-}
-
 }  // namespace
 
 void TurnInput::Take(Message* message) {
@@ -169,8 +162,10 @@ void TurnInput::KillEnemies() {
 
 void TurnInput::SwitchWeapon() {
   if (!IsPlayersTurn()) return;
-  SwitchWeaponIfPresent(FindComponent<Player>(m_game.m_selected));
-  SwitchWeaponIfPresent(FindComponent<Enemy>(m_game.m_selected));
+  if (Unit* unit = FindUnit(m_game.m_selected)) {
+    unit->m_selected_first_weapon = !unit->m_selected_first_weapon;
+    unit->ShowWeaponLabel();
+  }
   PlaySound(m_game.m_owner, kClick);
 }
 

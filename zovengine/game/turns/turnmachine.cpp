@@ -224,7 +224,7 @@ void TurnMachine::PlayerAim() {
 void TurnMachine::AimSelected() {
   Player& player = *m_game.m_selected->GetComponent<Player>();
   player.AimAt(m_game.MouseWorldPos());
-  GameObj* shot = HeldShot(&player);
+  GameObj* shot = player.HeldShot();
   const auto* size = shot ? FindComponent<Transform>(shot) : nullptr;
   const float width = size ? size->m_world_scale.x : 1.0f;
   Vector3D end = m_game.MouseWorldPos();

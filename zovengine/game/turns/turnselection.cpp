@@ -45,12 +45,11 @@ void Release(GameObj* unit) {
 }
 
 /// False if the damage of its status killed the unit.
-bool SurvivesStatus(GameObj* unit) {
-  if (*StatusOf(unit) != "damaged") return true;
-  FlashUnit(unit);
-  int& health = *HealthOf(unit);
-  health = AfterDamage(health, 1);
-  return health >= 1;
+bool SurvivesStatus(GameObj* object) {
+  Unit& unit = *FindUnit(object);
+  if (unit.m_status != "damaged") return true;
+  unit.TakeHit(1);
+  return unit.m_health >= 1;
 }
 
 void OpenRings(GameObj* unit) {

@@ -10,29 +10,12 @@
 #include "game/shots/projectiledefault.h"
 #include "game/shots/projectileexplosion.h"
 #include "game/turns/gamecontroller.h"
-#include "game/units/unit.h"
-#include "jsonunserializer.h"
-#include "objects/reflection.h"
+#include "objects/fields.h"
 #include "objects/statec.h"
 #include "physics/components/rigidbody.h"
 #include "physics/components/transform.h"
 #include "render/components/light.h"
 #include "render/components/render.h"
-
-RTTR_REGISTRATION {
-  using ZOVEngine::Enemy;
-  ZOVEngine::ComponentRegistration<Enemy>("Enemy")
-      .Field("m_health", &Enemy::m_health, "int", "Curr HP")
-      .Field("m_max_health", &Enemy::m_max_health, "int", "Max HP")
-      .Field("m_alive", &Enemy::m_alive, "bool", "Alive")
-      .Field("m_selected_first_weapon", &Enemy::m_selected_first_weapon, "bool",
-             "Selected First Weapon")
-      .Field("m_boss", &Enemy::m_boss, "bool", "Boss")
-      .Field("m_waypoints", &Enemy::m_waypoints, "Vector3", "Waypoints")
-      .Field("m_move_speed", &Enemy::m_move_speed, "float", "Move Speed")
-      .Field("m_move_limit", &Enemy::m_move_limit, "float", "Move Limit")
-      .Field("m_snap_range", &Enemy::m_snap_range, "float", "Snap Range");
-}
 
 namespace ZOVEngine {
 namespace {
@@ -100,32 +83,22 @@ void FireShell(GameObj* object, const Vector3D& muzzle, const Vector3D& directio
 
 }  // namespace
 
-void Enemy::Unserialize(const Value& value) {
-  ReadValue(value, "m_health", &m_health);
-  ReadValue(value, "m_max_health", &m_max_health);
-  ReadValue(value, "m_alive", &m_alive);
-  ReadValue(value, "m_selected_first_weapon", &m_selected_first_weapon);
-  ReadValue(value, "m_boss", &m_boss);
-  ReadVector3DArray(value, "m_waypoints", &m_waypoints);
-  ReadValue(value, "m_move_speed", &m_move_speed);
-  ReadValue(value, "m_move_limit", &m_move_limit);
-  ReadValue(value, "m_snap_range", &m_snap_range);
+template <class Visitor>
+void Enemy::Fields(Visitor& visit) {
+  visit("m_health", &Enemy::m_health, "Curr HP");
+  visit("m_max_health", &Enemy::m_max_health, "Max HP");
+  visit("m_alive", &Enemy::m_alive, "Alive");
+  visit("m_selected_first_weapon", &Enemy::m_selected_first_weapon, "Selected First Weapon");
+  visit("m_boss", &Enemy::m_boss, "Boss");
+  visit("m_waypoints", &Enemy::m_waypoints, "Waypoints");
+  visit("m_move_speed", &Enemy::m_move_speed, "Move Speed");
+  visit("m_move_limit", &Enemy::m_move_limit, "Move Limit");
+  visit("m_snap_range", &Enemy::m_snap_range, "Snap Range");
 }
-
-void Enemy::Serialize(Writer& writer) {
-  WriteValue(writer, "m_health", m_health);
-  WriteValue(writer, "m_max_health", m_max_health);
-  WriteValue(writer, "m_alive", m_alive);
-  WriteValue(writer, "m_selected_first_weapon", m_selected_first_weapon);
-  WriteValue(writer, "m_boss", m_boss);
-  WriteVector3DArray(writer, "m_waypoints", m_waypoints);
-  WriteValue(writer, "m_move_speed", m_move_speed);
-  WriteValue(writer, "m_move_limit", m_move_limit);
-  WriteValue(writer, "m_snap_range", m_snap_range);
-}
+ZOV_COMPONENT_FIELDS(Enemy)
 
 void Enemy::Init() {
-  BindUnit(this);
+  Bind();
   if (!m_boss) return;
   ForEachChildNamed(m_owner, kShields[0], [](GameObj* shield) { shield->SetActive(true); });
   ForEachChildNamed(m_owner, kShields[1], [](GameObj* shield) {
@@ -149,15 +122,15 @@ void Enemy::Update(float dt) {
   if (!m_init) Init();
   if (!m_alive) return;
   GameController* controller = FindController(m_owner);
-  if (!RunUpkeep(this, controller, dt)) return;
+  if (!RunUpkeep(controller)) return;
   BeginPhaseTwo(controller);
   FadePhaseIn(controller);
-  ShowHeldBarrel(this);
+  ShowHeldBarrel();
   if (m_turning) Turn(controller);
   if (m_health >= 1) {
-    RunAlive(this);
+    RunAlive();
   } else if (m_boss) {
-    DieAsBoss(controller, dt);
+    DieAsBoss(controller);
   } else {
     Die(controller);
   }
@@ -203,35 +176,35 @@ void Enemy::Turn(GameController* controller) {
 /// the boss's.
 void Enemy::Die(GameController* controller) {
   SetFieldsActive(controller, false);
-  FallApart(this);
+  FallApart();
 }
 
-void Enemy::DieAsBoss(GameController* controller, float dt) {
+void Enemy::DieAsBoss(GameController* controller) {
   if (m_death_done) EndAsBoss();
   m_dying = true;
   if (!m_death_done) {
-    m_death_timer += dt;
-    if (auto* light = FindComponent<Light>(m_owner)) light->m_diffuseStr += dt * kLightPerSecond;
+    m_death_timer += m_dt;
+    if (auto* light = FindComponent<Light>(m_owner)) light->m_diffuseStr += m_dt * kLightPerSecond;
     if (g_strobe_steps++ % kStrobePeriod == 0) {
-      FlashUnit(m_owner);
+      Flash();
     } else {
-      PaintUnit(m_owner, 1.0f);
+      Paint(1.0f);
     }
     RunExplosions();
   }
   if (m_death_timer >= kBossDeathTime) EndExplosions();
-  StopColliding(m_owner);
+  StopColliding();
   SetFieldsActive(controller, false);
   for (const char* name : kShields) {
     ForEachChildWith<Render>(m_owner, name, [](Render* shield) { shield->m_visible = false; });
   }
-  HideMarks(m_owner);
+  HideMarks();
 }
 
 /// The last step of a boss's death. The barrels keep what the strobe left on them: they are hidden.
 void Enemy::EndAsBoss() {
-  Paint(m_owner, 1.0f);
-  StartDeathSheet(m_owner);
+  PaintObject(m_owner, 1.0f);
+  StartDeathSheet();
   for (GameObj* child : m_owner->children) {
     if (child->HasComponent<ProjectileExplosion>()) ShrinkHits(child);
   }
@@ -270,17 +243,17 @@ void Enemy::Fire() {
   const float angle = DegreesToRadians(transform->m_world_rotate + 90.0f);
   const Vector3D direction = DirectionAt(angle).Normalized();
   Vector3D muzzle;
-  if (GameObj* barrel = FirstBarrel(m_owner)) {
+  if (GameObj* barrel = FirstBarrel()) {
     const auto* size = FindComponent<Transform>(barrel);
     const float length = size != nullptr ? size->m_world_scale.y : 0.0f;
     muzzle = transform->m_world_pos + direction * (m_boss ? length : length / kScalePerMuzzle);
   }
   if (m_boss) {
     FireAsBoss(muzzle, angle);
-  } else if (FireHeldWeapon(this, muzzle, direction)) {
-    m_pierce_pending = true;
+  } else {
+    FireHeldWeapon(muzzle, direction);
   }
-  ShowMuzzleFire(m_owner);
+  ShowMuzzleFire();
   m_fired = true;
 }
 
@@ -299,10 +272,6 @@ void Enemy::FireAsBoss(const Vector3D& muzzle, float angle) {
       }
     }
   }
-}
-
-void Enemy::ShowWeaponLabel() {
-  StartWeaponLabel(this);
 }
 
 }  // namespace ZOVEngine

@@ -1,59 +1,34 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
-#include <string>
 #include <vector>
 
-#include "core/base/vector3d.h"
-#include "objects/logiccomponent.h"
+#include "game/units/unit.h"
 
 namespace ZOVEngine {
-
-class GameController;
 
 /// A unit that the game drives; built like a Player.
 ///
 /// It fires along its body, which it turned in the round before, so that every shot is seen
 /// coming. A boss has three shots instead of a weapon, a second phase from half health on, in which
 /// a shield and the level's death field fade in, and takes five seconds to die.
-class Enemy final : public LogicComponent {
-  RTTR_ENABLE(LogicComponent)
+class Enemy final : public Unit {
+  RTTR_ENABLE(Unit)
 
  public:
-  using LogicComponent::LogicComponent;
+  using Unit::Unit;
 
-  void Unserialize(const Value& value) override;
-  void Serialize(Writer& writer) override;
+  ZOV_DECLARE_FIELDS()
   void Init() override;
   void Update(float dt) override;
   void Destroy() override;
-  void OnMessage(Message*) override {}
 
   /// Fires along the body. Does nothing without a target or for a boss that is dying.
   void Fire();
-  /// Lets the name of the weapon in hand rise beside the unit.
-  void ShowWeaponLabel();
 
-  float m_dt = 0.0f;  ///< of the last step (unit: seconds)
-  int m_health = 1;
-  int m_max_health = 1;
-  float m_hp_bar_width = 0.0f;  ///< world width of the full bar
-  float m_hp_bar_scale = 0.0f;  ///< its local x scale
-  float m_hp_bar_left = 0.0f;   ///< its left edge
-  float m_hp_bar_x = 0.0f;      ///< its local x position
-  bool m_show_weapon_label = false;
-  std::string m_weapon_label_tex = "BASIC";
-  std::string m_status = "default";                         ///< or "damaged", or "slowed"
-  std::array<float, 2> m_weapon_label_size = {0.0f, 0.0f};  ///< width and height
-  float m_flash_timer = 0.0f;                               ///< (unit: seconds)
-  float m_label_timer = 0.0f;                               ///< (unit: seconds)
-  bool m_alive = true;
   bool m_turning = false;    ///< the body turns towards m_aim_angle
   float m_aim_angle = 0.0f;  ///< to reach and to fire along (unit: degrees)
-  bool m_selected_first_weapon = true;
-  bool m_pierce_pending = false;  ///< set by a pierce shot, read by nothing
-  bool m_fired = false;           ///< in this round
+  bool m_fired = false;      ///< in this round
   bool m_boss = false;
   bool m_phase_two = false;      ///< the boss has entered its second phase
   bool m_phase_change = false;   ///< the change to it has begun
@@ -77,7 +52,7 @@ class Enemy final : public LogicComponent {
   void FadePhaseIn(GameController* controller);
   void Turn(GameController* controller);
   void Die(GameController* controller);
-  void DieAsBoss(GameController* controller, float dt);
+  void DieAsBoss(GameController* controller);
   void EndAsBoss();
   void RunExplosions();
   void EndExplosions();
