@@ -26,6 +26,13 @@ GameObj* Stage::FindChild(const std::string& parent, const std::string& name) co
   return RequireObject(FirstChildNamed(Find(parent), name), parent + "/" + name);
 }
 
+ContactInfo Stage::Between(const std::string& a, const std::string& b) const {
+  ContactInfo contact;
+  contact.objectA = Find(a)->id;
+  contact.objectB = Find(b)->id;
+  return contact;
+}
+
 void Stage::Derive() {
   g_physics_system->UpdateWorldTransforms();
 }

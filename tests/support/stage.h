@@ -3,6 +3,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "core/contactinfo.h"
 #include "game/objectquery.h"
 #include "support/world.h"
 
@@ -28,6 +29,8 @@ class Stage {
   T& ChildOf(const std::string& parent, const std::string& name) const {
     return *FindChild(parent, name)->template GetComponent<T>();
   }
+  /// A contact of the objects of these names.
+  ZOVEngine::ContactInfo Between(const std::string& a, const std::string& b) const;
   /// Derives all world transforms.
   static void Derive();
 

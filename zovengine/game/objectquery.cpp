@@ -3,8 +3,11 @@
 #include "audio/audiosource.h"
 #include "core/messages.h"
 #include "game/turns/gamecontroller.h"
+#include "game/units/unit.h"
 #include "objects/gameobjfactory.h"
 #include "objects/statec.h"
+#include "physics/components/colliderholder.h"
+#include "physics/components/rigidbody.h"
 
 namespace ZOVEngine {
 
@@ -22,6 +25,11 @@ GameController* FindController(GameObj* object) {
   // No answer reads as object 0, which may be anything.
   if (query.objectId >= objects.size()) return nullptr;
   return FindComponent<GameController>(objects[query.objectId]);
+}
+
+bool IsMovable(const GameObj& object) {
+  return IsUnit(object) ||
+         (object.HasComponent<RigidBody>() && object.HasComponent<ColliderHolder>());
 }
 
 void PlaySound(GameObj* object, const char* name) {

@@ -33,9 +33,13 @@ void ForEachChildWith(GameObj* object, std::string_view name, Visitor visit) {
 /// The first child of this name, or null.
 GameObj* FirstChildNamed(GameObj* object, std::string_view name);
 
-/// The turn controller above `object`, asked for with CurrGC from the object up its parents; null
-/// when there is none.
+/// The turn controller above `object`, found by CurrGC from the object up its parents; null when
+/// there is none, so check.
 GameController* FindController(GameObj* object);
+
+/// True for a unit, and for any other object with a body and a shape: what a hole swallows and a
+/// swap carries.
+bool IsMovable(const GameObj& object);
 
 /// Asks for a sound of the object, if it has an AudioSource.
 void PlaySound(GameObj* object, const char* name);

@@ -22,6 +22,7 @@ namespace ZOVEngine {
 namespace {
 
 using carapace_test::BodyRecord;
+using carapace_test::Components;
 using carapace_test::KeysOf;
 using carapace_test::OutputOf;
 using carapace_test::ReadRecord;
@@ -36,8 +37,6 @@ using carapace_test::UnitStage;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::SizeIs;
-
-using Components = std::vector<std::pair<std::string, std::string>>;
 
 constexpr const char* kHole = R"({"m_suction_force": 10, "m_suction_range": 100})";
 
@@ -60,9 +59,7 @@ class Hole {
   }
   /// The hole is told of a contact with `name`, as side B and then as side A.
   ContactInfo Touch(const std::string& name, bool hole_first = true) {
-    ContactInfo contact;
-    contact.objectA = stage.Find(hole_first ? "hole" : name)->id;
-    contact.objectB = stage.Find(hole_first ? name : "hole")->id;
+    ContactInfo contact = hole_first ? stage.Between("hole", name) : stage.Between(name, "hole");
     It().OnCollisionEnter(&contact);
     return contact;
   }

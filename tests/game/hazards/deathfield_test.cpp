@@ -20,6 +20,7 @@
 namespace ZOVEngine {
 namespace {
 
+using carapace_test::HolderOf;
 using carapace_test::KeysOf;
 using carapace_test::OutputOf;
 using carapace_test::ReadRecord;
@@ -35,10 +36,6 @@ using carapace_test::UnitStage;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 
-constexpr const char* kCircle = R"({"m_active": true, "m_layer": 0, "m_collider_type": "Circle",
-    "bitmask_category": "Default", "m_local_scale": [1, 1, 1], "m_local_pos": [0, 0, 1],
-    "m_local_rot": 0})";
-
 std::string Field(const std::string& name = "DeathField") {
   return Record(name, {{"Transform", TransformAt(5, 6)},
                        {"DeathField", R"({"m_damage": 3})"},
@@ -52,12 +49,6 @@ class Aura {
 
   DeathField& It() { return stage.Of<DeathField>("DeathField"); }
   Transform& Place() { return stage.Of<Transform>("DeathField"); }
-  ContactInfo Contact(const std::string& a, const std::string& b) {
-    ContactInfo contact;
-    contact.objectA = stage.Find(a)->id;
-    contact.objectB = stage.Find(b)->id;
-    return contact;
-  }
   int& PlayerHealth() { return stage.Of<Player>("player").m_health; }
   int& EnemyHealth() { return stage.Of<Enemy>("enemy").m_health; }
 
@@ -135,11 +126,11 @@ TEST(DeathField, WithoutAParentTheLevelIsReportedWrong) {
 
 TEST(DeathField, EnteringWoundsAPlayerUnit) {
   Aura aura;
-  ContactInfo contact = aura.Contact("player", "DeathField");
+  ContactInfo contact = aura.stage.Between("player", "DeathField");
   aura.It().OnCollisionEnter(&contact);
   EXPECT_TRUE(contact.ignored);
   EXPECT_EQ(aura.PlayerHealth(), 5);
-  contact = aura.Contact("DeathField", "player");
+  contact = aura.stage.Between("DeathField", "player");
   aura.It().OnCollisionEnter(&contact);
   EXPECT_EQ(aura.PlayerHealth(), 2);
   aura.It().OnCollisionEnter(&contact);
@@ -148,7 +139,7 @@ TEST(DeathField, EnteringWoundsAPlayerUnit) {
 
 TEST(DeathField, EnemiesPassUnhurt) {
   Aura aura;
-  ContactInfo contact = aura.Contact("enemy", "DeathField");
+  ContactInfo contact = aura.stage.Between("enemy", "DeathField");
   aura.It().OnCollisionEnter(&contact);
   EXPECT_TRUE(contact.ignored);
   EXPECT_EQ(aura.EnemyHealth(), 8);
@@ -156,7 +147,7 @@ TEST(DeathField, EnemiesPassUnhurt) {
 
 TEST(DeathField, StayingAndLeavingOnlyPass) {
   Aura aura;
-  ContactInfo contact = aura.Contact("player", "DeathField");
+  ContactInfo contact = aura.stage.Between("player", "DeathField");
   aura.It().OnCollisionStay(&contact);
   EXPECT_TRUE(contact.ignored);
   contact.ignored = false;
@@ -169,7 +160,7 @@ TEST(DeathField, SwitchedOffObjectsOnlyPass) {
   for (const char* off : {"player", "DeathField"}) {
     Aura aura;
     aura.stage.Find(off)->active = false;
-    ContactInfo contact = aura.Contact("player", "DeathField");
+    ContactInfo contact = aura.stage.Between("player", "DeathField");
     aura.It().OnCollisionEnter(&contact);
     EXPECT_TRUE(contact.ignored) << off;
     EXPECT_EQ(aura.PlayerHealth(), 8) << off;
@@ -180,7 +171,7 @@ TEST(DeathField, AUnitThatStaysInItIsWoundedOnce) {
   UnitParts parts;
   parts.without = {"unit_damaged", "Weapon0Projectile", "Weapon1Projectile"};
   const std::string field = Record("DeathField", {{"Transform", TransformAt(110, 50, 1, 40)},
-                                                  {"ColliderHolder", kCircle},
+                                                  {"ColliderHolder", HolderOf("Circle")},
                                                   {"DeathField", R"({"m_damage": 3})"}});
   UnitStage stage({field, UnitRecord(UnitKind::kPlayer, "player", parts)}, false);
   const Vector3D before = stage.Of<Transform>("player").m_local_pos;
@@ -200,7 +191,7 @@ TEST(DeathField, ABossWithoutAPlaceIsNotFollowed) {
 TEST(DeathField, HealthStaysWithinItsRange) {
   Aura aura;
   aura.PlayerHealth() = std::numeric_limits<int>::min();
-  ContactInfo contact = aura.Contact("player", "DeathField");
+  ContactInfo contact = aura.stage.Between("player", "DeathField");
   aura.It().OnCollisionEnter(&contact);
   EXPECT_EQ(aura.PlayerHealth(), std::numeric_limits<int>::min());
 }

@@ -15,13 +15,17 @@
 #include "game/shots/projectilepush.h"
 #include "objects/statec.h"
 #include "render/components/animation.h"
+#include "support/kinds.h"
 #include "support/reports.h"
 #include "support/unitrecords.h"
 
 namespace ZOVEngine {
 namespace {
 
+using carapace_test::Components;
 using carapace_test::KeysOf;
+using carapace_test::KindsOf;
+using carapace_test::NamesOfClasses;
 using carapace_test::OutputOf;
 using carapace_test::ReadRecord;
 using carapace_test::Record;
@@ -30,8 +34,6 @@ using carapace_test::ShotRecord;
 using carapace_test::SpriteRecord;
 using carapace_test::UnitStage;
 using ::testing::ElementsAre;
-
-using Components = std::vector<std::pair<std::string, std::string>>;
 
 const Components kSheets = {{"StateC", R"({"m_state": "default"})"}, {"Animation", "{}"}};
 
@@ -48,9 +50,7 @@ class Crate {
   EnvironmentDestructible& It() { return stage.Of<EnvironmentDestructible>("crate"); }
   std::string& Loop() { return stage.Of<Animation>("crate").m_loop; }
   void Hit(const std::string& a, const std::string& b) {
-    ContactInfo contact;
-    contact.objectA = stage.Find(a)->id;
-    contact.objectB = stage.Find(b)->id;
+    ContactInfo contact = stage.Between(a, b);
     It().OnCollisionEnter(&contact);
     EXPECT_FALSE(contact.ignored);
   }
@@ -73,9 +73,7 @@ class Crate {
         {"EnvironmentDestructible", R"({"m_health": )" + std::to_string(health) + "}"}};
     components.insert(components.end(), more.begin(), more.end());
     std::vector<std::string> children = {Record("crate", components, {SpriteRecord("splinter")})};
-    for (const char* kind :
-         {"ProjectileDefault", "ProjectilePierce", "ProjectilePush", "ProjectileBounce",
-          "ProjectileSwap", "ProjectileVacuum", "ProjectileExplosion"}) {
+    for (const std::string& kind : NamesOfClasses(KindsOf<Shot>())) {
       children.push_back(ShotRecord(kind, kind));
     }
     return children;

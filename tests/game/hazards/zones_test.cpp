@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include <string>
-#include <type_traits>
 #include <vector>
 
 #include "core/contactinfo.h"
@@ -14,6 +13,7 @@
 #include "objects/statec.h"
 #include "physics/components/rigidbody.h"
 #include "physics/components/transform.h"
+#include "support/kinds.h"
 #include "support/reports.h"
 #include "support/unitrecords.h"
 
@@ -21,7 +21,9 @@ namespace ZOVEngine {
 namespace {
 
 using carapace_test::BodyRecord;
+using carapace_test::Components;
 using carapace_test::KeysOf;
+using carapace_test::KindsOf;
 using carapace_test::OutputOf;
 using carapace_test::ReadRecord;
 using carapace_test::Record;
@@ -34,26 +36,31 @@ using carapace_test::UnitRecord;
 using carapace_test::UnitStage;
 using ::testing::IsEmpty;
 
-/// The two zones that share one pattern.
+/// What is peculiar to a zone. A zone without one does not link.
+struct Nature {
+  const char* status;
+  const char* first_state;  ///< of its StateC after the first step; "default" before
+};
+template <class T>
+Nature NatureOf();
+template <>
+Nature NatureOf<EnvironmentDamage>() {
+  return {"damaged", "loop"};
+}
+template <>
+Nature NatureOf<EnvironmentRough>() {
+  return {"slowed", "default"};
+}
+
+/// What all zones that give units a status have in common.
 template <class T>
 class Zones : public ::testing::Test {
  protected:
-  static const char* Name() {
-    return std::is_same_v<T, EnvironmentDamage> ? "EnvironmentDamage" : "EnvironmentRough";
-  }
-  static const char* Status() {
-    return std::is_same_v<T, EnvironmentDamage> ? "damaged" : "slowed";
-  }
-  static std::string ZoneRecord(const std::vector<std::pair<std::string, std::string>>& more = {}) {
-    std::vector<std::pair<std::string, std::string>> components = {{Name(), "{}"}};
+  static const char* Status() { return NatureOf<T>().status; }
+  static std::string ZoneRecord(const Components& more = {}) {
+    Components components = {{ClassName<T>(), "{}"}};
     components.insert(components.end(), more.begin(), more.end());
     return Record("zone", components, {SpriteRecord("mist")});
-  }
-  static ContactInfo Contact(const UnitStage& stage, const std::string& a, const std::string& b) {
-    ContactInfo contact;
-    contact.objectA = stage.Find(a)->id;
-    contact.objectB = stage.Find(b)->id;
-    return contact;
   }
 
   UnitStage stage{{ZoneRecord({{"StateC", R"({"m_state": "default"})"}}),
@@ -68,12 +75,11 @@ class Zones : public ::testing::Test {
 struct ZoneNames {
   template <class T>
   static std::string GetName(int) {
-    return std::is_same_v<T, EnvironmentDamage> ? "Damage" : "Rough";
+    return ClassName<T>();
   }
 };
 
-using Kinds = ::testing::Types<EnvironmentDamage, EnvironmentRough>;
-TYPED_TEST_SUITE(Zones, Kinds, ZoneNames);
+TYPED_TEST_SUITE(Zones, KindsOf<StatusZone>, ZoneNames);
 
 TYPED_TEST(Zones, HaveNoKeys) {
   TypeParam fresh(nullptr);
@@ -95,15 +101,14 @@ TYPED_TEST(Zones, TheFirstStepSwitchesTheZoneOnWithItsChildren) {
 
 TYPED_TEST(Zones, OnlyTheDamagingZoneIsAnimatedFromTheStart) {
   this->zone.Update(kStep);
-  EXPECT_EQ(this->stage.template Of<StateC>("zone").m_state,
-            (std::is_same_v<TypeParam, EnvironmentDamage>) ? "loop" : "default");
+  EXPECT_EQ(this->stage.template Of<StateC>("zone").m_state, NatureOf<TypeParam>().first_state);
 }
 
 TYPED_TEST(Zones, EnteringMarksUnitsOfBothKindsAndLetsTheContactBe) {
   for (const bool zone_first : {true, false}) {
     for (const char* unit : {"player", "enemy"}) {
       ContactInfo contact =
-          this->Contact(this->stage, zone_first ? "zone" : unit, zone_first ? unit : "zone");
+          this->stage.Between(zone_first ? "zone" : unit, zone_first ? unit : "zone");
       this->zone.OnCollisionEnter(&contact);
       EXPECT_FALSE(contact.ignored);
     }
@@ -115,7 +120,7 @@ TYPED_TEST(Zones, EnteringMarksUnitsOfBothKindsAndLetsTheContactBe) {
 
 TYPED_TEST(Zones, StayingKeepsTheStatusAgainstOthersAndPasses) {
   this->player = "other";
-  ContactInfo contact = this->Contact(this->stage, "player", "zone");
+  ContactInfo contact = this->stage.Between("player", "zone");
   this->zone.OnCollisionStay(&contact);
   EXPECT_EQ(this->player, this->Status());
   EXPECT_TRUE(contact.ignored);
@@ -123,7 +128,7 @@ TYPED_TEST(Zones, StayingKeepsTheStatusAgainstOthersAndPasses) {
 
 TYPED_TEST(Zones, LeavingGivesTheDefaultStatusBack) {
   this->enemy = "other";
-  ContactInfo contact = this->Contact(this->stage, "zone", "enemy");
+  ContactInfo contact = this->stage.Between("zone", "enemy");
   this->zone.OnCollisionExit(&contact);
   EXPECT_EQ(this->enemy, "default");
   EXPECT_TRUE(contact.ignored);
@@ -133,7 +138,7 @@ TYPED_TEST(Zones, SwitchedOffObjectsPassWithoutAMark) {
   for (const char* off : {"player", "zone"}) {
     this->player = "other";
     this->stage.Find(off)->active = false;
-    ContactInfo contact = this->Contact(this->stage, "player", "zone");
+    ContactInfo contact = this->stage.Between("player", "zone");
     this->zone.OnCollisionEnter(&contact);
     EXPECT_FALSE(contact.ignored);
     this->zone.OnCollisionStay(&contact);
@@ -147,14 +152,14 @@ TYPED_TEST(Zones, SwitchedOffObjectsPassWithoutAMark) {
 }
 
 TYPED_TEST(Zones, AThingThatIsNoUnitOnlyPasses) {
-  ContactInfo contact = this->Contact(this->stage, "thing", "zone");
+  ContactInfo contact = this->stage.Between("thing", "zone");
   this->zone.OnCollisionEnter(&contact);
   this->zone.OnCollisionStay(&contact);
   EXPECT_TRUE(contact.ignored);
 }
 
 TYPED_TEST(Zones, AContactOfAUnitWithSomethingElseMarksNobody) {
-  ContactInfo contact = this->Contact(this->stage, "player", "enemy");
+  ContactInfo contact = this->stage.Between("player", "enemy");
   this->zone.OnCollisionEnter(&contact);
   EXPECT_EQ(this->player, "default");
   EXPECT_EQ(this->enemy, "default");
@@ -222,9 +227,7 @@ TEST(ZonesInALevel, LeavingOneOfTwoZonesClearsTheStatusUntilTheOtherSetsItAgain)
     if (seen.empty() || seen.back() != walk.Status()) seen.push_back(walk.Status());
   }
   EXPECT_EQ(walk.Status(), "damaged");
-  ContactInfo exit;
-  exit.objectA = walk.stage.Find("left")->id;
-  exit.objectB = walk.stage.Find("walker")->id;
+  ContactInfo exit = walk.stage.Between("left", "walker");
   walk.stage.Of<EnvironmentRough>("left").OnCollisionExit(&exit);
   EXPECT_EQ(walk.Status(), "default") << "though it stands in the other";
   walk.stage.world.Step();

@@ -67,7 +67,7 @@ TEST(ProjectileDefault, AUnitIsWoundedFlashesAndEndsTheShotWithTheSoundOfAHit) {
     ProjectileDefault& shot = Awake(stage);
     shot.m_damage = 7;
     EXPECT_FALSE(stage.Enter(shot, "unit", "shot").ignored) << "the push is felt";
-    EXPECT_EQ(FindUnit(stage.Find("unit"))->m_health, -2) << "below zero";
+    EXPECT_EQ(stage.Health("unit"), -2) << "below zero";
     EXPECT_TRUE(stage.IsWhite("unit"));
     EXPECT_EQ(stage.Shake(), 3.0f);
     EXPECT_TRUE(stage.AsksFor("shot", "default_hit.ogg"));

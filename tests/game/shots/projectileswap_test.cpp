@@ -52,7 +52,7 @@ TEST_F(SwappingShot, TheUnitOnTurnTradesPlacesWithAUnit) {
     EXPECT_EQ(PlaceOf(name), ours);
     EXPECT_EQ(LastPlaceOf(name), ours);
     EXPECT_FALSE(stage.shot->active);
-    EXPECT_EQ(FindUnit(stage.Find(name))->m_health, 5);
+    EXPECT_EQ(stage.Health(name), 5);
     EXPECT_FALSE(stage.IsWhite(name));
   }
 }

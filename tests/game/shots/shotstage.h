@@ -115,15 +115,10 @@ class ShotStage : public Stage {
   T& PartOf(const std::string& child) const {
     return ChildOf<T>("shot", child);
   }
-  ZOVEngine::ContactInfo Between(const std::string& a, const std::string& b) const {
-    ZOVEngine::ContactInfo contact;
-    contact.objectA = Find(a)->id;
-    contact.objectB = Find(b)->id;
-    return contact;
-  }
   bool AsksFor(const std::string& name, const std::string& sound) const {
     return carapace_test::AsksFor(Find(name), sound);
   }
+  int& Health(const std::string& name) const { return ZOVEngine::FindUnit(Find(name))->m_health; }
   /// The forces that wait for a body.
   std::size_t ForcesOn(const std::string& name) const {
     return Of<ZOVEngine::RigidBody>(name).m_forces.size();

@@ -20,6 +20,7 @@
 #include "render/components/font.h"
 #include "render/components/particlesystemc.h"
 #include "render/components/render.h"
+#include "support/kinds.h"
 #include "support/reports.h"
 #include "support/unitrecords.h"
 
@@ -28,6 +29,8 @@ namespace {
 
 using carapace_test::AsksFor;
 using carapace_test::ExpectNear;
+using carapace_test::KindsOf;
+using carapace_test::NamesOfClasses;
 using carapace_test::OutputOf;
 using carapace_test::Record;
 using carapace_test::SpriteRecord;
@@ -175,14 +178,12 @@ TEST(Player, EitherBarrelMakesAMuzzle) {
 }
 
 TEST(Player, EveryKindOfShotIsFired) {
-  for (const char* kind :
-       {"ProjectileDefault", "ProjectilePush", "ProjectileSwap", "ProjectileBounce",
-        "ProjectileExplosion", "ProjectileVacuum", "ProjectilePierce"}) {
+  for (const std::string& kind : NamesOfClasses(KindsOf<Shot>())) {
     Driven unit({.weapons = {kind, ""}});
     unit.Unit().Fire(Vector3D(100, 150, 1));
     EXPECT_TRUE(unit.Shot(0)->active) << kind;
     ExpectNear(unit.LaunchOf(0).direction, 0.0f, 1.0f);
-    EXPECT_EQ(unit.Unit().m_pierce_pending, std::string(kind) == "ProjectilePierce") << kind;
+    EXPECT_EQ(unit.Unit().m_pierce_pending, kind == "ProjectilePierce") << kind;
   }
 }
 

@@ -11,8 +11,6 @@
 #include <type_traits>
 
 #include "core/base/random.h"
-#include "game/shots/projectilebounce.h"
-#include "game/shots/projectileswap.h"
 #include "game/turns/gamecontroller.h"
 #include "game/units/enemy.h"
 #include "game/units/player.h"
@@ -253,13 +251,8 @@ TYPED_TEST(BothUnits, TheLabelNamesTheWeaponInHand) {
     const char* texture;
     float width;
   };
-  for (const Case& c : {Case{"ProjectileBounce", "WeaponFloat_Bounce", 3.104f},
-                        Case{"ProjectileDefault", "WeaponFloat_Basic", 2.32f},
-                        Case{"ProjectileExplosion", "WeaponFloat_Explosion", 3.813f},
-                        Case{"ProjectilePierce", "WeaponFloat_Pierce", 3.104f},
-                        Case{"ProjectilePush", "WeaponFloat_Push", 2.32f},
-                        Case{"ProjectileSwap", "WeaponFloat_Swap", 2.32f},
-                        Case{"ProjectileVacuum", "WeaponFloat_Vacuum", 3.104f}}) {
+  for (const Case& c : {Case{"ProjectileDefault", "WeaponFloat_Basic", 2.32f},
+                        Case{"ProjectileExplosion", "WeaponFloat_Explosion", 3.813f}}) {
     for (const bool first : {true, false}) {
       this->stage.reset();
       UnitParts parts;
@@ -276,11 +269,23 @@ TYPED_TEST(BothUnits, TheLabelNamesTheWeaponInHand) {
   }
 }
 
-TYPED_TEST(BothUnits, OfSeveralShotsInOneWeaponTheLastOfTheListNamesIt) {
-  this->Make({.weapons = {"ProjectileSwap", ""}});
-  this->Child("Weapon0Projectile")->template AddComponent<ProjectileBounce>();
-  this->Unit().ShowWeaponLabel();
-  EXPECT_EQ(this->Unit().m_weapon_label_tex, "WeaponFloat_Swap");
+/// Of several shots in one weapon the last by class name names it, in whatever order it has them.
+TYPED_TEST(BothUnits, OfSeveralShotsInOneWeaponTheLastByNameNamesIt) {
+  const std::vector<std::string> names = {
+      "ProjectileBounce", "ProjectileDefault", "ProjectileExplosion", "ProjectilePierce",
+      "ProjectilePush",   "ProjectileSwap",    "ProjectileVacuum"};
+  const std::vector<std::string> labels = {"Bounce", "Basic", "Explosion", "Pierce",
+                                           "Push",   "Swap",  "Vacuum"};
+  for (std::size_t i = 1; i < names.size(); ++i) {
+    for (const bool last_first : {true, false}) {
+      this->stage.reset();
+      this->Make({.without = {"Weapon0Projectile"},
+                  .more = {Record("Weapon0Projectile", {{names[last_first ? i : i - 1], "{}"},
+                                                        {names[last_first ? i - 1 : i], "{}"}})}});
+      this->Unit().ShowWeaponLabel();
+      EXPECT_EQ(this->Unit().m_weapon_label_tex, "WeaponFloat_" + labels[i]);
+    }
+  }
 }
 
 TYPED_TEST(BothUnits, WithoutAWeaponTheLabelKeepsItsText) {

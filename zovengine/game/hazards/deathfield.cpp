@@ -1,6 +1,7 @@
 #include "game/hazards/deathfield.h"
 
 #include "game/contactsides.h"
+#include "game/objectquery.h"
 #include "game/units/player.h"
 #include "objects/fields.h"
 #include "physics/components/transform.h"
@@ -8,7 +9,7 @@
 namespace ZOVEngine {
 namespace {
 
-constexpr float kTurnPerStep = 0.3f;  ///< (unit: degrees)
+constexpr float kFieldTurnPerStep = 0.3f;  ///< (unit: degrees)
 
 }  // namespace
 
@@ -32,7 +33,7 @@ void DeathField::Update(float) {
     if (const auto* place = FindComponent<Transform>(boss))
       transform->m_local_pos = place->m_world_pos;
   }
-  transform->m_local_rotate += kTurnPerStep;
+  transform->m_local_rotate += kFieldTurnPerStep;
 }
 
 void DeathField::OnCollisionEnter(ContactInfo* contact) {
@@ -42,17 +43,9 @@ void DeathField::OnCollisionEnter(ContactInfo* contact) {
   for (GameObj* side : {sides.a, sides.b}) {
     auto* player = FindComponent<Player>(side);
     if (player == nullptr) continue;
-    player->m_health = AfterDamage(player->m_health, m_damage);
+    player->LoseHealth(m_damage);
     return;
   }
-}
-
-void DeathField::OnCollisionStay(ContactInfo* contact) {
-  contact->ignored = true;
-}
-
-void DeathField::OnCollisionExit(ContactInfo* contact) {
-  contact->ignored = true;
 }
 
 }  // namespace ZOVEngine

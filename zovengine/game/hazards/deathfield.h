@@ -1,23 +1,21 @@
 #pragma once
 
-#include "objects/logiccomponent.h"
+#include "game/hazards/passablehazard.h"
 
 namespace ZOVEngine {
 
 /// The boss's aura: follows the boss and wounds a player unit each time that it enters. Everything
 /// passes through it.
-class DeathField final : public QuietComponent {
-  RTTR_ENABLE(QuietComponent)
+class DeathField final : public PassableHazard {
+  RTTR_ENABLE(PassableHazard)
 
  public:
-  using QuietComponent::QuietComponent;
+  using PassableHazard::PassableHazard;
 
   ZOV_DECLARE_FIELDS()
   void Init() override;
   void Update(float dt) override;
   void OnCollisionEnter(ContactInfo* contact) override;
-  void OnCollisionStay(ContactInfo* contact) override;
-  void OnCollisionExit(ContactInfo* contact) override;
 
   int m_damage = 10;
 };

@@ -1,33 +1,24 @@
 #include "game/hazards/environmentblackhole.h"
 
-#include "core/engine.h"
-#include "core/messages.h"
 #include "game/camera.h"
 #include "game/contactsides.h"
-#include "game/shots/projectile.h"
-#include "jsonunserializer.h"
-#include "objects/reflection.h"
-#include "physics/components/colliderholder.h"
+#include "game/objectquery.h"
+#include "game/radialforce.h"
+#include "game/units/unit.h"
+#include "objects/fields.h"
 #include "physics/components/transform.h"
 #include "render/components/animation.h"
 #include "render/components/particle.h"
 #include "render/components/particlesystemc.h"
 #include "render/components/render.h"
 
-RTTR_REGISTRATION {
-  using ZOVEngine::EnvironmentBlackhole;
-  ZOVEngine::ComponentRegistration<EnvironmentBlackhole>("EnvironmentBlackhole")
-      .Field("m_suction_force", &EnvironmentBlackhole::m_suction_force, "float", "Suction Force")
-      .Field("m_suction_range", &EnvironmentBlackhole::m_suction_range, "float", "Suction Range");
-}
-
 namespace ZOVEngine {
 namespace {
 
-constexpr float kTurnPerStep = 0.5f;  ///< (unit: degrees)
+constexpr float kHoleTurnPerStep = 0.5f;  ///< (unit: degrees)
 
-/// What is not drawn: pictures, units and barriers.
-bool IsLeftAlone(GameObj* object) {
+/// Objects that the hole does not pull: particles, cameras, units and barriers.
+bool ResistsPull(GameObj* object) {
   if (object->HasComponent<Particle>() || object->HasComponent<Camera>() || IsUnit(*object)) {
     return true;
   }
@@ -37,15 +28,12 @@ bool IsLeftAlone(GameObj* object) {
 
 }  // namespace
 
-void EnvironmentBlackhole::Unserialize(const Value& value) {
-  ReadValue(value, "m_suction_force", &m_suction_force);
-  ReadValue(value, "m_suction_range", &m_suction_range);
+template <class Visitor>
+void EnvironmentBlackhole::Fields(Visitor& visit) {
+  visit("m_suction_force", &EnvironmentBlackhole::m_suction_force, "Suction Force");
+  visit("m_suction_range", &EnvironmentBlackhole::m_suction_range, "Suction Range");
 }
-
-void EnvironmentBlackhole::Serialize(Writer& writer) {
-  WriteValue(writer, "m_suction_force", m_suction_force);
-  WriteValue(writer, "m_suction_range", m_suction_range);
-}
+ZOV_COMPONENT_FIELDS(EnvironmentBlackhole)
 
 void EnvironmentBlackhole::Init() {
   m_init = true;
@@ -62,12 +50,12 @@ void EnvironmentBlackhole::Init() {
 void EnvironmentBlackhole::Update(float) {
   if (!m_init) Init();
   if (!m_active) return;
-  m_owner->GetComponent<Transform>()->m_local_rotate += kTurnPerStep;
+  m_owner->GetComponent<Transform>()->m_local_rotate += kHoleTurnPerStep;
   for (const RigidBody* body : m_bodies->Components()) Pull(body);
 }
 
 void EnvironmentBlackhole::Pull(const RigidBody* body) const {
-  if (IsLeftAlone(body->m_owner)) return;
+  if (ResistsPull(body->m_owner)) return;
   if (DistanceBetween(m_owner, body->m_owner) > m_suction_range) return;
   ApplyRadialForce(m_owner, body, -m_suction_force);
 }
@@ -75,8 +63,7 @@ void EnvironmentBlackhole::Pull(const RigidBody* body) const {
 void EnvironmentBlackhole::OnCollisionEnter(ContactInfo* contact) {
   const ContactSides sides(*contact);
   if (!sides.BothActive()) return;
-  GameObj* caught = sides.PartnerOf<EnvironmentBlackhole>(
-      [](const GameObj* object) { return IsCarriable(*object); });
+  GameObj* caught = sides.PartnerOf(&typeid(EnvironmentBlackhole), IsMovable);
   if (caught == nullptr) return;
   if (Unit* unit = FindUnit(caught)) {
     unit->m_health = 0;

@@ -10,18 +10,15 @@ namespace ZOVEngine {
 
 /// A hole that draws loose bodies in and ends what touches it: units lose all health, everything
 /// else is switched off. Units are not drawn.
-class EnvironmentBlackhole final : public LogicComponent {
-  RTTR_ENABLE(LogicComponent)
+class EnvironmentBlackhole final : public QuietComponent {
+  RTTR_ENABLE(QuietComponent)
 
  public:
-  using LogicComponent::LogicComponent;
+  using QuietComponent::QuietComponent;
 
-  void Unserialize(const Value& value) override;
-  void Serialize(Writer& writer) override;
+  ZOV_DECLARE_FIELDS()
   void Init() override;
   void Update(float dt) override;
-  void Destroy() override {}
-  void OnMessage(Message*) override {}
   void OnCollisionEnter(ContactInfo* contact) override;
 
   float m_suction_force = 10.0f;   ///< the pull is this times 100, at all distances

@@ -1,26 +1,19 @@
 #pragma once
 
-#include "objects/logiccomponent.h"
+#include "game/hazards/statuszone.h"
 
 namespace ZOVEngine {
 
-/// A zone that wounds units that stand in it at each of their turns. Units and shots pass through
-/// it; a unit that touches it has the status "damaged" until it leaves.
-class EnvironmentDamage final : public LogicComponent {
-  RTTR_ENABLE(LogicComponent)
+/// A zone that wounds units that stand in it at each of their turns.
+class EnvironmentDamage final : public StatusZone {
+  RTTR_ENABLE(StatusZone)
 
  public:
-  using LogicComponent::LogicComponent;
+  using StatusZone::StatusZone;
 
-  void Unserialize(const Value&) override {}
-  void Serialize(Writer&) override {}
+  /// Switches the zone and its animation on.
   void Init() override;
-  void Update(float dt) override;
-  void Destroy() override {}
-  void OnMessage(Message*) override {}
-  void OnCollisionEnter(ContactInfo* contact) override;
-  void OnCollisionStay(ContactInfo* contact) override;
-  void OnCollisionExit(ContactInfo* contact) override;
+  const char* Status() const override { return "damaged"; }
 };
 
 }  // namespace ZOVEngine

@@ -1,43 +1,21 @@
 #include "game/hazards/environmentdestructible.h"
 
+#include "game/componentkinds.h"
 #include "game/contactsides.h"
+#include "game/objectquery.h"
 #include "game/shots/projectilebounce.h"
-#include "game/shots/projectiledefault.h"
-#include "game/shots/projectilepierce.h"
-#include "game/shots/projectilepush.h"
-#include "jsonunserializer.h"
-#include "objects/reflection.h"
+#include "game/units/unit.h"
+#include "objects/fields.h"
 #include "objects/statec.h"
 #include "render/components/animation.h"
 
-RTTR_REGISTRATION {
-  using ZOVEngine::EnvironmentDestructible;
-  ZOVEngine::ComponentRegistration<EnvironmentDestructible>("EnvironmentDestructible")
-      .Field("m_health", &EnvironmentDestructible::m_health, "int", "Health");
-}
-
 namespace ZOVEngine {
-namespace {
 
-/// Takes the damage of the shots of one kind, on either side of a contact, off `health`.
-template <class Shot>
-void TakeDamage(const ContactSides& sides, int* health) {
-  for (GameObj* side : {sides.a, sides.b}) {
-    if (const auto* shot = FindComponent<Shot>(side)) {
-      *health = AfterDamage(*health, shot->m_damage);
-    }
-  }
+template <class Visitor>
+void EnvironmentDestructible::Fields(Visitor& visit) {
+  visit("m_health", &EnvironmentDestructible::m_health, "Health");
 }
-
-}  // namespace
-
-void EnvironmentDestructible::Unserialize(const Value& value) {
-  ReadValue(value, "m_health", &m_health);
-}
-
-void EnvironmentDestructible::Serialize(Writer& writer) {
-  WriteValue(writer, "m_health", m_health);
-}
+ZOV_COMPONENT_FIELDS(EnvironmentDestructible)
 
 void EnvironmentDestructible::Init() {
   m_init = true;
@@ -64,17 +42,22 @@ void EnvironmentDestructible::Update(float) {
 void EnvironmentDestructible::OnCollisionEnter(ContactInfo* contact) {
   const ContactSides sides(*contact);
   if (!sides.BothActive()) return;
-  GameObj* bouncer = sides.PartnerOf<EnvironmentDestructible>(
-      [](const GameObj* object) { return object->HasComponent<ProjectileBounce>(); });
-  if (bouncer != nullptr) {
+  const auto bounces = [](const GameObj& object) {
+    return object.HasComponent<ProjectileBounce>();
+  };
+  if (GameObj* bouncer = sides.PartnerOf(&typeid(EnvironmentDestructible), bounces)) {
     const int damage = bouncer->GetComponent<ProjectileBounce>()->m_curr_damage;
     if (damage == 0) return;
     // One less: the shot has raised its damage on this contact already if it was told first.
-    m_health = AfterDamage(m_health, std::int64_t{damage} - 1);
+    LoseHealth(std::int64_t{damage} - 1);
   }
-  TakeDamage<ProjectileDefault>(sides, &m_health);
-  TakeDamage<ProjectilePierce>(sides, &m_health);
-  TakeDamage<ProjectilePush>(sides, &m_health);
+  for (GameObj* side : {sides.a, sides.b}) {
+    ForEachKind<Shot>(side, [this](const Shot* shot) { LoseHealth(shot->Wear()); });
+  }
+}
+
+void EnvironmentDestructible::LoseHealth(std::int64_t damage) {
+  m_health = AfterDamage(m_health, damage);
 }
 
 }  // namespace ZOVEngine

@@ -1,24 +1,26 @@
 #pragma once
 
+#include <cstdint>
+
 #include "objects/logiccomponent.h"
 
 namespace ZOVEngine {
 
 /// A thing that shots wear down: whole, cracked from the first damage on, and gone for good when no
 /// health is left.
-class EnvironmentDestructible final : public LogicComponent {
-  RTTR_ENABLE(LogicComponent)
+class EnvironmentDestructible final : public QuietComponent {
+  RTTR_ENABLE(QuietComponent)
 
  public:
-  using LogicComponent::LogicComponent;
+  using QuietComponent::QuietComponent;
 
-  void Unserialize(const Value& value) override;
-  void Serialize(Writer& writer) override;
+  ZOV_DECLARE_FIELDS()
   void Init() override;
   void Update(float dt) override;
-  void Destroy() override {}
-  void OnMessage(Message*) override {}
   void OnCollisionEnter(ContactInfo* contact) override;
+
+  /// Takes `damage` off the health, which may fall below 0 and stays within the range of an int.
+  void LoseHealth(std::int64_t damage);
 
   int m_health = 3;
   int m_initial_health = 3;

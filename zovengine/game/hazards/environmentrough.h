@@ -1,26 +1,17 @@
 #pragma once
 
-#include "objects/logiccomponent.h"
+#include "game/hazards/statuszone.h"
 
 namespace ZOVEngine {
 
-/// A zone that slows units that move in it. Units and shots pass through it; a unit that touches it
-/// has the status "slowed" until it leaves.
-class EnvironmentRough final : public LogicComponent {
-  RTTR_ENABLE(LogicComponent)
+/// A zone that slows units that move in it.
+class EnvironmentRough final : public StatusZone {
+  RTTR_ENABLE(StatusZone)
 
  public:
-  using LogicComponent::LogicComponent;
+  using StatusZone::StatusZone;
 
-  void Unserialize(const Value&) override {}
-  void Serialize(Writer&) override {}
-  void Init() override;
-  void Update(float dt) override;
-  void Destroy() override {}
-  void OnMessage(Message*) override {}
-  void OnCollisionEnter(ContactInfo* contact) override;
-  void OnCollisionStay(ContactInfo* contact) override;
-  void OnCollisionExit(ContactInfo* contact) override;
+  const char* Status() const override { return "slowed"; }
 };
 
 }  // namespace ZOVEngine

@@ -1,16 +1,9 @@
 #include "game/shots/projectiledefault.h"
 
-#include "game/shots/projectile.h"
+#include "game/contactsides.h"
 #include "game/shots/projectileexplosion.h"
-#include "objects/reflection.h"
-
-RTTR_REGISTRATION {
-  using ZOVEngine::ProjectileDefault;
-  ZOVEngine::ComponentRegistration<ProjectileDefault>("ProjectileDefault")
-      .Field("m_max_range", &ProjectileDefault::m_max_range, "float", "Max Range")
-      .Field("m_speed", &ProjectileDefault::m_speed, "float", "Speed")
-      .Field("m_damage", &ProjectileDefault::m_damage, "int", "Damage");
-}
+#include "game/shots/shoteffects.h"
+#include "objects/fields.h"
 
 namespace ZOVEngine {
 namespace {
@@ -19,41 +12,26 @@ constexpr float kBossMuzzle = 100.0f;  ///< so far the shot spares its boss (uni
 
 }  // namespace
 
-void ProjectileDefault::Unserialize(const Value& value) {
-  ReadWoundingShot(value, this);
-}
-
-void ProjectileDefault::Serialize(Writer& writer) {
-  WriteWoundingShot(writer, *this);
-}
-
-void ProjectileDefault::Init() {
-  BindLitShot(this);
-}
-
-void ProjectileDefault::Fire(const Vector3D& position, const Vector3D& direction) {
-  FireShot(this, position, direction);
-}
+ZOV_COMPONENT_INSPECTED(ProjectileDefault)
 
 void ProjectileDefault::Update(float dt) {
   if (!m_init) Init();
   FadeLight(m_owner, m_base_light);
   if (!m_active) return;
-  TurnTo(m_owner, FlightAngle(m_owner));
-  FlyUntilLevelEnd(this, dt);
+  PointAhead();
+  FlyUntilLevelEnd(dt);
 }
 
-void ProjectileDefault::OnCollisionEnter(ContactInfo* contact) {
-  const ContactSides sides(*contact);
-  if (IgnoreIfPassable(sides, contact)) return;
-  if (sides.EitherHas<ProjectileExplosion>() || sides.BothHave<ProjectileDefault>() ||
-      (m_curr_range < kBossMuzzle && IsBossAtOwnMuzzle(m_owner, sides))) {
-    contact->ignored = true;
-    return;
-  }
+bool ProjectileDefault::PassesThrough(const ContactSides& sides) const {
+  return Shot::PassesThrough(sides) || sides.EitherHas<ProjectileExplosion>() ||
+         sides.BothHave<ProjectileDefault>() ||
+         (m_curr_range < kBossMuzzle && TouchesOwnBoss(sides));
+}
+
+void ProjectileDefault::Hit(const ContactSides& sides, ContactInfo*) {
   FlashLight(m_owner, m_base_light);
   EmitFeedback(m_owner);
-  if (GameObj* unit = HitUnit<ProjectileDefault>(sides)) HitAndEnd(m_owner, unit, m_damage);
+  if (Unit* unit = HitUnit(sides)) EndAtUnit(unit, m_damage);
   PlayBounceSound(m_owner, "bullet_bounce.ogg");
   ShowBurst(m_owner);
 }

@@ -1,30 +1,24 @@
 #include "game/shots/projectileexplosion.h"
 
 #include "game/camera.h"
-#include "game/shots/projectile.h"
+#include "game/contactsides.h"
+#include "game/objectquery.h"
+#include "game/radialforce.h"
 #include "game/shots/projectiledefault.h"
-#include "jsonunserializer.h"
-#include "objects/reflection.h"
+#include "game/shots/shoteffects.h"
+#include "game/units/unit.h"
+#include "objects/fields.h"
 #include "physics/components/transform.h"
 #include "render/components/particle.h"
 #include "render/components/particlesystemc.h"
-
-RTTR_REGISTRATION {
-  using ZOVEngine::ProjectileExplosion;
-  ZOVEngine::ComponentRegistration<ProjectileExplosion>("ProjectileExplosion")
-      .Field("m_max_range", &ProjectileExplosion::m_max_range, "float", "Max Range")
-      .Field("m_speed", &ProjectileExplosion::m_speed, "float", "Speed")
-      .Field("m_damage", &ProjectileExplosion::m_damage, "int", "Damage")
-      .Field("m_aoe", &ProjectileExplosion::m_aoe, "float", "")
-      .Field("m_knockback", &ProjectileExplosion::m_knockback, "float", "Knockback");
-}
 
 namespace ZOVEngine {
 namespace {
 
 constexpr float kTrailOffset = -2.1f;  ///< of the trail, along the flight (unit: world units)
 
-/// What a blast leaves alone: pictures, and the shots that pass through an exploding one.
+/// Objects that a blast leaves alone: particles, cameras, and the shots that pass through an
+/// exploding one.
 bool IsSpared(const GameObj& object) {
   return object.HasComponent<Particle>() || object.HasComponent<Camera>() ||
          object.HasComponent<ProjectileDefault>() || object.HasComponent<ProjectileExplosion>();
@@ -32,42 +26,32 @@ bool IsSpared(const GameObj& object) {
 
 }  // namespace
 
-void ProjectileExplosion::Unserialize(const Value& value) {
-  ReadWoundingShot(value, this);
-  ReadValue(value, "m_aoe", &m_aoe);
-  ReadValue(value, "m_knockback", &m_knockback);
+template <class Visitor>
+void ProjectileExplosion::Fields(Visitor& visit) {
+  AreaShot::Fields(visit);
+  visit("m_knockback", &ProjectileExplosion::m_knockback);
 }
-
-void ProjectileExplosion::Serialize(Writer& writer) {
-  WriteWoundingShot(writer, *this);
-  WriteValue(writer, "m_aoe", m_aoe);
-  WriteValue(writer, "m_knockback", m_knockback);
+template <class Visitor>
+void ProjectileExplosion::Inspected(Visitor& visit) {
+  AreaShot::Inspected(visit);
+  visit("m_knockback", &ProjectileExplosion::m_knockback, "Knockback");
 }
-
-void ProjectileExplosion::Init() {
-  FetchTables();
-  BindShot(this);
-}
+ZOV_COMPONENT_FIELDS(ProjectileExplosion)
 
 void ProjectileExplosion::FetchTables() {
-  m_bodies = FetchTable<RigidBody>();
+  AreaShot::FetchTables();
   m_destructibles = FetchTable<EnvironmentDestructible>();
-}
-
-void ProjectileExplosion::Fire(const Vector3D& position, const Vector3D& direction) {
-  FireShot(this, position, direction);
 }
 
 void ProjectileExplosion::Update(float dt) {
   if (!m_init) Init();
   if (!m_active) return;
-  const float angle = FlightAngle(m_owner);
-  TurnTo(m_owner, angle);
+  const float angle = PointAhead();
   PlaceTrail(m_owner->GetComponent<RigidBody>()->m_vel.Normalized() * kTrailOffset);
   ForEachChildWith<ParticleSystemC>(m_owner, kTrail, [angle](const ParticleSystemC* trail) {
     TurnTo(trail->m_owner, angle - 90.0f);
   });
-  if (!FlyOn(this, dt)) PlaceTrail(Vector3D());
+  if (!FlyOn(dt)) PlaceTrail(Vector3D());
 }
 
 void ProjectileExplosion::PlaceTrail(const Vector3D& place) {
@@ -76,34 +60,30 @@ void ProjectileExplosion::PlaceTrail(const Vector3D& place) {
   });
 }
 
-void ProjectileExplosion::OnCollisionEnter(ContactInfo* contact) {
-  const ContactSides sides(*contact);
-  if (IgnoreIfPassable(sides, contact)) return;
-  if (sides.EitherHas<ProjectileDefault>() || sides.BothHave<ProjectileExplosion>() ||
-      IsBossAtOwnMuzzle(m_owner, sides)) {
-    contact->ignored = true;
-    return;
-  }
-  // In a pause contacts reach a shot that was never stepped.
-  if (m_bodies == nullptr) FetchTables();
+bool ProjectileExplosion::PassesThrough(const ContactSides& sides) const {
+  return Shot::PassesThrough(sides) || sides.EitherHas<ProjectileDefault>() ||
+         sides.BothHave<ProjectileExplosion>() || TouchesOwnBoss(sides);
+}
+
+void ProjectileExplosion::Hit(const ContactSides&, ContactInfo*) {
+  RequireTables();
   ShakeCamera(m_owner, kBigShake);
   EmitFeedback(m_owner);
   for (EnvironmentDestructible* thing : m_destructibles->Components()) Crack(thing);
   for (RigidBody* body : m_bodies->Components()) Blast(body);
-  EndWithBang(m_owner);
+  EndWithBang();
   PlaceTrail(Vector3D());
 }
 
 void ProjectileExplosion::Crack(EnvironmentDestructible* destructible) const {
-  if (DistanceBetween(m_owner, destructible->m_owner) > m_aoe) return;
-  destructible->m_health = AfterDamage(destructible->m_health, m_damage);
+  if (Reaches(destructible->m_owner)) destructible->LoseHealth(m_damage);
 }
 
 void ProjectileExplosion::Blast(RigidBody* body) const {
   GameObj* object = body->m_owner;
-  if (IsSpared(*object) || DistanceBetween(m_owner, object) > m_aoe) return;
+  if (IsSpared(*object) || !Reaches(object)) return;
   ApplyRadialForce(m_owner, body, m_knockback);
-  if (IsUnit(*object)) Wound(object, m_damage);
+  if (Unit* unit = FindUnit(object)) unit->TakeHit(m_damage);
 }
 
 }  // namespace ZOVEngine

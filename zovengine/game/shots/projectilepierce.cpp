@@ -1,18 +1,13 @@
 #include "game/shots/projectilepierce.h"
 
-#include "game/hazards/environmentdamage.h"
-#include "game/hazards/environmentrough.h"
-#include "game/shots/projectile.h"
+#include "game/componentkinds.h"
+#include "game/contactsides.h"
+#include "game/hazards/statuszone.h"
+#include "game/objectquery.h"
+#include "game/shots/shoteffects.h"
 #include "game/turns/gamecontroller.h"
-#include "objects/reflection.h"
-
-RTTR_REGISTRATION {
-  using ZOVEngine::ProjectilePierce;
-  ZOVEngine::ComponentRegistration<ProjectilePierce>("ProjectilePierce")
-      .Field("m_max_range", &ProjectilePierce::m_max_range, "float", "Max Range")
-      .Field("m_speed", &ProjectilePierce::m_speed, "float", "Speed")
-      .Field("m_damage", &ProjectilePierce::m_damage, "int", "Damage");
-}
+#include "game/units/unit.h"
+#include "objects/fields.h"
 
 namespace ZOVEngine {
 namespace {
@@ -30,44 +25,24 @@ bool AreAllPlayersDead(GameObj* shot) {
 
 }  // namespace
 
-void ProjectilePierce::Unserialize(const Value& value) {
-  ReadWoundingShot(value, this);
-}
-
-void ProjectilePierce::Serialize(Writer& writer) {
-  WriteWoundingShot(writer, *this);
-}
-
-void ProjectilePierce::Init() {
-  BindLitShot(this);
-}
-
-void ProjectilePierce::Fire(const Vector3D& position, const Vector3D& direction) {
-  FireShot(this, position, direction);
-}
+ZOV_COMPONENT_INSPECTED(ProjectilePierce)
 
 void ProjectilePierce::Update(float dt) {
   if (!m_init) Init();
   if (IsShooterDead(m_owner)) {
-    EndShot(this);
+    End();
     return;
   }
   FadeLight(m_owner, m_base_light);
   if (!m_active) return;
-  TurnTo(m_owner, FlightAngle(m_owner));
-  FlyUntilLevelEnd(this, dt);
+  PointAhead();
+  FlyUntilLevelEnd(dt);
 }
 
-void ProjectilePierce::OnCollisionEnter(ContactInfo* contact) {
-  const ContactSides sides(*contact);
-  if (IgnoreIfPassable(sides, contact)) return;
+void ProjectilePierce::Hit(const ContactSides& sides, ContactInfo* contact) {
   FlashLight(m_owner, m_base_light);
-  if (GameObj* unit = HitUnit<ProjectilePierce>(sides)) {
-    WoundAndShake(m_owner, unit, m_damage);
-    contact->ignored = true;
-    EmitFeedback(m_owner);
-    if (!IsHitHeard(m_owner)) PlayHitSound(m_owner);
-    if (AreAllPlayersDead(m_owner)) m_owner->SetActive(false);
+  if (Unit* unit = HitUnit(sides)) {
+    GoThrough(unit, contact);
     return;
   }
   m_owner->SetActive(false);
@@ -75,13 +50,20 @@ void ProjectilePierce::OnCollisionEnter(ContactInfo* contact) {
   ShowBurst(m_owner);
 }
 
+void ProjectilePierce::GoThrough(Unit* unit, ContactInfo* contact) {
+  unit->TakeHit(m_damage);
+  ShakeCamera(m_owner, kSmallShake);
+  contact->ignored = true;
+  EmitFeedback(m_owner);
+  if (!IsHitHeard(m_owner)) PlayHitSound(m_owner);
+  if (AreAllPlayersDead(m_owner)) m_owner->SetActive(false);
+}
+
 /// Stay comes before Enter and before the impulse: the shot is not slowed where it enters a unit.
 void ProjectilePierce::OnCollisionStay(ContactInfo* contact) {
   const ContactSides sides(*contact);
-  if (sides.EitherHas<EnvironmentRough>() || sides.EitherHas<EnvironmentDamage>() ||
-      !sides.BothActive() || HitUnit<ProjectilePierce>(sides) != nullptr) {
-    contact->ignored = true;
-  }
+  const bool zone = HasKind<StatusZone>(*sides.a) || HasKind<StatusZone>(*sides.b);
+  if (zone || !sides.BothActive() || HitUnit(sides) != nullptr) contact->ignored = true;
 }
 
 }  // namespace ZOVEngine

@@ -1,18 +1,12 @@
 #include "game/shots/projectileswap.h"
 
-#include "game/shots/projectile.h"
+#include "game/contactsides.h"
+#include "game/objectquery.h"
+#include "game/shots/shoteffects.h"
 #include "game/turns/gamecontroller.h"
-#include "objects/reflection.h"
-#include "physics/components/colliderholder.h"
-#include "physics/components/rigidbody.h"
+#include "game/units/unit.h"
+#include "objects/fields.h"
 #include "physics/components/transform.h"
-
-RTTR_REGISTRATION {
-  using ZOVEngine::ProjectileSwap;
-  ZOVEngine::ComponentRegistration<ProjectileSwap>("ProjectileSwap")
-      .Field("m_max_range", &ProjectileSwap::m_max_range, "float", "Max Range")
-      .Field("m_speed", &ProjectileSwap::m_speed, "float", "Speed");
-}
 
 namespace ZOVEngine {
 namespace {
@@ -36,40 +30,25 @@ void TradePlaces(GameObj* target, GameObj* selected) {
 
 }  // namespace
 
-void ProjectileSwap::Unserialize(const Value& value) {
-  ReadFlight(value, this);
-}
-
-void ProjectileSwap::Serialize(Writer& writer) {
-  WriteFlight(writer, *this);
-}
-
-void ProjectileSwap::Init() {
-  BindLitShot(this);
-}
-
-void ProjectileSwap::Fire(const Vector3D& position, const Vector3D& direction) {
-  FireShot(this, position, direction);
-}
+ZOV_COMPONENT_INSPECTED(ProjectileSwap)
 
 void ProjectileSwap::Update(float dt) {
   if (!m_init) Init();
   FadeLight(m_owner, m_base_light);
   if (!m_active) return;
-  Spin(m_owner);
-  TurnTrail(m_owner, FlightAngle(m_owner));
-  FlyOn(this, dt);
+  Spin();
+  TurnTrail(m_owner, FlightAngle());
+  FlyOn(dt);
 }
 
-void ProjectileSwap::OnCollisionEnter(ContactInfo* contact) {
-  const ContactSides sides(*contact);
-  if (IgnoreIfPassable(sides, contact)) return;
+void ProjectileSwap::Hit(const ContactSides& sides, ContactInfo* contact) {
   FlashLight(m_owner, m_base_light);
   PlaySound(m_owner, "bullet_bounce.ogg");
   EmitFeedback(m_owner);
   ShowBurst(m_owner);
-  GameObj* target = sides.PartnerOf<ProjectileSwap>(
-      [this](const GameObj* object) { return object != m_owner && IsCarriable(*object); });
+  GameObj* target = sides.PartnerOf(&typeid(*this), [this](const GameObj& object) {
+    return &object != m_owner && IsMovable(object);
+  });
   if (target == nullptr) return;
   contact->ignored = true;
   const GameController* controller = FindController(m_owner);

@@ -1,35 +1,23 @@
 #pragma once
 
-#include "core/base/vector3d.h"
-#include "objects/logiccomponent.h"
+#include "game/shots/shot.h"
 
 namespace ZOVEngine {
 
 /// A shot that has the unit whose turn it is trade places with what it hits: a unit, or anything
 /// else that can be moved. It passes into its target without a push; at walls it rebounds until its
 /// range is out.
-class ProjectileSwap final : public LogicComponent {
-  RTTR_ENABLE(LogicComponent)
+class ProjectileSwap final : public Shot {
+  RTTR_ENABLE(Shot)
 
  public:
-  using LogicComponent::LogicComponent;
+  using Shot::Shot;
 
-  void Unserialize(const Value& value) override;
-  void Serialize(Writer& writer) override;
-  void Init() override;
   void Update(float dt) override;
-  void Destroy() override {}
-  void OnMessage(Message*) override {}
-  void OnCollisionEnter(ContactInfo* contact) override;
+  WeaponLabel Label() const override { return {"WeaponFloat_Swap", 2.32f}; }
 
-  /// Wakes the shot at `position` (unit: world units) and sends it off along `direction`, whose
-  /// length counts.
-  void Fire(const Vector3D& position, const Vector3D& direction);
-
-  float m_max_range = 2000.0f;  ///< ends the flight (unit: world units)
-  float m_curr_range = 0.0f;    ///< flown so far (unit: world units)
-  float m_speed = 1000.0f;      ///< of the launch (unit: world units per second)
-  float m_base_light = 0.0f;    ///< strength of the Light at rest
+ private:
+  void Hit(const ContactSides& sides, ContactInfo* contact) override;
 };
 
 }  // namespace ZOVEngine

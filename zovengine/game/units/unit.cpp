@@ -5,14 +5,9 @@
 
 #include "audio/audiosource.h"
 #include "core/base/random.h"
+#include "game/componentkinds.h"
 #include "game/objectquery.h"
-#include "game/shots/projectilebounce.h"
-#include "game/shots/projectiledefault.h"
-#include "game/shots/projectileexplosion.h"
-#include "game/shots/projectilepierce.h"
-#include "game/shots/projectilepush.h"
-#include "game/shots/projectileswap.h"
-#include "game/shots/projectilevacuum.h"
+#include "game/shots/shot.h"
 #include "game/turns/gamecontroller.h"
 #include "game/units/enemy.h"
 #include "game/units/player.h"
@@ -263,26 +258,15 @@ GameObj* Unit::HeldShot() const {
                          m_selected_first_weapon ? "Weapon0Projectile" : "Weapon1Projectile");
 }
 
-namespace {
-
-template <class Shot>
-void FireIfPresent(GameObj* object, const Vector3D& muzzle, const Vector3D& direction) {
-  if (auto* shot = FindComponent<Shot>(object)) shot->Fire(muzzle, direction);
-}
-
-}  // namespace
-
+/// Of several shots in one object the last launches it: each begins by dropping the forces that
+/// wait.
 void Unit::FireHeldWeapon(const Vector3D& muzzle, const Vector3D& direction) {
-  GameObj* shot = HeldShot();
-  if (shot == nullptr) return;
-  FireIfPresent<ProjectileDefault>(shot, muzzle, direction);
-  FireIfPresent<ProjectilePush>(shot, muzzle, direction);
-  FireIfPresent<ProjectileSwap>(shot, muzzle, direction);
-  FireIfPresent<ProjectileBounce>(shot, muzzle, direction);
-  FireIfPresent<ProjectileExplosion>(shot, muzzle, direction);
-  FireIfPresent<ProjectileVacuum>(shot, muzzle, direction);
-  FireIfPresent<ProjectilePierce>(shot, muzzle, direction);
-  if (shot->HasComponent<ProjectilePierce>()) m_pierce_pending = true;
+  GameObj* held = HeldShot();
+  if (held == nullptr) return;
+  ForEachKind<Shot>(held, [&](Shot* shot) {
+    shot->Fire(muzzle, direction);
+    if (shot->HasLateMuzzleEffect()) m_pierce_pending = true;
+  });
 }
 
 GameObj* Unit::FirstBarrel() const {
@@ -306,40 +290,28 @@ void Unit::PlayOnce(const char* name) {
 
 namespace {
 
-/// The label of a kind of weapon: texture and size in the unit's scale.
-struct WeaponLabel {
-  bool (*is_carried)(const GameObj& shot);
-  const char* texture;
-  float width;
-};
-
-template <class Shot>
-bool Carries(const GameObj& shot) {
-  return shot.HasComponent<Shot>();
+const std::string& KindName(const Shot& shot) {
+  return g_game_obj_factory->TypeName(&typeid(shot));
 }
 
-constexpr float kLabelHeight = 1.104f;
-/// Of several kinds in one shot the last counts.
-constexpr WeaponLabel kWeaponLabels[] = {
-    {Carries<ProjectileBounce>, "WeaponFloat_Bounce", 3.104f},
-    {Carries<ProjectileDefault>, "WeaponFloat_Basic", 2.32f},
-    {Carries<ProjectileExplosion>, "WeaponFloat_Explosion", 3.813f},
-    {Carries<ProjectilePierce>, "WeaponFloat_Pierce", 3.104f},
-    {Carries<ProjectilePush>, "WeaponFloat_Push", 2.32f},
-    {Carries<ProjectileSwap>, "WeaponFloat_Swap", 2.32f},
-    {Carries<ProjectileVacuum>, "WeaponFloat_Vacuum", 3.104f},
-};
+/// The shot in `held` that names the weapon: of several the last by class name. Null without one.
+const Shot* FindNamingShot(GameObj* held) {
+  const Shot* naming = nullptr;
+  ForEachKind<Shot>(held, [&naming](const Shot* shot) {
+    if (naming == nullptr || KindName(*naming) < KindName(*shot)) naming = shot;
+  });
+  return naming;
+}
 
 }  // namespace
 
 void Unit::ShowWeaponLabel() {
   m_show_weapon_label = true;
-  if (const GameObj* shot = HeldShot()) {
-    for (const WeaponLabel& label : kWeaponLabels) {
-      if (!label.is_carried(*shot)) continue;
-      m_weapon_label_tex = label.texture;
-      m_weapon_label_size = {label.width, kLabelHeight};
-    }
+  GameObj* held = HeldShot();
+  if (const Shot* shot = held != nullptr ? FindNamingShot(held) : nullptr) {
+    const WeaponLabel label = shot->Label();
+    m_weapon_label_tex = label.texture;
+    m_weapon_label_size = {label.width, label.height};
   }
   ForEachChildWith<Render>(m_owner, kLabelName, [this](Render* label) {
     label->m_owner->SetActive(true);

@@ -1,4 +1,4 @@
-#include "game/shots/projectile.h"
+#include "game/shots/shot.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -13,14 +13,15 @@
 #include "game/shots/projectileswap.h"
 #include "game/shots/projectilevacuum.h"
 #include "game/shots/shotstage.h"
-#include "physics/components/colliderholder.h"
+#include "support/kinds.h"
 
 namespace ZOVEngine {
 namespace {
 
-using carapace_test::Components;
 using carapace_test::KeysOf;
+using carapace_test::KindsOf;
 using carapace_test::kLively;
+using carapace_test::NamesOfClasses;
 using carapace_test::OutputOf;
 using carapace_test::ReadRecord;
 using carapace_test::Record;
@@ -35,9 +36,10 @@ using carapace_test::UnitClass;
 using carapace_test::UnitKind;
 using ::testing::ElementsAreArray;
 
-/// What is peculiar to a kind of shot.
+/// What is peculiar to a kind of shot. A kind without one does not link.
 struct Nature {
   const char* name;
+  WeaponLabel label;
   std::vector<std::string> keys;
   std::vector<std::pair<const char*, const char*>> inspected;
   float max_range = 2000.0f;
@@ -49,6 +51,7 @@ struct Nature {
   bool spares_boss = false;  ///< at the muzzle
   bool passes_own_kind = false;
   bool spins = false;
+  bool late_muzzle = false;
 };
 
 const std::vector<std::string> kWoundingKeys = {"m_max_range", "m_curr_range", "m_damage",
@@ -61,6 +64,7 @@ Nature NatureOf();
 template <>
 Nature NatureOf<ProjectileDefault>() {
   return {.name = "ProjectileDefault",
+          .label = {"WeaponFloat_Basic", 2.32f},
           .keys = kWoundingKeys,
           .inspected = kWoundingFields,
           .rebounds = true,
@@ -72,6 +76,7 @@ Nature NatureOf<ProjectileDefault>() {
 template <>
 Nature NatureOf<ProjectilePush>() {
   return {.name = "ProjectilePush",
+          .label = {"WeaponFloat_Push", 2.32f},
           .keys = kWoundingKeys,
           .inspected = kWoundingFields,
           .crack_before = 1};
@@ -79,14 +84,17 @@ Nature NatureOf<ProjectilePush>() {
 template <>
 Nature NatureOf<ProjectilePierce>() {
   return {.name = "ProjectilePierce",
+          .label = {"WeaponFloat_Pierce", 3.104f},
           .keys = kWoundingKeys,
           .inspected = kWoundingFields,
           .ends_at_unit = false,
-          .crack_before = 1};
+          .crack_before = 1,
+          .late_muzzle = true};
 }
 template <>
 Nature NatureOf<ProjectileBounce>() {
   return {.name = "ProjectileBounce",
+          .label = {"WeaponFloat_Bounce", 3.104f},
           .keys = {"m_max_range", "m_curr_range", "m_speed", "m_min_damage", "m_max_damage"},
           .inspected = {{"m_max_range", "Max Range"},
                         {"m_speed", "Speed"},
@@ -99,6 +107,7 @@ Nature NatureOf<ProjectileBounce>() {
 template <>
 Nature NatureOf<ProjectileSwap>() {
   return {.name = "ProjectileSwap",
+          .label = {"WeaponFloat_Swap", 2.32f},
           .keys = {"m_max_range", "m_curr_range", "m_speed"},
           .inspected = {{"m_max_range", "Max Range"}, {"m_speed", "Speed"}},
           .rebounds = true,
@@ -108,6 +117,7 @@ Nature NatureOf<ProjectileSwap>() {
 template <>
 Nature NatureOf<ProjectileExplosion>() {
   return {.name = "ProjectileExplosion",
+          .label = {"WeaponFloat_Explosion", 3.813f},
           .keys = {"m_max_range", "m_curr_range", "m_damage", "m_speed", "m_aoe", "m_knockback"},
           .inspected = {{"m_max_range", "Max Range"},
                         {"m_speed", "Speed"},
@@ -123,6 +133,7 @@ template <>
 Nature NatureOf<ProjectileVacuum>() {
   return {
       .name = "ProjectileVacuum",
+      .label = {"WeaponFloat_Vacuum", 3.104f},
       .keys = {"m_max_range", "m_curr_range", "m_damage", "m_speed", "m_aoe", "m_suction_force"},
       .inspected = {{"m_max_range", "Max Range"},
                     {"m_speed", "Speed"},
@@ -153,9 +164,7 @@ class EveryShot : public ::testing::Test {
   const Nature nature = NatureOf<Shot>();
 };
 
-using Kinds =
-    ::testing::Types<ProjectileDefault, ProjectilePush, ProjectilePierce, ProjectileBounce,
-                     ProjectileSwap, ProjectileExplosion, ProjectileVacuum>;
+using Kinds = KindsOf<Shot>;
 TYPED_TEST_SUITE(EveryShot, Kinds);
 
 // Data
@@ -246,6 +255,14 @@ TYPED_TEST(EveryShot, TheInspectorChangesTheFieldThatItNames) {
     EXPECT_NE(RecordOf(shot).find("\"" + std::string(field) + "\": 77"), std::string::npos)
         << field;
   }
+}
+
+TYPED_TEST(EveryShot, ItsLabelNamesIt) {
+  const TypeParam shot(nullptr);
+  EXPECT_STREQ(shot.Label().texture, this->nature.label.texture);
+  EXPECT_EQ(shot.Label().width, this->nature.label.width);
+  EXPECT_EQ(shot.Label().height, 1.104f);
+  EXPECT_EQ(shot.HasLateMuzzleEffect(), this->nature.late_muzzle);
 }
 
 // Sleep and flight
@@ -514,10 +531,9 @@ TYPED_TEST(EveryShot, AUnitTakesTheDamageOfADirectHit) {
       return !stage.shot->active || stage.IsWhite("unit") || this->RightEdge(stage) > 60.0f;
     }));
     EXPECT_EQ(stage.shot->active, !this->nature.ends_at_unit) << UnitClass(kind);
-    EXPECT_EQ(FindUnit(stage.Find("unit"))->m_health, 5 - this->nature.damage) << UnitClass(kind);
+    EXPECT_EQ(stage.Health("unit"), 5 - this->nature.damage) << UnitClass(kind);
     stage.world.Step(30);
-    EXPECT_EQ(FindUnit(stage.Find("unit"))->m_health, 5 - this->nature.damage)
-        << "once, for a " << UnitClass(kind);
+    EXPECT_EQ(stage.Health("unit"), 5 - this->nature.damage) << "once, for a " << UnitClass(kind);
   }
 }
 
@@ -585,9 +601,7 @@ TYPED_TEST(EveryShot, AShotOfEachKindInTheWayIsPassedHitOrSwapped) {
   const auto is_light = [](const std::string& kind) {
     return kind == "ProjectileDefault" || kind == "ProjectileExplosion";
   };
-  for (const char* other :
-       {"ProjectileDefault", "ProjectilePush", "ProjectilePierce", "ProjectileBounce",
-        "ProjectileSwap", "ProjectileExplosion", "ProjectileVacuum"}) {
+  for (const std::string& other : NamesOfClasses(Kinds())) {
     ShotStage stage(
         this->Parts({SolidUnitAt(UnitKind::kEnemy, "other", 300, 0, {ShotOf("second", other)})}));
     const bool passes = is_light(this->nature.name) && is_light(other);
@@ -610,74 +624,6 @@ TYPED_TEST(EveryShot, OnlyAPiercingShotDiesWithItsShooter) {
   stage.Of<Player>("shooter").m_health = 0;
   stage.world.Step(3);
   EXPECT_EQ(stage.shot->active, (!std::is_same_v<TypeParam, ProjectilePierce>));
-}
-
-// The pieces
-
-const Components kPlace = {{"Transform", TransformAt(0, 0)}};
-const Components kParticles = {{"Transform", TransformAt(0, 0)},
-                               {"ParticleSystemC", R"({"m_num_of_particles": 0})"}};
-
-/// A shot "bare" with these children only.
-GameObj* BareShot(ShotStage& stage, const std::vector<std::string>& children) {
-  OutputOf([&] {
-    stage.world.LoadObjects(
-        Record("bare", {{"Transform", TransformAt(0, 0)}, {"RigidBody", kLively}}, children));
-  });
-  return stage.Find("bare");
-}
-
-TEST(ShotPieces, FeedbackStartsEveryChildOfItsNameAndNothingElse) {
-  ShotStage stage({.kind = "ProjectileDefault"});
-  GameObj* bare = BareShot(
-      stage, {Record("bullet_feedback", kParticles, {Record("bullet_feedback", kParticles)}),
-              Record("bullet_feedback", kPlace), Record("bullet_feedback", kParticles),
-              Record("bullet_trail", kParticles)});
-  const auto part = [](GameObj* object) { return object->GetComponent<ParticleSystemC>(); };
-  ParticleSystemC* const started[] = {part(bare->children[0]), part(bare->children[2])};
-  ParticleSystemC* const others[] = {part(bare->children[0]->children[0]), part(bare->children[3])};
-  for (ParticleSystemC* sparks : {started[0], started[1], others[0], others[1]}) {
-    sparks->m_active = sparks->m_emitting = false;
-  }
-  EmitFeedback(bare);
-  for (const ParticleSystemC* sparks : started) EXPECT_TRUE(sparks->m_active && sparks->m_emitting);
-  for (const ParticleSystemC* sparks : others) EXPECT_FALSE(sparks->m_active || sparks->m_emitting);
-}
-
-TEST(ShotPieces, ABurstStartsEveryChildWithAnAnimationAndNothingElse) {
-  ShotStage stage({.kind = "ProjectileDefault"});
-  const Components picture = {{"Transform", TransformAt(0, 0)},
-                              {"Render", "{}"},
-                              {"iModel", "{}"},
-                              {"StateC", R"({"m_state": "default"})"}};
-  Components sprite = picture;
-  sprite.emplace_back("Animation", "{}");
-  GameObj* bare =
-      BareShot(stage, {Record("one", sprite, {Record("below", sprite)}), Record("two", sprite),
-                       Record("still", picture),
-                       Record("blank", {{"Transform", TransformAt(0, 0)}, {"Animation", "{}"}})});
-  const auto state = [](GameObj* object) { return object->GetComponent<StateC>()->m_state; };
-  ShowBurst(bare);
-  EXPECT_EQ(state(bare->children[0]), "once");
-  EXPECT_EQ(state(bare->children[1]), "once");
-  EXPECT_EQ(state(bare->children[2]), "default") << "it is not animated";
-  EXPECT_EQ(state(bare->children[0]->children[0]), "default") << "it is no child of the shot";
-}
-
-TEST(ShotPieces, ATrailWithoutParticlesIsLeftAlone) {
-  ShotStage stage({.kind = "ProjectileDefault"});
-  GameObj* bare =
-      BareShot(stage, {Record("bullet_trail", kPlace), Record("bullet_trail", kParticles)});
-  TurnTrail(bare, 30.0f);
-  EXPECT_EQ(bare->children[0]->GetComponent<Transform>()->m_local_rotate, 0.0f);
-  EXPECT_EQ(bare->children[1]->GetComponent<Transform>()->m_local_rotate, -60.0f);
-}
-
-TEST(ShotPieces, WithoutACameraNothingShakes) {
-  ShotStage stage({.kind = "ProjectileDefault", .with_controller = true});
-  stage.Of<GameController>("level").m_camera = nullptr;
-  ShakeCamera(stage.shot, kBigShake);
-  EXPECT_EQ(stage.Shake(), 0.0f);
 }
 
 }  // namespace
