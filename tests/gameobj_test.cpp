@@ -205,6 +205,24 @@ TEST_F(GameObjTest, ARecursiveMessageGoesDepthFirst) {
                           "grandchild OnMessage 6", "sibling OnMessage 6"));
 }
 
+TEST_F(GameObjTest, AMessageReachesWhatIsSwitchedOff) {
+  GameObj* root = Family();
+  root->SetActive(false);
+  KeyUp message(65);
+  root->SendToComponentsRecursive(&message);
+  EXPECT_THAT(ProbeLog(),
+              ElementsAre("root B OnMessage 6", "root A OnMessage 6", "child OnMessage 6",
+                          "grandchild OnMessage 6", "sibling OnMessage 6"));
+}
+
+TEST_F(GameObjTest, AMessageReachesTheChildrenOfAnObjectThatAloneIsOff) {
+  GameObj* root = Family();
+  root->active = false;
+  KeyUp message(65);
+  root->SendToComponentsRecursive(&message);
+  EXPECT_THAT(ProbeLog(), ::testing::SizeIs(5));
+}
+
 TEST_F(GameObjTest, AQueryWithoutAControllerComesBackAs0) {
   GameObj* root = Family();
   CurrGC query;
@@ -238,6 +256,14 @@ TEST_F(GameObjTest, ContactsAreDispatchedToTheLogicComponentsInListOrder) {
   EXPECT_THAT(ProbeLog(), ElementsAre("root B OnCollisionEnter", "root A OnCollisionEnter",
                                       "root B OnCollisionStay", "root A OnCollisionStay",
                                       "root B OnCollisionExit", "root A OnCollisionExit"));
+}
+
+TEST_F(GameObjTest, ContactsReachInactiveComponents) {
+  GameObj* root = Family();
+  root->SetActive(false);
+  ContactInfo contact;
+  root->DispatchCollisionEnter(&contact);
+  EXPECT_THAT(ProbeLog(), ElementsAre("root B OnCollisionEnter", "root A OnCollisionEnter"));
 }
 
 }  // namespace

@@ -39,6 +39,26 @@ class Unregistered final : public EmptyLogicComponent {
   using EmptyLogicComponent::EmptyLogicComponent;
 };
 
+/// Writes its end down: the name of its object, and of the object's parent if there is one.
+class Witness final : public GameComponentBase {
+  RTTR_ENABLE(GameComponentBase)
+
+ public:
+  using GameComponentBase::GameComponentBase;
+  Witness(const Witness&) = default;
+  Witness& operator=(const Witness&) = delete;
+  ~Witness() override {
+    std::string end = m_owner->name;
+    if (m_owner->parent != nullptr) end += " of " + m_owner->parent->name;
+    ends.push_back(end);
+  }
+
+  void Unserialize(const Value&) override {}
+  void Serialize(Writer&) override {}
+
+  inline static std::vector<std::string> ends;
+};
+
 class GameObjFactoryTest : public ::testing::Test {
  protected:
   GameObjFactoryTest() {
@@ -327,6 +347,12 @@ TEST_F(GameObjFactoryTest, AnInstanceIsALevelTreeWithoutAParent) {
             archetype->children[0]->GetComponent<CountedData>());
 }
 
+TEST_F(GameObjFactoryTest, AnInstanceWithoutChildrenIsOneObject) {
+  GameObj* clone = factory.Clone(ReadArchetype(Numbered(1)), true);
+  EXPECT_THAT(factory.m_objects, ElementsAre(clone));
+  EXPECT_THAT(clone->children, IsEmpty());
+}
+
 TEST_F(GameObjFactoryTest, ACloneOfALevelObjectCopiesItAsItIsNow) {
   world.LoadObjects(Numbered(1, {Numbered(2, {Numbered(3)})}));
   GameObj* source = world.Find("2");
@@ -358,6 +384,18 @@ TEST_F(GameObjFactoryTest, ClonesAreAsActiveAsTheArgumentSays) {
     EXPECT_EQ(clone->children[0]->GetComponent<ProbeA>()->m_active, active);
   }
   EXPECT_TRUE(factory.m_archetypeObjects.back()->active) << "the archetype stays as it is";
+}
+
+TEST_F(GameObjFactoryTest, TheChildrenOfACloneFollowTheArgumentAndNotTheirSource) {
+  world.LoadObjects(Numbered(1, {Numbered(2), Numbered(3)}));
+  GameObj* source = world.Find("1");
+  source->children[0]->SetActive(false);
+  const GameObj* on = factory.Clone(source, true);
+  EXPECT_TRUE(on->children[0]->active);
+  EXPECT_TRUE(on->children[0]->GetComponent<CountedData>()->m_active);
+  const GameObj* off = factory.Clone(source, false);
+  EXPECT_FALSE(off->children[1]->active);
+  EXPECT_FALSE(off->children[1]->GetComponent<CountedData>()->m_active);
 }
 
 TEST_F(GameObjFactoryTest, ACloneOfAnArchetypeIsNotInitialised) {
@@ -409,6 +447,17 @@ TEST_F(GameObjFactoryTest, DestroyTakesAllDescendants) {
   factory.Destroy(world.Find("2")->id);
   EXPECT_THAT(Names(), ::testing::UnorderedElementsAre("1", "7", "8"));
   ExpectConsistent();
+}
+
+TEST_F(GameObjFactoryTest, ChildrenAreDestroyedFirstToLastWithoutAParentAndBeforeTheirs) {
+  factory.RegisterComponents(TypeList<Witness>());
+  const auto witness = [](const std::string& name, const std::vector<std::string>& children = {}) {
+    return Record(name, {{"Witness", "{}"}}, children);
+  };
+  world.LoadObjects(witness("root", {witness("a", {witness("b"), witness("c")}), witness("d")}));
+  Witness::ends.clear();
+  factory.Destroy(world.Find("root")->id);
+  EXPECT_THAT(Witness::ends, ElementsAre("b", "c", "a", "d", "root"));
 }
 
 TEST_F(GameObjFactoryTest, AParentThatMovesWhileItsChildrenGoIsStillDestroyed) {
