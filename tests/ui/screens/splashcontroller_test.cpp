@@ -172,6 +172,17 @@ TEST(SplashController, ThePromptBlinksOnceASecond) {
   EXPECT_EQ(screen.Alpha("start"), 0.0f);
 }
 
+TEST(SplashController, ThePromptsTimeBeginsInTheStepThatEndsTheGameLogo) {
+  SplashScreen screen;
+  screen.Splash().m_first_done = screen.Splash().m_team_done = true;
+  screen.Alpha("game_logo") = 1.0f;
+  screen.Update(0.25f);
+  EXPECT_TRUE(screen.Splash().m_game_done);
+  EXPECT_EQ(screen.Splash().m_blink_timer, 0.25f);
+  screen.Update(1.0f);
+  EXPECT_EQ(screen.Alpha("start"), 1.0f);
+}
+
 TEST(SplashController, APromptOfAnotherAlphaDoesNotBlink) {
   SplashScreen screen;
   screen.Alpha("start") = 0.5f;
