@@ -287,6 +287,30 @@ TEST(ParticleBirth, AnArcOfZeroSendsAllAlongTheObjectsRotation) {
   }
 }
 
+/// The random numbers that one birth draws.
+int CountDraws(Fountain& fountain) {
+  fountain.Update(0.0f);
+  SeedRand(5);
+  fountain.System().ResetParticle(fountain.Nth(0));
+  const int next = Rand();
+  SeedRand(5);
+  int count = 0;
+  while (count < 100 && Rand() != next) ++count;
+  return count;
+}
+
+TEST(ParticleBirth, AnArcBelowOneDrawsNoAngle) {
+  Fountain fountain;
+  fountain.System().m_arc = 0.0f;
+  const int without = CountDraws(fountain);
+  for (const float arc : {0.5f, 0.75f, 0.999f, -0.75f}) {
+    fountain.System().m_arc = arc;
+    EXPECT_EQ(CountDraws(fountain), without) << arc;
+  }
+  fountain.System().m_arc = 1.0f;
+  EXPECT_EQ(CountDraws(fountain), without + 1) << "though it can only be 0";
+}
+
 TEST(ParticleBirth, TheArcIsRoundedAndItsSignIsLost) {
   Fountain fountain;
   fountain.System().m_arc = 2.5f;
@@ -322,14 +346,7 @@ TEST(ParticleBirth, AnEmitterOfOneDrawsARadiusAndASmallerOneDoesNot) {
   fountain.System().m_arc = 0.0f;
   const auto draws = [&](float scale) {
     fountain.Place().m_world_scale.x = scale;
-    fountain.Update(0.0f);
-    SeedRand(5);
-    fountain.System().ResetParticle(fountain.Nth(0));
-    const int next = Rand();
-    SeedRand(5);
-    int count = 0;
-    while (count < 100 && Rand() != next) ++count;
-    return count;
+    return CountDraws(fountain);
   };
   EXPECT_EQ(draws(0.99f), 14);
   EXPECT_EQ(draws(1.0f), 15);

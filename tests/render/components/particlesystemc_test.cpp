@@ -417,6 +417,17 @@ TEST(ParticleSystemC, ACycleEndsWhenItsDurationIsReachedAndALoopingSystemStartsA
   EXPECT_EQ(fountain.System().m_cycle_time, 0.25f);
 }
 
+TEST(ParticleSystemC, TheTimeBeyondTheEndOfACycleIsDropped) {
+  for (const bool looping : {true, false}) {
+    Fountain fountain;
+    fountain.System().m_duration = 1.0f;
+    fountain.System().m_looping = looping;
+    fountain.Update(1.75f);
+    EXPECT_EQ(fountain.System().m_cycle_time, 0.0f) << looping;
+    EXPECT_EQ(fountain.System().m_emitting, looping);
+  }
+}
+
 TEST(ParticleSystemC, ANonLoopingSystemStopsBirthsForGoodButItsParticlesRunOn) {
   Fountain fountain;
   ParticleSystemC& system = fountain.System();
