@@ -29,7 +29,7 @@ TEST(ParticleSystemC, ANewSystemHasItsDefaults) {
   const ParticleSystemC system(nullptr);
   EXPECT_FALSE(system.m_init);
   EXPECT_EQ(system.m_duration, 3.0f);
-  EXPECT_EQ(system.m_delay, 0.0f);
+  EXPECT_EQ(system.m_delay, 3.0f);
   EXPECT_EQ(system.m_max_distance, (Pair{0.0f, 0.0f}));
   EXPECT_EQ(system.m_lifetime_max, (Pair{1.0f, 3.0f}));
   EXPECT_TRUE(system.m_looping);

@@ -49,7 +49,7 @@ class ParticleSystemC final : public QuietComponent {
   void ResetParticle(Particle& particle);
 
   float m_duration = 3.0f;             ///< of a cycle of emission (unit: seconds)
-  float m_delay = 0.0f;                ///< passes through files only
+  float m_delay = 3.0f;                ///< passes through files only
   Pair m_max_distance = {0.0f, 0.0f};  ///< 0 means no limit (unit: world units)
   Pair m_lifetime_max = {1.0f, 3.0f};  ///< 0 means no limit (unit: seconds)
   bool m_looping = true;               ///< a new cycle follows each; else emission stops for good
