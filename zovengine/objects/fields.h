@@ -17,7 +17,8 @@ namespace ZOVEngine {
 // the inspector behind it if the inspector shows the field. `visit.Checked(key, &Class::member,
 // Check)` calls `Check(value)` with the value that was read, which ends in FailReading if it is not
 // allowed. Where files and inspector differ in names or order, the class has two lists: `Fields`
-// for files and `Inspected`, of the same form, for the inspector. Where a file is written in
+// for files and `Inspected`, of the same form, for the inspector; there, `visit.Hidden(name,
+// &Class::member)` makes a field known by its name without showing it. Where a file is written in
 // another order than it is read, a list `Written` gives that order; parts that both lists share are
 // functions of their own.
 
@@ -133,6 +134,10 @@ class FieldRegistrar {
   }
   template <class C, class M, class Check>
   void Checked(const char*, M C::*, Check) {}
+  template <class C, class M>
+  void Hidden(const char* key, M C::*member) {
+    m_registration->HiddenField(key, static_cast<M T::*>(member));
+  }
 
  private:
   ComponentRegistration<T>* m_registration;

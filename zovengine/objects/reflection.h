@@ -39,6 +39,13 @@ class ComponentRegistration {
     return *this;
   }
 
+  /// Adds a field that is reached by name and that the inspector does not show.
+  template <class Member>
+  ComponentRegistration& HiddenField(const char* name, Member member) {
+    m_class.property(name, member);
+    return *this;
+  }
+
   /// Adds a method that is reached by name.
   template <class Function>
   ComponentRegistration& Method(const char* name, Function function) {

@@ -53,14 +53,13 @@ void NumberUnits(const GameObj& root) {
 
 template <class Visitor>
 void GameController::Fields(Visitor& visit) {
-  visit("m_level_theme", &GameController::m_level_theme);
-  visit("m_level_map", &GameController::m_level_map);
+  visit("m_level_theme", &GameController::m_level_theme, "Level Theme");
+  visit("m_level_map", &GameController::m_level_map, "Level Map");
 }
 template <class Visitor>
 void GameController::Inspected(Visitor& visit) {
-  visit("m_level_theme", &GameController::m_level_theme, "Level Theme");
-  visit("m_level_map", &GameController::m_level_map, "Level Map");
-  visit("m_debug", &GameController::m_debug, "Debug");
+  Fields(visit);
+  visit.Hidden("m_debug", &GameController::m_debug);
 }
 ZOV_COMPONENT_FIELDS(GameController)
 
