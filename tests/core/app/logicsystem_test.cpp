@@ -3,12 +3,15 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <string>
+#include <vector>
 
 #include "core/base/profile.h"
 #include "core/engine.h"
 #include "game/camera.h"
 #include "game/turns/gamecontroller.h"
+#include "render/components/particlefountain.h"
 #include "support/reports.h"
 #include "support/world.h"
 #include "ui/screens/splashcontroller.h"
@@ -22,7 +25,7 @@ using carapace_test::Record;
 using carapace_test::ReportOf;
 using carapace_test::TransformAt;
 using carapace_test::World;
-using ::testing::AllOf;
+using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 
@@ -144,6 +147,59 @@ TEST(LogicSystem, TheElapsedTimeIsRecordedPausedOrNot) {
     EXPECT_TRUE(ProfileTable()["Logic"].isSystemTime);
     EXPECT_GE(ProfileTable()["Logic"].value, 0.0f);
   }
+}
+
+/// Asks a question at each birth of a particle, which is in the middle of the walk of the tables.
+class BirthWatch final : public System {
+  RTTR_ENABLE(System)
+
+ public:
+  explicit BirthWatch(std::function<bool()> question) : m_question(std::move(question)) {}
+
+  void Update(float) override {}
+  void Init() override {}
+  void SendMessage(Message* message) override {
+    if (message->id == kAddForceToObject) answers.push_back(m_question());
+  }
+
+  std::vector<bool> answers;
+
+ private:
+  std::function<bool()> m_question;
+};
+
+/// A system that the engine owns.
+BirthWatch& WatchBirths(std::function<bool()> question) {
+  auto* watch = new BirthWatch(std::move(question));
+  g_engine->systems.push_back(watch);
+  return *watch;
+}
+
+TEST(LogicSystem, TheElapsedTimeIsRecordedAfterAllComponents) {
+  carapace_test::Fountain fountain;
+  BirthWatch& watch = WatchBirths([] { return ProfileTable().count("Logic") != 0; });
+  for (const bool paused : {false, true}) {
+    g_engine->paused = paused;
+    ProfileTable().erase("Logic");
+    fountain.System().m_emit_accumulator = 1.5f;
+    watch.answers.clear();
+    fountain.scene.world.Step();
+    EXPECT_THAT(watch.answers, ElementsAre(false)) << paused;
+    EXPECT_EQ(ProfileTable().count("Logic"), 1u) << paused;
+  }
+}
+
+TEST(LogicSystem, APauseInitialisesTheControllerBeforeItWalksTheTables) {
+  carapace_test::Fountain fountain;
+  World& world = fountain.scene.world;
+  for (const auto& [path, text] : kEmptyLevel) world.Directory().Write(path, text);
+  world.LoadObjects(kGameController);
+  const GameController& controller = *world.Find("controller")->GetComponent<GameController>();
+  BirthWatch& watch = WatchBirths([&] { return controller.m_init; });
+  g_engine->paused = true;
+  fountain.System().m_emit_accumulator = 1.5f;
+  world.Step();
+  EXPECT_THAT(watch.answers, ElementsAre(true));
 }
 
 TEST(LogicSystemStart, TheStateToStartInIsEntered) {

@@ -122,6 +122,13 @@ TEST(WinMain, TheFactorysInitRegistersItsOwnTables) {
   EXPECT_EQ(g_component_tables->size(), 28u + 7u);
 }
 
+TEST(WinMain, TheStartClearsTheLevelPath) {
+  const CreatedEngine engine;
+  g_state_machine->m_levelPath = "left over";
+  InitSystems();
+  EXPECT_EQ(g_state_machine->m_levelPath, "");
+}
+
 TEST(WinMain, ABroadcastBeforeTheStatesAreMadeIsDropped) {
   const CreatedEngine engine;
   KeyUp message(65);
