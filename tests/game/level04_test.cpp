@@ -62,6 +62,14 @@ class Level04 : public ::testing::Test {
     }
   }
 
+  /// Skips turns until the boss is dead and two more rounds are over.
+  void ExpectRoundsGoOn() {
+    ASSERT_TRUE(SkipUntil([this] { return !Boss().m_alive; }));
+    const int round = Controller().m_round;
+    EXPECT_TRUE(SkipUntil([&] { return Controller().m_round == round + 2; }));
+    EXPECT_NE(Controller().m_state, TURN_LEVEL_END);
+  }
+
   LevelGame m_game{"Level04", kSeed};
   World& m_world = m_game.world;
   GameObj* m_boss = nullptr;
@@ -152,6 +160,25 @@ TEST_F(Level04, TheBossTakesFiveSecondsToDieAndVictoryComesAfterThem) {
   EXPECT_FALSE(Boss().m_alive);
   EXPECT_EQ(Controller().m_state, TURN_LEVEL_END);
   EXPECT_GE(m_world.mixer.CountPlays("Resources/Sound/BGM/victory.ogg"), 1);
+}
+
+TEST_F(Level04, WhenTheBossDiesInItsOwnTurnItsEscortsPlayOn) {
+  ASSERT_TRUE(
+      SkipUntil([this] { return Controller().m_round == 1 && Controller().m_selected == m_boss; }));
+  Boss().m_health = 0;
+  ExpectRoundsGoOn();
+}
+
+TEST_F(Level04, WhenTheBossDiesAtItsSelectionItsEscortsPlayOn) {
+  Boss().m_health = 1;
+  Boss().m_status = "damaged";
+  ExpectRoundsGoOn();
+}
+
+TEST_F(Level04, WhenTheBossDiesByTheLastShotOfTheRoundItsEscortsPlayOn) {
+  ASSERT_TRUE(SkipUntil([this] { return Controller().m_selected == Controller().m_players[2]; }));
+  Boss().m_health = 0;
+  ExpectRoundsGoOn();
 }
 
 TEST(Level04Games, AreWonAndLostByPlaying) {

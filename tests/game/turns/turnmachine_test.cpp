@@ -126,6 +126,18 @@ TEST(TurnMachine, AShotWaitsForTheChangeOfABoss) {
   EXPECT_EQ(level.State(), TURN_ENEMY_MOVE);
 }
 
+TEST(TurnMachine, AShotDoesNotWaitForTheChangeOfADeadBoss) {
+  const TurnWorld level({UnitAt(UnitKind::kEnemy, "e", 0, 0), UnitAt(UnitKind::kEnemy, "e2", 0, 0),
+                         UnitAt(UnitKind::kPlayer, "p", 0, 0)});
+  Enemy& boss = level.GetEnemy("e");
+  level.Controller().m_selected = level.Find("e");
+  boss.m_boss = boss.m_phase_change = true;
+  EXPECT_EQ(level.TurnFrom(TURN_ENEMY_SHOOT), "");
+  boss.m_alive = false;
+  EXPECT_EQ(level.Turn(), "Enemy Shoot\n");
+  EXPECT_EQ(level.State(), TURN_ENEMY_MOVE);
+}
+
 TEST(TurnMachine, AChangeHoldsUpNobodyButABoss) {
   const TurnWorld level;
   level.Controller().m_selected = level.Find("e");
@@ -529,6 +541,17 @@ TEST(TurnGates, ABossThatDiesHoldsTheTurn) {
   enemy.m_boss = true;
   EXPECT_EQ(level.TurnFrom(TURN_ENEMY_NEXT), "");
   level.Controller().m_selected = level.Find("p");
+  EXPECT_EQ(level.Turn(), "Enemy Turn Begin\n");
+}
+
+TEST(TurnGates, ADeadBossHoldsNothing) {
+  const TurnWorld level({UnitAt(UnitKind::kEnemy, "e", 0, 0), UnitAt(UnitKind::kEnemy, "e2", 0, 0),
+                         UnitAt(UnitKind::kPlayer, "p", 0, 0)});
+  Enemy& boss = level.GetEnemy("e");
+  level.Controller().m_selected = level.Find("e");
+  boss.m_boss = boss.m_dying = true;
+  EXPECT_EQ(level.TurnFrom(TURN_ENEMY_NEXT), "");
+  boss.m_alive = false;
   EXPECT_EQ(level.Turn(), "Enemy Turn Begin\n");
 }
 

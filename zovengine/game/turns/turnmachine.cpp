@@ -33,14 +33,16 @@ void TurnMachine::Step() {
   if (!IsHeldBack()) RunTurn();
 }
 
-/// The turn waits while the selected unit spawns, its ring closes in, or it is a boss that dies.
+/// The turn waits while the selected unit spawns, its ring closes in, or it is a boss that dies. A
+/// boss that is dead keeps `m_dying`, and holds nothing.
 bool TurnMachine::IsHeldBack() const {
   if (m_game.m_selected == nullptr) return false;
   const auto* state = FindComponent<StateC>(m_game.m_selected);
   const bool spawns =
       m_game.m_selected->HasComponent<UIElement>() && state && state->m_state == "spawn";
   const auto* enemy = FindComponent<Enemy>(m_game.m_selected);
-  return spawns || IsRingClosing(m_game) || (enemy != nullptr && enemy->m_boss && enemy->m_dying);
+  const bool dies = enemy != nullptr && enemy->m_boss && enemy->m_dying && enemy->m_alive;
+  return spawns || IsRingClosing(m_game) || dies;
 }
 
 void TurnMachine::RunTurn() {
@@ -100,9 +102,10 @@ void TurnMachine::EndEnemyTurn() {
   m_game.m_state = TURN_PLAYER_NEXT;
 }
 
+/// A boss that has died never ends its change of phase, so only a living one is waited for.
 void TurnMachine::EnemyShoot() {
   Enemy& enemy = *m_game.m_selected->GetComponent<Enemy>();
-  if (enemy.m_boss && enemy.m_phase_change && !enemy.m_phase_ready) return;
+  if (enemy.m_boss && enemy.m_alive && enemy.m_phase_change && !enemy.m_phase_ready) return;
   std::cout << "Enemy Shoot" << '\n';
   if (!enemy.m_fired) enemy.Fire();
   m_game.m_state = TURN_ENEMY_MOVE;
