@@ -424,6 +424,63 @@ TEST(Keys, OtherKeysDoNothing) {
   EXPECT_THAT(level.Sounds().sounds, IsEmpty());
 }
 
+TEST(Pause, TheMovementKeysNeitherPushNorCost) {
+  const TurnWorld level;
+  level.GiveControl("p");
+  g_engine->paused = true;
+  for (std::uint32_t direction = 0; direction < 4; ++direction) level.Push(direction);
+  EXPECT_THAT(level.GetBody("p").m_forces, IsEmpty());
+  EXPECT_EQ(level.GetPlayer("p").m_movement_curr, 2.0f);
+  EXPECT_FALSE(level.IsAskedFor("tank_move.ogg"));
+  g_engine->paused = false;
+  level.Push(0);
+  EXPECT_THAT(level.GetBody("p").m_forces, SizeIs(1));
+}
+
+TEST(Pause, HeldMovementKeysStoreNothingForItsEnd) {
+  TurnWorld level;
+  level.GiveControl("p");
+  level.Key(27);
+  level.world.native.Press('D');
+  OutputOf([&] { level.world.Step(60); });
+  level.world.native.Release('D');
+  OutputOf([&] { level.world.Step(2); });
+  level.Key(27);
+  OutputOf([&] { level.world.Step(2); });
+  EXPECT_EQ(level.GetPlayer("p").m_movement_curr, 2.0f);
+  EXPECT_EQ(TransformOf(level.Find("p")).m_local_pos.x, 300.0f);
+}
+
+TEST(Pause, FQAndRDoNothing) {
+  const TurnWorld level;
+  level.GiveControl("p");
+  level.GetPlayer("p").m_movement_curr = 1.0f;
+  level.GetBody("p").m_vel = Vector3D(1, 0, 0);
+  g_engine->paused = true;
+  for (const std::uint64_t key : {70u, 81u, 82u}) level.Key(key);
+  EXPECT_EQ(level.State(), TURN_PLAYER_MOVE);
+  EXPECT_FALSE(level.GetPlayer("p").m_acted);
+  EXPECT_TRUE(level.GetPlayer("p").m_selected_first_weapon);
+  EXPECT_EQ(level.GetPlayer("p").m_movement_curr, 1.0f);
+  EXPECT_EQ(level.GetBody("p").m_vel, Vector3D(1, 0, 0));
+  EXPECT_THAT(level.Sounds().sounds, IsEmpty());
+}
+
+TEST(Pause, TheOtherKeysActAsEver) {
+  const TurnWorld level;
+  g_engine->paused = true;
+  level.Key(66);
+  EXPECT_TRUE(level.Controller().m_debug);
+  level.Key(71);
+  EXPECT_EQ(level.GetPlayer("p").m_health, 100);
+  level.Key(72);
+  EXPECT_EQ(level.GetEnemy("e").m_health, 0);
+  level.Key(32);
+  EXPECT_TRUE(level.Controller().m_restart);
+  level.Key(27);
+  EXPECT_FALSE(g_engine->paused);
+}
+
 TEST(Keys, ALostFocusPauses) {
   const TurnWorld level;
   GameLoseFocus message;

@@ -76,6 +76,7 @@ void TurnInput::FireSelected() {
 void TurnInput::PushSelected(std::uint32_t direction) {
   if (m_game.m_selected == nullptr || m_game.m_state != TURN_PLAYER_MOVE || IsRingClosing(m_game))
     return;
+  if (g_engine->paused) return;
   if (direction >= kDirections.size()) return;
   Player& player = *m_game.m_selected->GetComponent<Player>();
   AddForceToObject push(m_game.m_selected->id, kDirections[direction], player.m_movement_mag,
@@ -96,14 +97,23 @@ void TurnInput::TakeKey(std::uint64_t key) {
     case kVkB:
       ToggleDebug();
       break;
-    case kVkF:
-      SkipUnit();
-      break;
     case kVkG:
       HealPlayers();
       break;
     case kVkH:
       KillEnemies();
+      break;
+    default:
+      TakeUnitKey(key);
+  }
+}
+
+/// The keys that act on the selected unit do nothing in a pause.
+void TurnInput::TakeUnitKey(std::uint64_t key) {
+  if (g_engine->paused) return;
+  switch (key) {
+    case kVkF:
+      SkipUnit();
       break;
     case kVkQ:
       SwitchWeapon();

@@ -26,6 +26,7 @@ class TurnInput {
   void FireSelected();
   void PushSelected(std::uint32_t direction);
   void TakeKey(std::uint64_t key);
+  void TakeUnitKey(std::uint64_t key);
   void ToggleScreen();
   void LoseFocus();
   void ToggleDebug();
