@@ -15,6 +15,7 @@
 #include "objects/statec.h"
 #include "render/components/font.h"
 #include "render/components/particle.h"
+#include "render/components/particlesystemc.h"
 #include "ui/screens/splashcontroller.h"
 
 namespace ZOVEngine {
@@ -346,6 +347,22 @@ TEST(GameController, InAPauseALevelIsStartedAndNotUpdated) {
   EXPECT_EQ(level.Count("tile_collider"), 1u);
   EXPECT_NE(level.Controller().m_camera, nullptr);
   EXPECT_FALSE(level.world.Find("view")->GetComponent<Camera>()->m_active);
+}
+
+TEST(GameController, InAPauseItStartsBeforeTheComponentsThatAPauseUpdates) {
+  Files files = PlainLevel({Record("dust", {{"Transform", PlacedAt(0, 0)},
+                                            {"Render", "{}"},
+                                            {"iModel", "{}"},
+                                            {"ParticleSystemC", "{}"}})},
+                           1, 1, 60);
+  files[kPlainUnits] = ObjectsFile({Root()});
+  World world(files);
+  g_current_level_path = kPlainLevel;
+  ChangeState(kDefaultState, "");
+  g_engine->paused = true;
+  world.Step();
+  ASSERT_NE(world.Find("dust"), nullptr) << "it came with the tiles";
+  EXPECT_TRUE(world.Find("dust")->GetComponent<ParticleSystemC>()->m_init);
 }
 
 // Leaving a level

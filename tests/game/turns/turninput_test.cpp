@@ -61,6 +61,24 @@ TEST(FiringClick, TheHeldButtonFiresOnce) {
   EXPECT_EQ(level.Click(), "");
 }
 
+TEST(FiringClick, ItFiresWhileOtherBodiesMove) {
+  const TurnWorld level;
+  level.GiveControl("p");
+  level.Disturb();
+  ASSERT_FALSE(level.Controller().AllBodiesAtRest());
+  EXPECT_EQ(level.Click(), "Player Shoot\n");
+  EXPECT_EQ(level.State(), TURN_PLAYER_NEXT);
+}
+
+TEST(FiringClick, ADeadUnitFiresUntilTheMachineTakesItsTurn) {
+  const TurnWorld level({UnitAt(UnitKind::kEnemy, "e", 0, 0), UnitAt(UnitKind::kPlayer, "p", 0, 0),
+                         UnitAt(UnitKind::kPlayer, "other", 0, 0)});
+  level.GiveControl("p");
+  level.GetPlayer("p").m_alive = false;
+  EXPECT_EQ(level.Click(), "Player Shoot\n");
+  EXPECT_TRUE(level.GetPlayer("p").m_acted);
+}
+
 TEST(FiringClick, OtherButtonsAndReleasesDoNotFire) {
   const TurnWorld level;
   level.GiveControl("p");
@@ -175,6 +193,16 @@ TEST(Movement, ItNeedsASelectedUnitInItsMove) {
   level.Controller().m_state = TURN_PLAYER_AIM;
   level.Push(0);
   EXPECT_THAT(level.GetBody("p").m_forces, IsEmpty());
+}
+
+TEST(Movement, ADeadUnitIsPushedUntilTheMachineTakesItsTurn) {
+  const TurnWorld level({UnitAt(UnitKind::kEnemy, "e", 0, 0), UnitAt(UnitKind::kPlayer, "p", 0, 0),
+                         UnitAt(UnitKind::kPlayer, "other", 0, 0)});
+  level.GiveControl("p");
+  level.GetPlayer("p").m_alive = false;
+  level.Push(0);
+  EXPECT_THAT(level.GetBody("p").m_forces, SizeIs(1));
+  EXPECT_EQ(level.GetPlayer("p").m_movement_curr, 2.0f - 0.016f);
 }
 
 TEST(Movement, TwoHeldKeysPushAlongBothAxesAndCostTwice) {
@@ -316,6 +344,18 @@ TEST(Keys, FInAStateOfTheEnemiesJumpsToThePlayersIfAPlayerUnitIsSelected) {
     level.Key(70);
     EXPECT_EQ(level.State(), TURN_PLAYER_NEXT);
   }
+}
+
+TEST(Keys, FAfterTheEndLeavesItForAStepOnly) {
+  const TurnWorld level;
+  level.GiveControl("p");
+  level.GetEnemy("e").m_alive = false;
+  level.Turn();
+  ASSERT_EQ(level.State(), TURN_LEVEL_END);
+  level.Key(70);
+  EXPECT_EQ(level.State(), TURN_PLAYER_NEXT);
+  EXPECT_EQ(level.Turn(), "");
+  EXPECT_EQ(level.State(), TURN_LEVEL_END);
 }
 
 TEST(Keys, FOnAnEnemyOnlyClicks) {

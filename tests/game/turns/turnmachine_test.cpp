@@ -95,6 +95,19 @@ TEST(TurnMachine, AnEnemyShootsThenMoves) {
   EXPECT_TRUE(level.GetEnemy("e").m_fired);
 }
 
+TEST(TurnMachine, AnEnemyThatDiedAfterItsSelectionStillFiresAndDrawsATarget) {
+  const TurnWorld level({UnitAt(UnitKind::kEnemy, "e", 0, 0), UnitAt(UnitKind::kEnemy, "e2", 0, 0),
+                         UnitAt(UnitKind::kPlayer, "p", 0, 0)});
+  Enemy& enemy = level.GetEnemy("e");
+  level.Controller().m_selected = level.Find("e");
+  enemy.m_target = level.Find("e2");
+  enemy.m_alive = false;
+  EXPECT_EQ(level.TurnFrom(TURN_ENEMY_SHOOT), "Enemy Shoot\n");
+  EXPECT_TRUE(enemy.m_fired);
+  EXPECT_EQ(level.Turn(2), "Enemy Aim\n");
+  EXPECT_EQ(enemy.m_target, level.Find("p"));
+}
+
 TEST(TurnMachine, AnEnemyThatHasFiredDoesNotFireAgain) {
   const TurnWorld level({UnitAt(UnitKind::kEnemy, "e", 0, 0, "{}",
                                 {Record("unit_fire", {{"Transform", PlacedAt(0, 0)},
