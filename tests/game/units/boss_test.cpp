@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstdlib>
 #include <string>
 #include <vector>
 
@@ -164,6 +165,18 @@ TEST(Boss, BelowHalfHealthItWaitsUntilAllBodiesAreAtRest) {
   EXPECT_FALSE(fight.Boss().m_phase_two);
   EXPECT_FALSE(fight.stage.Find("ShieldPhase2")->active);
   shot.m_vel.x = 0.0f;
+  fight.Boss().Update(kStep);
+  EXPECT_TRUE(fight.Boss().m_phase_two);
+}
+
+TEST(Boss, WhileItSpawnsItDoesNotEnterItsSecondPhase) {
+  BossFight fight;
+  fight.Boss().m_health = 5;
+  fight.stage.Of<StateC>("Boss").m_state = "spawn";
+  fight.Boss().Update(kStep);
+  EXPECT_FALSE(fight.Boss().m_phase_two);
+  EXPECT_FALSE(fight.stage.Find("DeathField")->active);
+  fight.stage.Of<StateC>("Boss").m_state = "default";
   fight.Boss().Update(kStep);
   EXPECT_TRUE(fight.Boss().m_phase_two);
 }
@@ -450,6 +463,35 @@ TEST(Boss, ADyingBossShines) {
   fight.Boss().Update(0.25f);
   fight.Boss().Update(0.25f);
   EXPECT_EQ(fight.stage.Of<Light>("Boss").m_diffuseStr, 60.0f);
+}
+
+TEST(Boss, ADyingBossTurnsOnToItsAim) {
+  BossFight fight;
+  fight.Boss().m_health = 0;
+  fight.Boss().m_turning = true;
+  fight.Boss().m_aim_angle = -90.0f;
+  fight.Boss().Update(kStep);
+  EXPECT_TRUE(fight.Boss().m_dying);
+  EXPECT_EQ(fight.Body().m_rot_vel, -100.0f);
+  fight.Place().m_local_rotate = -88.0f;
+  fight.Boss().Update(kStep);
+  EXPECT_FALSE(fight.Boss().m_turning);
+  EXPECT_EQ(fight.Body().m_rot_vel, 0.0f);
+  EXPECT_EQ(fight.Place().m_local_rotate, -90.0f);
+}
+
+/// Ends the process: 0 if the first step of a boss's death is white.
+[[noreturn]] void DieForOneStep() {
+  BossFight fight;
+  fight.Boss().m_health = 0;
+  fight.Boss().Update(kStep);
+  std::_Exit(fight.stage.Of<Render>("Boss").m_colour[0] == kWhite ? 0 : 1);
+}
+
+TEST(BossDeathTest, TheFirstStepOfTheFirstDeathInAProgramIsWhite) {
+  // The strobe's count is the program's, so a process of its own looks.
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  EXPECT_EXIT(DieForOneStep(), ::testing::ExitedWithCode(0), "");
 }
 
 TEST(Boss, ADyingBossStrobesEveryFifthStep) {
