@@ -8,6 +8,7 @@
 
 #include "game/movers/moverworld.h"
 #include "game/movers/pathfinding.h"
+#include "platform/windowsystem.h"
 
 namespace ZOVEngine {
 namespace {
@@ -44,6 +45,18 @@ TEST_F(PathGridTest, WorldPositionsHaveCellsFromTheTopLeft) {
   EXPECT_EQ(Grid().WorldToGrid({-581, 301, 1}), Vector3D(0, 0, 1));
   EXPECT_EQ(Grid().WorldToGrid({-580, 300, 1}), Vector3D(1, 1, 1));
   EXPECT_EQ(Grid().WorldToGrid({0, 0, 7}), Vector3D(10, 6, 1));
+}
+
+TEST_F(PathGridTest, HalfOfAnOddWindowSizeIsCutToAWholeNumber) {
+  g_window_system->m_size = Vector3D(1281, 721, 1);
+  EXPECT_EQ(Grid().WorldToGrid({-640, 360, 1}), Vector3D(0, 0, 1));
+  EXPECT_EQ(Grid().WorldToGrid({-580.25f, 300.25f, 1}), Vector3D(0, 0, 1));
+  EXPECT_EQ(Grid().WorldToGrid({-580, 300, 1}), Vector3D(1, 1, 1));
+  EXPECT_TRUE(PathGrid::IsInWindow({640, -360, 1}));
+  EXPECT_FALSE(PathGrid::IsInWindow({640.25f, 0, 1}));
+  EXPECT_FALSE(PathGrid::IsInWindow({0, -360.25f, 1}));
+  Build();
+  EXPECT_EQ(Grid().m_nodes[0][0]->world_pos, Cell(0, 0));
 }
 
 TEST_F(PathGridTest, AGridCoversTheWindow) {
