@@ -329,6 +329,37 @@ TEST_F(WindowSystemTest, LosingTheFocusTellsTheGameMutesAndMinimises) {
   EXPECT_THAT(native.calls, ElementsAre("Minimise"));
 }
 
+/// Writes the broadcasts down between the calls of the desktop.
+class OrderListener : public System {
+ public:
+  explicit OrderListener(std::vector<std::string>* calls) : m_calls(*calls) {}
+  void Update(float) override {}
+  void Init() override {}
+  void SendMessage(Message* message) override {
+    m_calls.push_back(message->id == kMute ? "Mute" : "message " + std::to_string(message->id));
+  }
+
+ private:
+  std::vector<std::string>& m_calls;
+};
+
+TEST_F(WindowSystemTest, AtALossOfTheFocusTheGameHearsOfItBeforeTheMuteAndTheWindowGoesLast) {
+  Start();
+  OrderListener listener(&native.calls);
+  engine.systems.push_back(&listener);
+  WindowProcedure(Event(Kind::kKillFocus));
+  EXPECT_THAT(native.calls,
+              ElementsAre("message " + std::to_string(kGameLoseFocus), "Mute", "Minimise"));
+}
+
+TEST_F(WindowSystemTest, WithTheFocusTheMuteIsLiftedBeforeTheModeIsApplied) {
+  Start();
+  OrderListener listener(&native.calls);
+  engine.systems.push_back(&listener);
+  WindowProcedure(Event(Kind::kSetFocus));
+  EXPECT_THAT(native.calls, ElementsAre("Mute", "SetWindowed 1280x720"));
+}
+
 TEST_F(WindowSystemTest, LeavingFullScreenByTheTaskSwitchAndComingBackRestoresIt) {
   StartWith(1280, 720, true);
   WindowProcedure(Event(Kind::kKillFocus));
