@@ -34,16 +34,12 @@ void RequireTransforms(const std::vector<GameObj*>& tiles, const std::string& pa
   }
 }
 
-std::uint64_t CellKey(std::int32_t x, std::int32_t y) {
-  return std::uint64_t{static_cast<std::uint32_t>(x)} << 32 | static_cast<std::uint32_t>(y);
-}
-
 /// The first tile of the list at each whole position.
 std::unordered_map<std::uint64_t, GameObj*> TilesByPosition(const std::vector<GameObj*>& tiles) {
   std::unordered_map<std::uint64_t, GameObj*> by_position;
   for (GameObj* tile : tiles) {
     const Vector3D& position = tile->GetComponent<Transform>()->m_world_pos;
-    by_position.emplace(CellKey(Truncate(position.x), Truncate(position.y)), tile);
+    by_position.emplace(PointKey(Truncate(position.x), Truncate(position.y)), tile);
   }
   return by_position;
 }
@@ -51,7 +47,7 @@ std::unordered_map<std::uint64_t, GameObj*> TilesByPosition(const std::vector<Ga
 /// Visits the cells row by row from the upper left and merges the tiles that lie on them.
 void MergeTiles(const TileMap& map, const std::vector<GameObj*>& tiles) {
   const auto by_position = TilesByPosition(tiles);
-  std::vector<TileCollider> colliders;
+  TileColliders colliders;
   const std::int32_t s = map.m_tileSize;
   const std::int32_t x0 = s / 2 - s * static_cast<std::int32_t>(map.m_width) / 2;
   std::int32_t y = s / 2 + s * static_cast<std::int32_t>(map.m_height) / 2;
@@ -59,8 +55,8 @@ void MergeTiles(const TileMap& map, const std::vector<GameObj*>& tiles) {
     y -= s;
     std::int32_t x = x0;
     for (std::uint32_t column = 0; column < map.m_width; ++column, x += s) {
-      const auto tile = by_position.find(CellKey(x, y));
-      if (tile != by_position.end()) MergeTileCollider(tile->second, &colliders);
+      const auto tile = by_position.find(PointKey(x, y));
+      if (tile != by_position.end()) colliders.Merge(tile->second);
     }
   }
 }

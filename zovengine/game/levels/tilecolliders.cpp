@@ -21,16 +21,6 @@ float Truncated(float value) {
   return static_cast<float>(Truncate(value));
 }
 
-struct Square {
-  float left, right, bottom, top;
-};
-
-Square MakeSquare(const Transform& transform) {
-  const Vector3D& p = transform.m_local_pos;
-  const Vector3D& s = transform.m_local_scale;
-  return {p.x - s.x / 2, p.x + s.x / 2, p.y - s.y / 2, p.y + s.y / 2};
-}
-
 void RequireArchetype(bool condition, const char* what) {
   ZOV_ASSERT(condition, std::string("Resources/Archetypes/GameObjects/") + kColliderArchetype +
                             ".json: the collider of tiles must " + what);
@@ -59,29 +49,7 @@ void Span(const ColliderHolder& holder, int axis, float one, float other) {
   }
 }
 
-bool GrowRight(const Square& tile, TileCollider* collider) {
-  const BoxCollider& box = GetBox(*collider->holder);
-  if (Truncate(tile.left) != Truncate(box.m_max.x) || Truncate(tile.top) != Truncate(box.m_max.y) ||
-      tile.bottom != Truncated(box.m_min.y) || collider->grown_y) {
-    return false;
-  }
-  collider->grown_x = true;
-  Span(*collider->holder, kAxisX, box.m_min.x, tile.right);
-  return true;
-}
-
-bool GrowDown(const Square& tile, TileCollider* collider) {
-  const BoxCollider& box = GetBox(*collider->holder);
-  if (tile.top != box.m_min.y || Truncate(tile.right) != Truncate(box.m_max.x) ||
-      tile.left != Truncated(box.m_min.x) || collider->grown_x) {
-    return false;
-  }
-  collider->grown_y = true;
-  Span(*collider->holder, kAxisY, box.m_max.y, tile.bottom);
-  return true;
-}
-
-TileCollider MakeCollider(const Vector3D& position) {
+ColliderHolder* MakeCollider(const Vector3D& position) {
   GameObj* object = g_game_obj_factory->Instantiate(kColliderArchetype, true);
   RequireArchetype(object->HasComponent<Transform>() && object->HasComponent<ColliderHolder>(),
                    "have a Transform and a ColliderHolder");
@@ -92,21 +60,94 @@ TileCollider MakeCollider(const Vector3D& position) {
   transform.m_world_rotate = transform.m_local_rotate;
   ColliderHolder* holder = object->GetComponent<ColliderHolder>();
   GetBox(*holder).UpdateCollider(transform);
-  return {holder};
+  return holder;
 }
 
 }  // namespace
 
-void MergeTileCollider(GameObj* tile, std::vector<TileCollider>* colliders) {
-  const Transform& transform = *tile->GetComponent<Transform>();
-  const Square square = MakeSquare(transform);
-  bool merged = false;
-  for (TileCollider& collider : *colliders) {
-    // Deliberately no early end: every box that the tile continues grows by it.
-    if (GrowRight(square, &collider)) merged = true;
-    if (GrowDown(square, &collider)) merged = true;
+void CornerTable::Add(float x, float y, std::size_t box) {
+  m_boxes.emplace(PointKey(Truncate(x), Truncate(y)), box);
+}
+
+void CornerTable::Remove(float x, float y, std::size_t box) {
+  auto [at, end] = m_boxes.equal_range(PointKey(Truncate(x), Truncate(y)));
+  while (at != end && at->second != box) ++at;
+  if (at != end) m_boxes.erase(at);
+}
+
+std::vector<std::size_t> CornerTable::Find(float x, float y) const {
+  std::vector<std::size_t> found;
+  auto [at, end] = m_boxes.equal_range(PointKey(Truncate(x), Truncate(y)));
+  for (; at != end; ++at) found.push_back(at->second);
+  return found;
+}
+
+/// The edges of a tile.
+struct TileColliders::Square {
+  explicit Square(const Transform& transform) {
+    const Vector3D& p = transform.m_local_pos;
+    const Vector3D& s = transform.m_local_scale;
+    left = p.x - s.x / 2;
+    right = p.x + s.x / 2;
+    bottom = p.y - s.y / 2;
+    top = p.y + s.y / 2;
   }
-  if (!merged) colliders->push_back(MakeCollider(transform.m_local_pos));
+
+  float left, right, bottom, top;
+};
+
+void TileColliders::Merge(GameObj* tile) {
+  const Transform& transform = *tile->GetComponent<Transform>();
+  const Square square(transform);
+  const bool widened = GrowRight(square);
+  const bool heightened = GrowDown(square);
+  if (!widened && !heightened) Append(MakeCollider(transform.m_local_pos));
+}
+
+bool TileColliders::GrowRight(const Square& tile) {
+  bool merged = false;
+  for (const std::size_t i : m_by_upper_right.Find(tile.left, tile.top)) {
+    TileCollider& collider = m_boxes[i];
+    const BoxCollider& box = GetBox(*collider.holder);
+    if (tile.bottom != Truncated(box.m_min.y) || collider.grown_y) continue;
+    Unlist(i);
+    Span(*collider.holder, kAxisX, box.m_min.x, tile.right);
+    List(i);
+    collider.grown_x = merged = true;
+  }
+  return merged;
+}
+
+bool TileColliders::GrowDown(const Square& tile) {
+  bool merged = false;
+  for (const std::size_t i : m_by_lower_right.Find(tile.right, tile.top)) {
+    TileCollider& collider = m_boxes[i];
+    const BoxCollider& box = GetBox(*collider.holder);
+    if (tile.top != box.m_min.y || tile.left != Truncated(box.m_min.x) || collider.grown_x)
+      continue;
+    Unlist(i);
+    Span(*collider.holder, kAxisY, box.m_max.y, tile.bottom);
+    List(i);
+    collider.grown_y = merged = true;
+  }
+  return merged;
+}
+
+void TileColliders::Append(ColliderHolder* holder) {
+  m_boxes.push_back({holder});
+  List(m_boxes.size() - 1);
+}
+
+void TileColliders::List(std::size_t box) {
+  const BoxCollider& shape = GetBox(*m_boxes[box].holder);
+  m_by_upper_right.Add(shape.m_max.x, shape.m_max.y, box);
+  m_by_lower_right.Add(shape.m_max.x, shape.m_min.y, box);
+}
+
+void TileColliders::Unlist(std::size_t box) {
+  const BoxCollider& shape = GetBox(*m_boxes[box].holder);
+  m_by_upper_right.Remove(shape.m_max.x, shape.m_max.y, box);
+  m_by_lower_right.Remove(shape.m_max.x, shape.m_min.y, box);
 }
 
 }  // namespace ZOVEngine

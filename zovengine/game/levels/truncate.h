@@ -13,4 +13,9 @@ inline std::int32_t Truncate(float value) {
   return static_cast<std::int32_t>(value);
 }
 
+/// One number for a point of whole coordinates, for tables that are searched by points.
+inline std::uint64_t PointKey(std::int32_t x, std::int32_t y) {
+  return std::uint64_t{static_cast<std::uint32_t>(x)} << 32 | static_cast<std::uint32_t>(y);
+}
+
 }  // namespace ZOVEngine
