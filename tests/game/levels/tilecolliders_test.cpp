@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <sstream>
 
 #include "core/base/random.h"
 #include "game/levels/tileworld.h"
@@ -127,6 +128,36 @@ TEST(TileColliders, GrowthChangesTheLocalFieldsAndTheShapeAndTheWorldFollows) {
   EXPECT_EQ(transform.m_world_scale, Vector3D(120, 60, 1));
   BoxOf(world.Colliders().front()).UpdateCollider(transform);
   EXPECT_EQ(BoundsOf(world.Colliders().front()), (Rectangle{-60, -30, 60, 30}));
+}
+
+TEST(TileColliders, ABoxThatGrewToTheRightDoesNotGrowDownByATileAsWideAsItself) {
+  // The wide tile lies on the first cell of the second row; edge for edge it continues the box.
+  const auto tile = [](float x, float y, float width, float cell) {
+    std::ostringstream out;
+    out << R"({"m_pos": [)" << x << ", " << y << R"(, 1], "m_scale": [)" << width
+        << R"(, 60, 1], "m_world_pos": [)" << cell << ", " << y << ", 1]}";
+    return Record("tile", {{"Transform", out.str()}, {"Render", R"({"m_tile": true})"}});
+  };
+  EXPECT_THAT(
+      Built(PlainLevel({tile(-30, 30, 60, -30), tile(30, 30, 60, 30), tile(0, -30, 120, -30)}, 2, 2,
+                       60)),
+      ElementsAre(Rectangle{-60, 0, 60, 60}, Rectangle{-30, -60, 30, 0}));
+  EXPECT_THAT(Built(PlainLevel({tile(-30, 30, 60, -30), tile(-30, -30, 60, -30)}, 2, 2, 60)),
+              ElementsAre(Rectangle{-60, -60, 0, 60}))
+      << "one that did not grow does";
+}
+
+TEST(TileColliders, TheRotationOfTheArchetypeIsThatOfTheNewObjectInTheWorld) {
+  Files files = PlainLevel({"x"});
+  std::string& archetype = files["Resources/Archetypes/GameObjects/tilecollider.json"];
+  const std::string straight = "\"m_rotate\": 0";
+  ASSERT_NE(archetype.find(straight), std::string::npos);
+  archetype.replace(archetype.find(straight), straight.size(), "\"m_rotate\": 90");
+  TileWorld world(files);
+  world.Build();
+  ASSERT_THAT(world.Colliders(), SizeIs(1));
+  EXPECT_EQ(TransformOf(world.Colliders().front()).m_local_rotate, 90.0f);
+  EXPECT_EQ(TransformOf(world.Colliders().front()).m_world_rotate, 90.0f);
 }
 
 TEST(TileColliders, ABoxIsMadeAtTheTilesPlaceWithItsDepth) {
