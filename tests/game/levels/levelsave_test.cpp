@@ -6,6 +6,7 @@
 
 #include <csignal>
 
+#include "game/levels/tilemap.h"
 #include "game/levels/tileworld.h"
 #include "jsonunserializer.h"
 #include "render/rendersystem.h"
@@ -15,8 +16,10 @@ namespace {
 
 using carapace_test::Files;
 using carapace_test::KeysOf;
+using carapace_test::OutputOf;
 using carapace_test::PlacedAt;
 using carapace_test::Record;
+using carapace_test::ShippedFile;
 using carapace_test::TileAt;
 using carapace_test::World;
 using ::testing::ElementsAre;
@@ -28,6 +31,7 @@ constexpr const char* kMapFile = "Level Editor/Levels/Made/Map/Made.json";
 constexpr const char* kTilesFile = "Level Editor/Levels/Made/Map/tiles.json";
 constexpr const char* kUnitsFile = "Level Editor/Levels/Made/Entity/Units.json";
 constexpr const char* kLevelFile = "Level Editor/Levels/Made/Made.json";
+const std::string kLevelFolder = "Level Editor/Levels/";
 constexpr const char* kGraphicsFile = "Resources/Textures/graphics.json";
 
 /// The folders of a level "Made", each with an old file in it.
@@ -120,8 +124,35 @@ TEST(LevelSave, NoMoreTilesAreSavedThanTheMapHasCells) {
   EXPECT_THAT(saved(2, 2), ElementsAre("a", "b", "c", "d"));
   EXPECT_THAT(saved(5, 1), ElementsAre("a", "b", "c", "d", "e"));
   EXPECT_THAT(saved(0, 5), IsEmpty());
-  EXPECT_THAT(saved(-3, 5), IsEmpty());
-  EXPECT_THAT(saved(2000000000, 2000000000), ElementsAre("a", "b", "c", "d", "e"));
+  EXPECT_THAT(saved(65535, 64), ElementsAre("a", "b", "c", "d", "e"));
+}
+
+TEST(LevelSave, SizesThatLoadingWouldRefuseAreRefusedWithALine) {
+  World world(kOldFiles);
+  const auto refusal = [](TileMapPlan plan) {
+    return OutputOf([&] { EXPECT_FALSE(SaveTileMap(plan)); });
+  };
+  const std::string start = "The tile map \"Made\" is not saved: ";
+  EXPECT_EQ(refusal(Plan(65536, 1)), start + "Width: 65536 is not within 0 and 65535\n");
+  EXPECT_EQ(refusal(Plan(1, -3)), start + "Height: -3 is not within 0 and 65535\n");
+  EXPECT_EQ(refusal(Plan(2049, 2048)),
+            start + "Height: 2049 by 2048 tiles are above the limit of 4194304\n");
+  TileMapPlan plan = Plan(2, 2);
+  plan.tile_size = 16385;
+  EXPECT_EQ(refusal(plan), start + "TileSize: 16385 is not within 0 and 16384\n");
+  EXPECT_EQ(world.Directory().Read(kMapFile), kOldFiles.at(kMapFile));
+  EXPECT_EQ(world.Directory().Read(kTilesFile), kOldFiles.at(kTilesFile));
+}
+
+TEST(LevelSave, TheLargestMapThatIsSavedIsReadAgain) {
+  World world(kOldFiles);
+  for (const auto& [width, height] : {std::pair(65535, 1), std::pair(1000, 1000)}) {
+    ASSERT_TRUE(SaveTileMap(Plan(width, height)));
+    TileMap map;
+    OutputOf([&] { map.Load(kMapFile); });
+    EXPECT_EQ(map.m_grid.size(), static_cast<std::size_t>(width));
+    EXPECT_EQ(map.m_grid.back().size(), static_cast<std::size_t>(height));
+  }
 }
 
 TEST(LevelSave, AMapOfNoSizeHasAnEmptyArrayOfTiles) {

@@ -124,8 +124,8 @@ TEST(TileMap, LoadingAnotherFileForgetsTheFirst) {
 }
 
 TEST(TileMap, TheLargestMapsAreRead) {
-  for (const char* sizes : {R"("Width": 65536, "Height": 1)", R"("Width": 1, "Height": 65536)",
-                            R"("Width": 256, "Height": 256)", R"("Width": 65536, "Height": 0)"}) {
+  for (const char* sizes : {R"("Width": 65535, "Height": 1)", R"("Width": 1, "Height": 65535)",
+                            R"("Width": 2048, "Height": 2048)", R"("Width": 65535, "Height": 0)"}) {
     const Loaded loaded(std::string("{") + sizes + R"(, "TileSize": 16384})");
     EXPECT_EQ(loaded.map.m_grid.size(), loaded.map.m_width) << sizes;
   }
@@ -168,11 +168,12 @@ TEST(TileMap, SizesOutOfBoundsAreReportedBeforeAnythingIsAllocated) {
   constexpr BadMap kBad[] = {
       {R"({"Width": -1, "Height": 0, "TileSize": 60})", "Width"},
       {R"({"Width": 4000000000, "Height": 0, "TileSize": 60})", "Width"},
-      {R"({"Width": 65537, "Height": 1, "TileSize": 60})", "Width"},
+      {R"({"Width": 65536, "Height": 1, "TileSize": 60})", "Width"},
       {R"({"Width": 0, "Height": -32, "TileSize": 60})", "Height"},
       {R"({"Width": 0, "Height": 4294967295, "TileSize": 60})", "Height"},
-      {R"({"Width": 65536, "Height": 65536, "TileSize": 60})", "Height"},
-      {R"({"Width": 257, "Height": 256, "TileSize": 60})", "Height"},
+      {R"({"Width": 1, "Height": 65536, "TileSize": 60})", "Height"},
+      {R"({"Width": 65535, "Height": 65535, "TileSize": 60})", "Height"},
+      {R"({"Width": 2049, "Height": 2048, "TileSize": 60})", "Height"},
       {R"({"Width": 2, "Height": 2, "TileSize": -60})", "TileSize"},
       {R"({"Width": 2, "Height": 2, "TileSize": 16385})", "TileSize"},
       {R"({"Width": 2, "Height": 2, "TileSize": 2147483647})", "TileSize"},

@@ -1,6 +1,9 @@
 #include "game/levels/levelsave.h"
 
+#include <iostream>
+
 #include "game/levels/levelobjects.h"
+#include "game/levels/tilemap.h"
 #include "jsonunserializer.h"
 #include "objects/gameobjfactory.h"
 #include "render/rendersystem.h"
@@ -53,6 +56,11 @@ LevelPaths::LevelPaths(const std::string& level_name)
       objects(kLevels + level_name + "/Entity/" + "Units.json") {}
 
 bool SaveTileMap(const TileMapPlan& plan) {
+  if (const auto fault = FindSizeFault(plan.width, plan.height, plan.tile_size)) {
+    std::cout << "The tile map \"" << plan.name << "\" is not saved: " << fault->key << ": "
+              << fault->text << '\n';
+    return false;
+  }
   const bool size_saved = SaveMapSize(plan);
   const bool tiles_saved = SaveTiles(plan);
   return size_saved && tiles_saved;

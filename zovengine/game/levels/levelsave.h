@@ -28,7 +28,8 @@ struct TileMapPlan {
 /// renamed over it, so a save that fails leaves the old one; false then. No folder is made.
 
 /// Writes the size of the map, and beside it, as "tiles.json", the active tile objects, at most as
-/// many as the map has cells.
+/// many as the map has cells. Sizes that TileMap::Load would refuse are refused here with a line on
+/// standard output, and no file is touched.
 bool SaveTileMap(const TileMapPlan& plan);
 /// Writes the level's other objects: those without a parent, except the editor's own.
 bool SaveUnits(const std::string& level_name);

@@ -6,10 +6,11 @@
 namespace ZOVEngine {
 namespace {
 
-void CheckBound(const char* key, std::uint64_t value, std::uint64_t largest) {
-  if (value <= largest) return;
-  JsonTrail::EnterKey(key);
-  FailReading(std::to_string(value) + " is above the limit of " + std::to_string(largest));
+/// The fault of a size that is not within 0 and `largest`.
+std::optional<TileMapFault> FindFault(const char* key, std::int64_t size, std::int64_t largest) {
+  if (size >= 0 && size <= largest) return std::nullopt;
+  return TileMapFault{key,
+                      std::to_string(size) + " is not within 0 and " + std::to_string(largest)};
 }
 
 /// The entries of `array`, which may have at most `most`; `what` names it in reports.
@@ -23,6 +24,18 @@ Value::ConstArray ReadEntries(const Value& array, std::uint32_t most, const std:
 }
 
 }  // namespace
+
+std::optional<TileMapFault> FindSizeFault(std::int64_t width, std::int64_t height,
+                                          std::int64_t tile_size) {
+  if (auto fault = FindFault("Width", width, kMaxTileSide)) return fault;
+  if (auto fault = FindFault("Height", height, kMaxTileSide)) return fault;
+  if (width * height > kMaxTileCells) {
+    return TileMapFault{"Height", std::to_string(width) + " by " + std::to_string(height) +
+                                      " tiles are above the limit of " +
+                                      std::to_string(kMaxTileCells)};
+  }
+  return FindFault("TileSize", tile_size, kMaxTileSize);
+}
 
 void TileMap::Load(const std::string& path) {
   JsonDocument document;
@@ -39,18 +52,10 @@ void TileMap::Load(const std::string& path) {
 }
 
 void TileMap::CheckSizes() const {
-  CheckBound("Width", m_width, kMaxTileCells);
-  CheckBound("Height", m_height, kMaxTileCells);
-  if (std::uint64_t{m_width} * m_height > kMaxTileCells) {
-    JsonTrail::EnterKey("Height");
-    FailReading(std::to_string(m_width) + " by " + std::to_string(m_height) +
-                " tiles are above the limit of " + std::to_string(kMaxTileCells));
-  }
-  if (m_tileSize < 0 || m_tileSize > kMaxTileSize) {
-    JsonTrail::EnterKey("TileSize");
-    FailReading(std::to_string(m_tileSize) + " is not within 0 and " +
-                std::to_string(kMaxTileSize));
-  }
+  const auto fault = FindSizeFault(m_width, m_height, m_tileSize);
+  if (!fault) return;
+  JsonTrail::EnterKey(fault->key);
+  FailReading(fault->text);
 }
 
 void TileMap::ReadTileObjects(const Value& root) {

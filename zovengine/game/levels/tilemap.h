@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -9,12 +10,24 @@
 
 namespace ZOVEngine {
 
-/// The most columns, the most rows and the most cells that a tile map may have. The screen is 32 by
-/// 18 tiles, so this is room for a hundred screens; a larger number in a file is a slip of its
-/// author or damage, and nothing is allocated for it.
-inline constexpr std::uint32_t kMaxTileCells = 65536;
+/// The most cells that a tile map may have: 2048 by 2048, for instance. The screen is 32 by 18
+/// tiles, so this is room for 7000 screens; a larger number in a file is a slip of its author or
+/// damage, and nothing is allocated for it.
+inline constexpr std::int64_t kMaxTileCells = 4'194'304;
+/// The most columns, and the most rows.
+inline constexpr std::int64_t kMaxTileSide = 65'535;
 /// The largest tile (unit: world units). With it the extent of the largest map fits an int32.
 inline constexpr std::int32_t kMaxTileSize = 16384;
+
+/// What is wrong with the sizes of a tile map.
+struct TileMapFault {
+  const char* key;  ///< of the size in the file
+  std::string text;
+};
+/// The first fault of the sizes of a map, if they are not within the bounds above. What is saved
+/// and what is read is tested by it alike.
+std::optional<TileMapFault> FindSizeFault(std::int64_t width, std::int64_t height,
+                                          std::int64_t tile_size);
 
 /// The plan of a level in tiles: how many there are, how large they are, and which index each cell
 /// holds.
