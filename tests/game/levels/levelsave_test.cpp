@@ -271,5 +271,43 @@ TEST(LevelSave, AFullDiskLeavesTheOldFilesAndNothingBesideThem) {
   EXPECT_THAT(world.Directory().Read(kUnitsFile), HasSubstr("unit"));
 }
 
+/// The files of a saved level by their paths.
+Files SavedFiles(World& world, const std::string& level) {
+  const LevelPaths paths(level);
+  Files files;
+  for (const std::string& path :
+       {paths.level, paths.tile_map, paths.tiles, paths.objects, std::string(kGraphicsFile)}) {
+    files[path] = world.Directory().Read(path);
+  }
+  return files;
+}
+
+class ShippedLevel : public ::testing::TestWithParam<std::string> {};
+
+TEST_P(ShippedLevel, LoadedAndSavedAgainIsTheSameToTheByte) {
+  const std::string level = GetParam();
+  const LevelPaths paths(level);
+  World world({{paths.level, "-"},
+               {paths.tile_map, "-"},
+               {paths.tiles, ShippedFile(paths.tiles)},
+               {paths.objects, ShippedFile(paths.objects)}});
+  const auto load_and_save = [&] {
+    g_game_obj_factory->ClearObjects();
+    g_game_obj_factory->LoadObjects(paths.objects);
+    g_game_obj_factory->LoadObjects(paths.tiles);
+    EXPECT_TRUE(SaveTileMap({kLevelFolder + level + "/Map/", level, 32, 18, 60}));
+    EXPECT_TRUE(SaveUnits(level));
+    EXPECT_TRUE(SaveLevelIndex(level));
+    return SavedFiles(world, level);
+  };
+  const Files first = load_and_save();
+  EXPECT_THAT(first.at(paths.objects), HasSubstr("GameController"));
+  EXPECT_THAT(first.at(paths.tiles), HasSubstr("Tile_"));
+  EXPECT_EQ(load_and_save(), first);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, ShippedLevel, ::testing::Values("Level00", "Level01", "Level04"),
+                         [](const auto& test) { return test.param; });
+
 }  // namespace
 }  // namespace ZOVEngine
