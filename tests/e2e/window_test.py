@@ -64,6 +64,26 @@ class Window(GameTest):
         wait_until(lambda: not self.window.is_minimised(), "the window back")
         self.assert_windowed()
 
+    def level_starts(self):
+        """How often a level was started: each time it prints its grid of tiles."""
+        return sum(line.startswith("0, 0, ") for line in self.game.output().splitlines())
+
+    def test_a_key_held_while_another_window_takes_the_focus_is_not_released_by_the_user(self):
+        self.game = self.start(arguments=["--level", "Level Editor/Levels/Level00/Level00.json"])
+        self.window = self.game.wait_for_window()
+        wait_until(lambda: self.level_starts() == 1, "the level")
+        call("xdotool", "keydown", "space")
+        self.open_other_window()
+        wait_until(self.window.is_minimised, "the window minimised")
+        call("xdotool", "keyup", "space")
+        self.window.activate()
+        wait_until(lambda: not self.window.is_minimised(), "the window back")
+        tap("Escape")  # ends the pause, in which a level is not started anew
+        time.sleep(2)
+        self.assertEqual(self.level_starts(), 1)
+        tap("space")
+        wait_until(lambda: self.level_starts() == 2, "the level anew")
+
     def test_leaving_full_screen_by_another_window_comes_back_to_full_screen(self):
         self.start_and_wait()
         tap("F6")

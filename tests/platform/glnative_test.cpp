@@ -5,7 +5,9 @@
 #include <csignal>
 #include <cstdlib>
 #include <memory>
+#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/native.h"
@@ -14,8 +16,10 @@
 namespace ZOVEngine {
 namespace {
 
+using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
+using ::testing::Not;
 using Kind = NativeEventKind;
 
 /// The real desktop on SDL's driver without a screen, fed with SDL events by hand.
@@ -224,6 +228,43 @@ TEST_F(SdlNativeTest, WindowEventsFindTheirRows) {
   EXPECT_THAT(PumpAll(), ElementsAre(Kind::kSetFocus, Kind::kKillFocus, Kind::kSizeOther));
 }
 
+TEST_F(SdlNativeTest, ReleasesThatALossOfTheFocusMakesAreNotTheUsers) {
+  std::vector<std::uint32_t> skipped;
+  native->SetSkippedEventListener(
+      [&skipped](const void* raw) { skipped.push_back(static_cast<const SDL_Event*>(raw)->type); });
+  PushKey(SDL_KEYUP, SDL_SCANCODE_SPACE);
+  PushKey(SDL_KEYUP, SDL_SCANCODE_LALT);
+  PushWindow(SDL_WINDOWEVENT_FOCUS_LOST);
+  EXPECT_THAT(PumpAll(), ElementsAre(Kind::kKillFocus));
+  EXPECT_THAT(skipped, ElementsAre(SDL_KEYUP, SDL_KEYUP)) << "tools hear of them";
+}
+
+TEST_F(SdlNativeTest, ReleasesBeforeAnotherEventAreTheUsers) {
+  PushKey(SDL_KEYUP, SDL_SCANCODE_SPACE);
+  PushMotion(1, 1);
+  PushKey(SDL_KEYUP, SDL_SCANCODE_LALT);
+  PushWindow(SDL_WINDOWEVENT_FOCUS_LOST);
+  PushKey(SDL_KEYUP, SDL_SCANCODE_SPACE);
+  EXPECT_THAT(PumpAll(),
+              ElementsAre(Kind::kKeyUp, Kind::kMouseMove, Kind::kKillFocus, Kind::kKeyUp));
+}
+
+TEST_F(SdlNativeTest, AButtonIsTheUsersWheneverItIsReleased) {
+  PushButton(SDL_MOUSEBUTTONUP, SDL_BUTTON_LEFT);
+  PushWindow(SDL_WINDOWEVENT_FOCUS_LOST);
+  EXPECT_THAT(PumpAll(), ElementsAre(Kind::kLeftButtonUp, Kind::kKillFocus));
+}
+
+TEST_F(SdlNativeTest, ALossOfTheFocusLetsGoOfButtonsAndModifiers) {
+  PushKey(SDL_KEYDOWN, SDL_SCANCODE_LSHIFT, KMOD_LSHIFT);
+  PushButton(SDL_MOUSEBUTTONDOWN, SDL_BUTTON_LEFT);
+  PushWindow(SDL_WINDOWEVENT_FOCUS_LOST);
+  PushMotion(1, 1);
+  PumpAll();
+  EXPECT_EQ(event.kind, Kind::kMouseMove);
+  EXPECT_EQ(event.wparam, 0u);
+}
+
 TEST_F(SdlNativeTest, ASizeEventCarriesTheClientSize) {
   PushWindow(SDL_WINDOWEVENT_SIZE_CHANGED);
   ASSERT_TRUE(native->PumpEvent(&event));
@@ -280,9 +321,30 @@ TEST_F(SdlNativeTest, ADestroyedContextMayBeDestroyedAgain) {
   native->DestroyContext();
 }
 
+/// Takes the display away, for its life.
+class WithoutDisplay {
+ public:
+  WithoutDisplay() {
+    for (auto& [name, value] : m_variables) {
+      if (const char* text = std::getenv(name)) value = text;
+      unsetenv(name);
+    }
+  }
+  ~WithoutDisplay() {
+    for (const auto& [name, value] : m_variables) {
+      if (value) setenv(name, value->c_str(), 1);
+    }
+  }
+  WithoutDisplay(const WithoutDisplay&) = delete;
+  WithoutDisplay& operator=(const WithoutDisplay&) = delete;
+
+ private:
+  std::vector<std::pair<const char*, std::optional<std::string>>> m_variables = {
+      {"DISPLAY", {}}, {"WAYLAND_DISPLAY", {}}, {"SDL_VIDEODRIVER", {}}};
+};
+
 TEST(SdlNativeWithoutDisplay, TheMessageBoxPrintsAndReturns) {
-  unsetenv("DISPLAY");
-  unsetenv("WAYLAND_DISPLAY");
+  const WithoutDisplay none;
   const std::unique_ptr<Native> native = MakeSdlNative();
   ::testing::internal::CaptureStderr();
   native->MessageBox("Title", "what went wrong");
@@ -290,11 +352,65 @@ TEST(SdlNativeWithoutDisplay, TheMessageBoxPrintsAndReturns) {
 }
 
 TEST(SdlNativeWithoutDisplay, TheWindowIsRefusedWithASentence) {
-  unsetenv("DISPLAY");
-  unsetenv("WAYLAND_DISPLAY");
-  unsetenv("SDL_VIDEODRIVER");
+  const WithoutDisplay none;
   const std::unique_ptr<Native> native = MakeSdlNative();
   EXPECT_THAT(native->OpenWindow({"Beetle", "Test", {320, 200}}), HasSubstr("display"));
+}
+
+/// A window on a real display, with the keys and the mouse that a user would use.
+class RealWindowTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    ASSERT_NE(std::getenv("DISPLAY"), nullptr) << "run it by tools/screen";
+    native = MakeSdlNative();
+    ASSERT_EQ(native->OpenWindow({"Beetle", kTitle, {320, 200}}), "");
+    native->ShowWindow();
+    ASSERT_TRUE(WaitFor(Kind::kSetFocus));
+  }
+
+  void TearDown() override { Do("xdotool keyup space mouseup 1"); }
+
+  static void Do(const std::string& command) { EXPECT_EQ(std::system(command.c_str()), 0); }
+
+  /// Pumps until an event of this kind comes, for ten seconds at most; keeps the kinds in `seen`.
+  bool WaitFor(Kind kind) {
+    seen.clear();
+    for (int i = 0; i < 1000; ++i) {
+      while (native->PumpEvent(&event)) {
+        seen.push_back(event.kind);
+        if (event.kind == kind) return true;
+      }
+      SDL_Delay(10);
+    }
+    return false;
+  }
+
+  static constexpr const char* kTitle = "focus test";
+  std::unique_ptr<Native> native;
+  NativeEvent event;
+  std::vector<Kind> seen;
+};
+
+TEST_F(RealWindowTest, AKeyHeldWhenTheFocusGoesIsLetGoWithoutARelease) {
+  Do("xdotool keydown space");
+  ASSERT_TRUE(WaitFor(Kind::kKeyDown));
+  EXPECT_TRUE(native->IsKeyDown(kVkSpace));
+  native->Minimise();
+  ASSERT_TRUE(WaitFor(Kind::kKillFocus));
+  EXPECT_THAT(seen, Not(Contains(Kind::kKeyUp)));
+  EXPECT_FALSE(native->IsKeyDown(kVkSpace));
+}
+
+TEST_F(RealWindowTest, AButtonLetGoWhileTheWindowIsMinimisedIsNotHeldWhenItComesBack) {
+  Do("xdotool mousemove 160 100 mousedown 1");
+  ASSERT_TRUE(WaitFor(Kind::kLeftButtonDown));
+  EXPECT_TRUE(native->IsKeyDown(kVkLeftButton));
+  native->Minimise();
+  ASSERT_TRUE(WaitFor(Kind::kKillFocus));
+  Do("xdotool mousemove 900 700 mouseup 1");
+  Do(std::string("wmctrl -a '") + kTitle + "'");
+  ASSERT_TRUE(WaitFor(Kind::kSetFocus));
+  EXPECT_FALSE(native->IsKeyDown(kVkLeftButton));
 }
 
 }  // namespace

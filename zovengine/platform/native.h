@@ -23,9 +23,9 @@ enum class NativeEventKind {
   kSizeOther,      ///< minimised
   kSetFocus,
   kKillFocus,
-  kKeyDown,  ///< `wparam` is the virtual-key code; comes again with the platform's auto-repeat
-  kKeyUp,
-  kMouseMove,       ///< `x` and `y` carry the position (unit: client pixels)
+  kKeyDown,    ///< `wparam` is the virtual-key code; comes again with the platform's auto-repeat
+  kKeyUp,      ///< the user's; keys that are held when the focus goes are let go without one
+  kMouseMove,  ///< `x` and `y` carry the position (unit: client pixels)
   kLeftButtonDown,  ///< `wparam` is the button state after the change, here and in the next three
   kRightButtonDown,
   kLeftButtonUp,

@@ -71,6 +71,26 @@ NativeSize FitToDesktop(NativeSize wish) {
           std::clamp(wish.height, 1, std::max(most.height, 1))};
 }
 
+bool IsKeyRelease(const SDL_Event& raw) {
+  return raw.type == SDL_KEYUP;
+}
+
+bool IsLossOfFocus(const SDL_Event& raw) {
+  return raw.type == SDL_WINDOWEVENT && raw.window.event == SDL_WINDOWEVENT_FOCUS_LOST;
+}
+
+/// True for a release of a key that is not the user's. When the focus goes, SDL lets go of all held
+/// keys and then reports the loss, so behind such a release the queue has others and the loss.
+bool IsMadeByLossOfFocus(const SDL_Event& raw) {
+  if (!IsKeyRelease(raw)) return false;
+  std::array<SDL_Event, 64> next;  // more keys than hands hold
+  const int count = SDL_PeepEvents(next.data(), static_cast<int>(next.size()), SDL_PEEKEVENT,
+                                   SDL_FIRSTEVENT, SDL_LASTEVENT);
+  const auto end = next.begin() + std::max(count, 0);
+  const auto other = std::find_if_not(next.begin(), end, IsKeyRelease);
+  return other != end && IsLossOfFocus(*other);
+}
+
 /// The desktop on SDL 2.
 ///
 /// Owns the window, the context and SDL's video subsystem. Key state, button state and cursor are
@@ -122,6 +142,8 @@ class SdlNative final : public Native {
   void MoveToCorner();
   bool HasFlag(std::uint32_t flag) const { return (SDL_GetWindowFlags(m_window) & flag) != 0; }
   std::uint64_t ButtonState() const;
+  bool IsButtonDown(std::uint32_t mask, bool XPointer::*held) const;
+  const std::optional<XPointer>& Pointer() const;
 
   SDL_Window* m_window = nullptr;
   SDL_GLContext m_context = nullptr;
@@ -131,7 +153,8 @@ class SdlNative final : public Native {
   std::uint16_t m_modifiers = 0;  ///< SDL's bits, as far as events were taken
   bool m_drop_open = false;       ///< between the begin and the end of a drop
   std::vector<std::string> m_dropped;
-  mutable std::optional<NativePoint> m_cursor;  ///< asked for since the last pump
+  mutable bool m_pointer_asked = false;       ///< since the last pump
+  mutable std::optional<XPointer> m_pointer;  ///< as of then
 };
 
 SdlNative::~SdlNative() {
@@ -207,9 +230,8 @@ bool SdlNative::HasFocus() const {
 }
 
 bool SdlNative::IsKeyDown(std::uint32_t virtual_key) const {
-  const std::uint32_t buttons = SDL_GetMouseState(nullptr, nullptr);
-  if (virtual_key == kVkLeftButton) return (buttons & SDL_BUTTON_LMASK) != 0;
-  if (virtual_key == kVkRightButton) return (buttons & SDL_BUTTON_RMASK) != 0;
+  if (virtual_key == kVkLeftButton) return IsButtonDown(SDL_BUTTON_LMASK, &XPointer::left);
+  if (virtual_key == kVkRightButton) return IsButtonDown(SDL_BUTTON_RMASK, &XPointer::right);
   int count = 0;
   const std::uint8_t* held = SDL_GetKeyboardState(&count);
   for (int place = 0; place < count; ++place) {
@@ -220,23 +242,35 @@ bool SdlNative::IsKeyDown(std::uint32_t virtual_key) const {
   return false;
 }
 
+/// SDL never hears of a button that is let go while the window is minimised, so what it says is
+/// held is asked of the X server as well.
+bool SdlNative::IsButtonDown(std::uint32_t mask, bool XPointer::*held) const {
+  if ((SDL_GetMouseState(nullptr, nullptr) & mask) == 0) return false;
+  const std::optional<XPointer>& pointer = Pointer();
+  return !pointer || (*pointer).*held;
+}
+
+const std::optional<XPointer>& SdlNative::Pointer() const {
+  if (!m_pointer_asked) m_pointer = QueryXPointer(m_window);
+  m_pointer_asked = true;
+  return m_pointer;
+}
+
 /// SDL's own position stands still while the pointer is outside the window, or the window moves
 /// under it; the X server's is exact.
 NativePoint SdlNative::CursorPosition() const {
-  if (!m_cursor) m_cursor = QueryXPointer(m_window);
-  if (!m_cursor) {
-    m_cursor.emplace();
-    SDL_GetMouseState(&m_cursor->x, &m_cursor->y);
-  }
-  return *m_cursor;
+  if (const std::optional<XPointer>& pointer = Pointer()) return pointer->place;
+  NativePoint cursor;
+  SDL_GetMouseState(&cursor.x, &cursor.y);
+  return cursor;
 }
 
 bool SdlNative::PumpEvent(NativeEvent* event) {
   SDL_PumpEvents();
-  m_cursor.reset();
+  m_pointer_asked = false;
   while (TakePlatformEvent(&m_raw)) {
     *event = NativeEvent();
-    if (Translate(event)) {
+    if (!IsMadeByLossOfFocus(m_raw) && Translate(event)) {
       event->platform_event = &m_raw;
       return true;
     }
@@ -292,6 +326,8 @@ bool SdlNative::TranslateWindow(const SDL_WindowEvent& raw, NativeEvent* event) 
       return true;
     case SDL_WINDOWEVENT_FOCUS_LOST:
       event->kind = NativeEventKind::kKillFocus;
+      m_buttons = 0;
+      m_modifiers = 0;
       return true;
     case SDL_WINDOWEVENT_MINIMIZED:
       event->kind = NativeEventKind::kSizeOther;

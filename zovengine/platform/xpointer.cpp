@@ -7,7 +7,7 @@ namespace ZOVEngine {
 
 #if defined(SDL_VIDEO_DRIVER_X11)
 
-std::optional<NativePoint> QueryXPointer(SDL_Window* window) {
+std::optional<XPointer> QueryXPointer(SDL_Window* window) {
   SDL_SysWMinfo info;
   SDL_VERSION(&info.version);
   if (window == nullptr || SDL_GetWindowWMInfo(window, &info) != SDL_TRUE) return std::nullopt;
@@ -17,16 +17,19 @@ std::optional<NativePoint> QueryXPointer(SDL_Window* window) {
   int root_x = 0;
   int root_y = 0;
   unsigned buttons = 0;
-  NativePoint point;
-  const int same_screen = XQueryPointer(info.info.x11.display, info.info.x11.window, &root, &child,
-                                        &root_x, &root_y, &point.x, &point.y, &buttons);
+  XPointer pointer;
+  const int same_screen =
+      XQueryPointer(info.info.x11.display, info.info.x11.window, &root, &child, &root_x, &root_y,
+                    &pointer.place.x, &pointer.place.y, &buttons);
   if (same_screen == 0) return std::nullopt;
-  return point;
+  pointer.left = (buttons & Button1Mask) != 0;
+  pointer.right = (buttons & Button3Mask) != 0;
+  return pointer;
 }
 
 #else
 
-std::optional<NativePoint> QueryXPointer(SDL_Window*) {
+std::optional<XPointer> QueryXPointer(SDL_Window*) {
   return std::nullopt;
 }
 
