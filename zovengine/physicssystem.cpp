@@ -10,7 +10,7 @@
 #include "physics/contactresolution.h"
 #include "physics/integration.h"
 
-RTTR_REGISTRATION {
+ZOV_REGISTRATION(PhysicsSystem) {
   using ZOVEngine::PhysicsSystem;
   ZOVEngine::SystemRegistration<PhysicsSystem>("PhysicsSystem");
 }

@@ -10,7 +10,7 @@
 #include "physics/components/rigidbody.h"
 #include "physics/components/transform.h"
 
-RTTR_REGISTRATION {
+ZOV_REGISTRATION(AudioSystem) {
   using ZOVEngine::AudioSystem;
   ZOVEngine::SystemRegistration<AudioSystem>("AudioSystem");
 }

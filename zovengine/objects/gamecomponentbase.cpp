@@ -2,7 +2,7 @@
 
 #include "objects/reflection.h"
 
-RTTR_REGISTRATION {
+ZOV_REGISTRATION(GameComponentBase) {
   using ZOVEngine::GameComponentBase;
   ZOVEngine::ComponentRegistration<GameComponentBase>("GameComponentBase")
       .Field("m_active", &GameComponentBase::m_active, "bool", "Active");

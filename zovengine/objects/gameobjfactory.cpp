@@ -8,7 +8,7 @@
 #include "objects/playercreator.h"
 #include "objects/reflection.h"
 
-RTTR_REGISTRATION {
+ZOV_REGISTRATION(GameObjFactory) {
   using ZOVEngine::GameObjFactory;
   ZOVEngine::SystemRegistration<GameObjFactory>("GameObjFactory");
 }

@@ -15,7 +15,7 @@ Metadata MakeMetadata(const std::string& key, bool value);
 
 /// Registers a component class for the editor's inspector.
 ///
-/// Made once a class, in the class's own source file, within RTTR_REGISTRATION. The type is known
+/// Made once a class, in the class's own source file, within ZOV_REGISTRATION. The type is known
 /// by its full name, namespace included, and carries "isInspect" and, as "componentname", its plain
 /// name.
 template <class T>
@@ -77,3 +77,10 @@ class SystemRegistration {
 };
 
 }  // namespace ZOVEngine
+
+/// Opens the function that registers a class when the program starts, `ZOV_REGISTRATION(Name) {…}`.
+/// Unlike RTTR_REGISTRATION, several of them may stand in one translation unit.
+#define ZOV_REGISTRATION(Name)                                                       \
+  static void Register##Name();                                                      \
+  [[maybe_unused]] static const bool g_registered_##Name = (Register##Name(), true); \
+  static void Register##Name()

@@ -16,7 +16,7 @@
 #include "physics/components/rigidbody.h"
 #include "zovassert.h"
 
-RTTR_REGISTRATION {
+ZOV_REGISTRATION(ColliderSystem) {
   using ZOVEngine::ColliderSystem;
   ZOVEngine::SystemRegistration<ColliderSystem>("ColliderSystem")
       .Method("SetDebug", &ColliderSystem::SetDebug);

@@ -1,19 +1,17 @@
 #include "platform/inputsystem.h"
 
-#include <rttr/registration>
-
 #include <iostream>
 #include <optional>
 #include <string>
 
 #include "core/engine.h"
+#include "objects/reflection.h"
 #include "platform/native.h"
 #include "platform/virtualkeys.h"
 #include "platform/windowsystem.h"
 
-RTTR_REGISTRATION {
-  rttr::registration::class_<ZOVEngine::InputSystem>("ZOVEngine::InputSystem")(
-      rttr::metadata("systemname", std::string("InputSystem")));
+ZOV_REGISTRATION(InputSystem) {
+  ZOVEngine::SystemRegistration<ZOVEngine::InputSystem>("InputSystem");
 }
 
 namespace ZOVEngine {

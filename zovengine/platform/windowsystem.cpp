@@ -1,7 +1,5 @@
 #include "platform/windowsystem.h"
 
-#include <rttr/registration>
-
 #include <algorithm>
 #include <cstdlib>
 #include <iostream>
@@ -9,13 +7,13 @@
 
 #include "core/engine.h"
 #include "jsonunserializer.h"
+#include "objects/reflection.h"
 #include "platform/virtualkeys.h"
 #include "render/gldevice.h"
 #include "zovassert.h"
 
-RTTR_REGISTRATION {
-  rttr::registration::class_<ZOVEngine::WindowSystem>("ZOVEngine::WindowSystem")(
-      rttr::metadata("systemname", std::string("WindowSystem")));
+ZOV_REGISTRATION(WindowSystem) {
+  ZOVEngine::SystemRegistration<ZOVEngine::WindowSystem>("WindowSystem");
 }
 
 namespace ZOVEngine {

@@ -36,7 +36,7 @@
 #include "render/passes/textpass.h"
 #include "render/passes/tilepass.h"
 
-RTTR_REGISTRATION {
+ZOV_REGISTRATION(RenderSystem) {
   using ZOVEngine::RenderSystem;
   ZOVEngine::SystemRegistration<RenderSystem>("RenderSystem");
 }

@@ -12,7 +12,7 @@
 #include "objects/reflection.h"
 #include "objects/tablewalk.h"
 
-RTTR_REGISTRATION {
+ZOV_REGISTRATION(LogicSystem) {
   using ZOVEngine::LogicSystem;
   ZOVEngine::SystemRegistration<LogicSystem>("LogicSystem");
 }

@@ -3,7 +3,7 @@
 #include "game/objectquery.h"
 #include "objects/reflection.h"
 
-RTTR_REGISTRATION {
+ZOV_REGISTRATION(EnvironmentDamage) {
   ZOVEngine::ComponentRegistration<ZOVEngine::EnvironmentDamage>("EnvironmentDamage");
 }
 

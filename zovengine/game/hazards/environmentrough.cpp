@@ -2,6 +2,6 @@
 
 #include "objects/reflection.h"
 
-RTTR_REGISTRATION {
+ZOV_REGISTRATION(EnvironmentRough) {
   ZOVEngine::ComponentRegistration<ZOVEngine::EnvironmentRough>("EnvironmentRough");
 }

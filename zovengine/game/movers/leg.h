@@ -6,6 +6,9 @@ namespace ZOVEngine {
 
 class GameObj;
 
+/// Duration of the pushes that movers without turns give themselves (unit: seconds).
+inline constexpr float kMoverPushTime = 0.1f;
+
 /// The leg of a path that an object is on: the next point, and how to get there.
 struct Leg {
   Vector3D goal;            ///< (unit: world units)

@@ -14,7 +14,6 @@
 namespace ZOVEngine {
 namespace {
 
-constexpr float kPushTime = 0.1f;  ///< (unit: seconds)
 constexpr float kLineDepth = 2.0f;
 
 void Show(const Vector3D& start, const Vector3D& end) {
@@ -151,7 +150,7 @@ void Pathfinding::Follow(const Vector3D& position, float dt) {
     ++m_curr_index;
     return;
   }
-  PushAlong(*m_owner, offset, m_speed, kPushTime);
+  PushAlong(*m_owner, offset, m_speed, kMoverPushTime);
   m_curr_move += dt;
 }
 

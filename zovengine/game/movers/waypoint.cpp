@@ -11,12 +11,6 @@
 #include "physics/components/transform.h"
 
 namespace ZOVEngine {
-namespace {
-
-constexpr float kPushTime = 0.1f;  ///< (unit: seconds)
-
-}  // namespace
-
 template <class Visitor>
 void Waypoint::Fields(Visitor& visit) {
   visit("m_draw", &Waypoint::m_draw);
@@ -51,7 +45,7 @@ void Waypoint::Move(float dt) {
   // A file may hold an index past the path; the object is at the path's end then.
   m_lastIndex = std::min(m_lastIndex, static_cast<std::uint32_t>(m_path.size() - 1));
   if (m_lastIndex < m_path.size() - 1) {
-    const Leg leg = {m_path[m_lastIndex + 1], m_snappingDist, m_limit, m_speed, kPushTime};
+    const Leg leg = {m_path[m_lastIndex + 1], m_snappingDist, m_limit, m_speed, kMoverPushTime};
     const LegStep step = FollowLeg(m_owner, leg, dt, &m_curr_movement);
     if (step == LegStep::kArrived) ++m_lastIndex;
     if (step != LegStep::kPushed) m_reached = true;

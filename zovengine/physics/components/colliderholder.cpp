@@ -7,7 +7,7 @@
 #include "objects/reflection.h"
 #include "physics/components/transform.h"
 
-RTTR_REGISTRATION {
+ZOV_REGISTRATION(ColliderHolder) {
   using ZOVEngine::ColliderHolder;
   ZOVEngine::ComponentRegistration<ColliderHolder>("ColliderHolder")
       .Method("SetDebug", &ColliderHolder::SetDebug);

@@ -60,7 +60,7 @@ void Transform::Inspected(Visitor& visit) {
   visit("m_rotate_with_parent", &Transform::m_rotate_with_parent, "Rotate with parent");
 }
 
-RTTR_REGISTRATION {
+ZOV_REGISTRATION(Transform) {
   RegisterFields(ComponentRegistration<Transform>("Transform"))
       .Method("SetLocalPosition", &Transform::SetLocalPosition)
       .Method("GetRotate", &Transform::GetRotate)
