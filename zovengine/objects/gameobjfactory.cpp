@@ -34,6 +34,7 @@ GameObjFactory::GameObjFactory() {
   g_component_tables = &m_tables;
 }
 
+// NOLINTNEXTLINE(bugprone-exception-escape): the tables have every component of its own objects.
 GameObjFactory::~GameObjFactory() {
   ClearObjects();
   for (GameObj* archetype : m_archetypeObjects) {

@@ -42,6 +42,7 @@ class GameObjFactory final : public System {
   /// Sets g_game_obj_factory and g_component_tables.
   GameObjFactory();
   /// Clears the objects, then deletes the archetypes, then releases the tables.
+  // NOLINTNEXTLINE(bugprone-exception-escape): the tables have every component of its own objects.
   ~GameObjFactory() override;
 
   /// Makes the table of T under the class name `name`, in place of one that was there.
