@@ -13,10 +13,10 @@ namespace {
 
 using Bytes = std::vector<std::uint8_t>;
 
-// An uncompressed picture of the largest size has 64 MiB; what is far beyond is no picture of ours.
+// An uncompressed image of the largest size has 64 MiB; no image of the game is far larger.
 constexpr std::uintmax_t kLargestFile = std::uintmax_t{128} << 20;
 
-// A deflate stream says at most 258 bytes with 2 bits.
+// A deflate stream encodes at most 258 bytes in 2 bits.
 constexpr std::size_t kLargestDeflateRatio = 1032;
 
 /// The whole file; empty when there is no regular file of a plausible size.
@@ -33,7 +33,7 @@ Bytes ReadBytes(const std::string& path) {
   return bytes;
 }
 
-/// Reads numbers at any place of a file; what lies beyond its end reads as 0.
+/// Reads numbers at any position of a file; bytes beyond its end read as 0.
 class FileView {
  public:
   explicit FileView(const Bytes& bytes) : m_bytes(bytes) {}
@@ -83,7 +83,7 @@ bool WalkPngChunks(const FileView& file, std::size_t* compressed) {
   return true;
 }
 
-bool HoldsPngPixels(const FileView& file, const PictureSize& size) {
+bool HoldsPngPixels(const FileView& file, const ImageSize& size) {
   std::size_t compressed = 0;
   if (!WalkPngChunks(file, &compressed)) return false;
   const std::size_t row = (static_cast<std::size_t>(size.width) * PngBitsPerPixel(file) + 7) / 8;
@@ -136,14 +136,14 @@ bool WalkJpegSegments(const FileView& file) {
 }
 
 /// Each block of 8 by 8 pixels takes a bit at least.
-bool HoldsJpegPixels(const FileView& file, const PictureSize& size) {
+bool HoldsJpegPixels(const FileView& file, const ImageSize& size) {
   const auto columns = static_cast<std::size_t>((size.width + 7) / 8);
   const auto rows = static_cast<std::size_t>((size.height + 7) / 8);
   return columns * rows <= file.Size() * 8;
 }
 
 /// The uncompressed rows lie within the file.
-bool HoldsBmpPixels(const FileView& file, const PictureSize& size) {
+bool HoldsBmpPixels(const FileView& file, const ImageSize& size) {
   const std::size_t offset = file.Little32(10);
   const std::uint32_t header = file.Little32(14);
   const std::size_t bits = header == 12 ? file.Little16(24) : file.Little16(28);
@@ -160,7 +160,7 @@ std::size_t TgaPixelStart(const FileView& file) {
 }
 
 /// The pixels lie within the file; run-length packets are counted.
-bool HoldsTgaPixels(const FileView& file, const PictureSize& size) {
+bool HoldsTgaPixels(const FileView& file, const ImageSize& size) {
   const std::size_t pixel = (file.Byte(16) + 7) / 8;
   const std::size_t count =
       static_cast<std::size_t>(size.width) * static_cast<std::size_t>(size.height);
@@ -195,7 +195,7 @@ bool IsWellBuilt(const FileView& file) {
 }
 
 /// True when the file is long enough for the size that it states.
-bool HoldsPixels(const FileView& file, const PictureSize& size) {
+bool HoldsPixels(const FileView& file, const ImageSize& size) {
   if (IsPng(file)) return HoldsPngPixels(file, size);
   if (IsJpeg(file)) return HoldsJpegPixels(file, size);
   return IsBmp(file) ? HoldsBmpPixels(file, size) : HoldsTgaPixels(file, size);
@@ -206,11 +206,11 @@ bool HoldsPixels(const FileView& file, const PictureSize& size) {
 std::optional<Image> LoadImage(const std::string& path) {
   const Bytes bytes = ReadBytes(path);
   const FileView file(bytes);
-  PictureSize size;
-  if (bytes.empty() || !IsWellBuilt(file) || !ProbePicture(bytes, &size)) return {};
+  ImageSize size;
+  if (bytes.empty() || !IsWellBuilt(file) || !ProbeImage(bytes, &size)) return {};
   if (!HoldsPixels(file, size)) return {};
   Image image;
-  if (!DecodePicture(bytes, &size, &image.pixels)) return {};
+  if (!DecodeImage(bytes, &size, &image.pixels)) return {};
   image.width = size.width;
   image.height = size.height;
   return image;

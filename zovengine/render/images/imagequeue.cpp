@@ -5,9 +5,9 @@
 namespace ZOVEngine {
 
 ImageQueue::ImageQueue(const std::vector<std::string>& paths) {
-  std::vector<std::packaged_task<Picture()>> tasks;
+  std::vector<std::packaged_task<Result()>> tasks;
   for (const std::string& path : paths) {
-    m_pictures.push_back(tasks.emplace_back([path] { return LoadImage(path); }).get_future());
+    m_images.push_back(tasks.emplace_back([path] { return LoadImage(path); }).get_future());
   }
   m_thread = std::jthread([this, tasks = std::move(tasks)](const std::stop_token& stop) mutable {
     Decode(stop, &tasks);
@@ -21,13 +21,13 @@ ImageQueue::~ImageQueue() {
 }
 
 std::optional<Image> ImageQueue::Take() {
-  Picture picture = m_pictures[m_taken++].get();
+  Result image = m_images[m_taken++].get();
   m_free.release();
-  return picture;
+  return image;
 }
 
 void ImageQueue::Decode(const std::stop_token& stop,
-                        std::vector<std::packaged_task<Picture()>>* tasks) {
+                        std::vector<std::packaged_task<Result()>>* tasks) {
   for (auto& task : *tasks) {
     m_free.acquire();
     if (stop.stop_requested()) return;

@@ -12,12 +12,12 @@
 
 namespace ZOVEngine {
 
-/// Decodes the pictures of a list on a thread of its own, ahead of who takes them.
+/// Decodes the images of a list on a worker thread, ahead of the consumer.
 ///
 /// Decoding is the longest part of the start of the game, and compiling shaders and loading glyphs
-/// need not wait for it. The pictures are those that LoadImage gives; the thread touches nothing
-/// else. It is at most kMostAhead pictures ahead, which bounds the memory. The destructor leaves
-/// out what is not begun yet and waits for the picture in work.
+/// need not wait for it. The worker only calls LoadImage. It is at most kMostAhead images ahead,
+/// which bounds the memory. The destructor skips the images that are not begun yet and waits for
+/// the one that is being decoded.
 class ImageQueue {
  public:
   static constexpr int kMostAhead = 32;
@@ -27,18 +27,18 @@ class ImageQueue {
   ImageQueue& operator=(const ImageQueue&) = delete;
   ~ImageQueue();
 
-  /// The next picture of the list, empty when it cannot be loaded; waits until it is decoded. May
-  /// be called once for each. An exception of the decoding, such as too little memory, comes here.
+  /// The next image of the list, empty when it cannot be loaded; waits until it is decoded. May be
+  /// called once for each image. Rethrows an exception of the decoding, such as std::bad_alloc.
   std::optional<Image> Take();
 
  private:
-  using Picture = std::optional<Image>;
+  using Result = std::optional<Image>;
 
-  void Decode(const std::stop_token& stop, std::vector<std::packaged_task<Picture()>>* tasks);
+  void Decode(const std::stop_token& stop, std::vector<std::packaged_task<Result()>>* tasks);
 
-  std::vector<std::future<Picture>> m_pictures;
+  std::vector<std::future<Result>> m_images;
   std::size_t m_taken = 0;
-  std::counting_semaphore<kMostAhead + 1> m_free{kMostAhead};  ///< places for decoded pictures
+  std::counting_semaphore<kMostAhead + 1> m_free{kMostAhead};  ///< slots for decoded images
   std::jthread m_thread;
 };
 

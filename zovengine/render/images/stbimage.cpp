@@ -1,4 +1,4 @@
-// The one source that compiles the picture decoder, with the four formats that the game's data has.
+// The one source that compiles the image decoder, with the four formats of the game's data.
 #include "render/images/stbimage.h"
 
 #include <cstdlib>
@@ -7,7 +7,7 @@
 
 namespace {
 
-// The largest block that a picture within the size limit needs: 16 bits for each of four channels,
+// The largest block that an image within the size limit needs: 16 bits for each of four channels,
 // and a filter byte for each row. A compressed stream that swells beyond it is refused.
 constexpr std::size_t kLargestBlock =
     8u * static_cast<std::size_t>(ZOVEngine::kMaxImageSide) * ZOVEngine::kMaxImageSide + (1u << 20);
@@ -48,14 +48,14 @@ namespace {
 
 static_assert(STBI_MAX_DIMENSIONS == kMaxImageSide);
 
-bool WithinLimits(const PictureSize& size) {
+bool WithinLimits(const ImageSize& size) {
   return size.width > 0 && size.width <= kMaxImageSide && size.height > 0 &&
          size.height <= kMaxImageSide;
 }
 
 }  // namespace
 
-bool ProbePicture(const std::vector<std::uint8_t>& file, PictureSize* size) {
+bool ProbeImage(const std::vector<std::uint8_t>& file, ImageSize* size) {
   int channels = 0;
   const int known = stbi_info_from_memory(file.data(), static_cast<int>(file.size()), &size->width,
                                           &size->height, &channels);
@@ -64,8 +64,8 @@ bool ProbePicture(const std::vector<std::uint8_t>& file, PictureSize* size) {
   return known != 0 && WithinLimits(*size);
 }
 
-bool DecodePicture(const std::vector<std::uint8_t>& file, PictureSize* size,
-                   std::vector<std::uint8_t>* rgba) {
+bool DecodeImage(const std::vector<std::uint8_t>& file, ImageSize* size,
+                 std::vector<std::uint8_t>* rgba) {
   constexpr int kRgba = 4;
   int channels = 0;
   stbi_uc* pixels = stbi_load_from_memory(file.data(), static_cast<int>(file.size()), &size->width,
