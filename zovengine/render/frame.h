@@ -50,18 +50,13 @@ struct GlyphQuad {
 
 /// A point light as the lit and the instanced program get it, with its position in the world.
 struct LightRecord {
-  Vector3D position;
-  Vector3D ambient;
-  Vector3D diffuse;
-  Vector3D specular;
-  float ambientStr = 0.0f;
-  float diffuseStr = 0.0f;
-  float specularStr = 0.0f;
+  Vector3D position, ambient, diffuse, specular;
+  float ambientStr = 0.0f, diffuseStr = 0.0f, specularStr = 0.0f;
 };
 
 /// One draw of the frame, in plain values.
 ///
-/// The device executes commands as if one after another, each covering what was drawn before with
+/// The device executes commands as if one after another, each covering the draws before it with
 /// source-alpha blending and no depth test. `colour` is the value of `ourColour` (or `textColour`)
 /// and may be far above 1. `texture` is a texture number, the position in the list of textures.
 struct DrawCommand {
@@ -84,15 +79,16 @@ struct DrawCommand {
   std::uint32_t base_vertex = 0;  ///< of kMesh and kOutline, into Frame::vertices
 };
 
-/// The picture of one step as data: what the passes wrote and the device executes.
+/// One frame as data: the passes write it and the device executes it.
 ///
 /// Stacking order is the order of `commands`. Indices are always within `vertices`; the passes
 /// leave out triangles that are not. A frame is kept between steps so that its arrays keep their
 /// memory.
 struct Frame {
-  Matrix4x4 view;                   ///< row-major, as every matrix of the engine
-  Vector3D view_pos;                ///< the view's translation, the same for all commands
-  std::vector<LightRecord> lights;  ///< uniform `size` is their number, whatever a shader can hold
+  Matrix4x4 view;     ///< row-major, as every matrix of the engine
+  Vector3D view_pos;  ///< the view's translation, the same for all commands
+  std::vector<LightRecord>
+      lights;  ///< their number is the uniform `size`, even above a shader's limit
   std::vector<DrawCommand> commands;
   std::vector<MeshVertex> vertices;
   std::vector<std::uint32_t> indices;

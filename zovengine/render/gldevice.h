@@ -19,7 +19,7 @@ struct DeviceCounters {
   std::uint32_t program_binds = 0;
   std::uint32_t texture_binds = 0;
   std::uint32_t vertex_array_binds = 0;
-  std::uint32_t redundant_binds = 0;  ///< binds of what was bound already: always 0
+  std::uint32_t redundant_binds = 0;  ///< binds of a name that was bound already: always 0
 };
 
 /// The narrow interface behind which all OpenGL of the game lives.
@@ -33,7 +33,7 @@ class GLDevice {
  public:
   virtual ~GLDevice() = default;
 
-  /// Loads the GL entry points. Returns an empty string, or a sentence for the user that says what
+  /// Loads the GL entry points. Returns an empty string, or a sentence for the user that names what
   /// the context lacks (the game needs OpenGL 3.3).
   virtual std::string Start() = 0;
 
@@ -50,8 +50,9 @@ class GLDevice {
   virtual std::uint32_t CompileProgram(Program program, const std::string& vertex_source,
                                        const std::string& fragment_source) = 0;
 
-  /// Creates vertex arrays and buffers, and sets what is uploaded once: projection (`ratio`), white
-  /// `ourColour`, and the fixed material. Face culling off, blending on, no depth test.
+  /// Creates vertex arrays and buffers, and sets the values that are uploaded once: projection
+  /// (`ratio`), white `ourColour`, and the fixed material. Face culling off, blending on, no depth
+  /// test.
   virtual void CreateResources(const Matrix4x4& projection) = 0;
 
   /// Makes `image` the texture of number `position`, with mipmaps, repeating. A position that was
@@ -80,7 +81,7 @@ class GLDevice {
 /// `set_swap_interval` sets its interval; both are the platform's.
 std::unique_ptr<GLDevice> MakeGLDevice(void (*swap_buffers)(), void (*set_swap_interval)(int));
 
-/// The device in use; set before the systems are created, null in a program without a picture.
+/// The device in use; set before the systems are created, null in a program that draws nothing.
 extern GLDevice* g_gl_device;
 
 }  // namespace ZOVEngine

@@ -23,20 +23,20 @@ inline constexpr Colour kWhite = {1.0f, 1.0f, 1.0f, 1.0f};
 /// Indices of the shared quad: two triangles.
 inline constexpr std::uint32_t kQuadIndexCount = 6;
 
-/// One vertex stands for the shared quad.
+/// True for a model of exactly one vertex, which stands for the shared quad.
 bool IsSharedQuad(const iModel& model);
 
-/// Writes a frame, one draw after another, and holds what lasts from one draw to the next.
+/// Writes a frame, one draw after another, and holds the state that lasts from draw to draw.
 ///
-/// Three values last, deliberately, since the picture depends on them: the texture bound last, the
-/// shared quad's u values (animations rewrite them; they are kept between sprites and frames, and
-/// tiles, instances and lines show them), and the quad as it was uploaded last, which is what a
-/// draw shows. A draw without a bind or an upload before it repeats what the draw before it used.
-/// The frame's arrays keep their memory, so a steady picture allocates nothing.
+/// Three values last, deliberately, since the frames of the game depend on them: the texture bound
+/// last, the shared quad's u values (animations rewrite them; they are kept between sprites and
+/// frames, and tiles, instances and lines show them), and the quad uploaded last, which a draw
+/// shows. A draw without a bind or an upload before it repeats the state of the draw before it. The
+/// frame's arrays keep their memory, so a steady frame allocates nothing.
 class Painter {
  public:
-  /// Empties the frame. `textures` is where keys are looked up until the next call; the painter
-  /// alone may insert into it meanwhile.
+  /// Empties the frame. Keys are looked up in `textures` until the next call; only the painter may
+  /// insert into it meanwhile.
   void Begin(TextureMap* textures);
 
   /// Binds the texture of `key`; an unknown key becomes known with number 0.
@@ -44,9 +44,9 @@ class Painter {
 
   /// Writes the u values of the shared quad; nothing shows them before UploadQuad.
   void SetQuad(float u_left, float u_right);
-  /// Makes the shared quad what the next draws show.
+  /// Lets the next draws show the shared quad.
   void UploadQuad() { m_uploaded = m_quad; }
-  /// Makes a quad of its own what the next draws show; the shared quad stays as it is.
+  /// Lets the next draws show `window`; the shared quad stays as it is.
   void Upload(const TextureWindow& window) { m_uploaded = window; }
 
   /// Draws the uploaded quad with the bound texture.
@@ -82,7 +82,7 @@ class Painter {
 
   Frame m_frame;
   TextureMap* m_textures = nullptr;
-  TextureMap::iterator m_last_lookup;  ///< spares the look-up of a key that comes again
+  TextureMap::iterator m_last_lookup;  ///< the same key often comes again
   bool m_has_last_lookup = false;
   std::uint32_t m_bound = 0;
   TextureWindow m_quad;

@@ -60,7 +60,7 @@ constexpr float kContactLineWidth = 2.0f;     // (unit: world units)
 constexpr float kContactLineLifeTime = 0.5f;  // (unit: seconds)
 
 float WindowAspect() {
-  ZOV_ASSERT(g_window_system != nullptr, "The picture needs a window system");
+  ZOV_ASSERT(g_window_system != nullptr, "RenderSystem needs a window system");
   const Vector3D& size = g_window_system->m_size;
   return size.x / size.y;
 }
@@ -102,7 +102,7 @@ RenderSystem::~RenderSystem() {
 
 void RenderSystem::Init() {
   std::cout << "Init RenderSystem" << '\n';
-  ZOV_ASSERT(g_gl_device != nullptr, "The picture needs a GL device");
+  ZOV_ASSERT(g_gl_device != nullptr, "RenderSystem needs a GL device");
   {
     JsonDocument document;
     document.Open(kGraphicsConfigPath);

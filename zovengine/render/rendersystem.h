@@ -28,9 +28,9 @@ class iModel;
 template <class T>
 class ComponentManager;
 
-/// One of the four shader programs and where its source texts lie.
+/// One of the four shader programs with the paths of its source texts.
 struct ShaderRecord {
-  std::uint32_t program = 0;  ///< name that the device gave it
+  std::uint32_t program = 0;  ///< its name in the device
   std::string vertex_path;
   std::string fragment_path;
 };

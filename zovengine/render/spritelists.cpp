@@ -18,7 +18,7 @@ namespace {
 
 constexpr std::string_view kInstanced = "instanced";
 
-std::uint32_t TraitOf(ComponentType type) {
+std::uint32_t Trait(ComponentType type) {
   if (type == &typeid(Transform)) return kHasTransform;
   if (type == &typeid(iModel)) return kHasModel;
   if (type == &typeid(Animation)) return kHasAnimation;
@@ -29,9 +29,9 @@ std::uint32_t TraitOf(ComponentType type) {
   return 0;
 }
 
-std::uint32_t TraitsOf(const GameObj& object) {
+std::uint32_t FindTraits(const GameObj& object) {
   std::uint32_t traits = 0;
-  for (const ComponentType type : object.components) traits |= TraitOf(type);
+  for (const ComponentType type : object.components) traits |= Trait(type);
   return traits;
 }
 
@@ -54,12 +54,12 @@ iModel& Sprite::GetModel() const {
 
 void SpriteLists::Fill(ComponentArray<Render> components) {
   for (auto* list : {&tiles, &instances, &hazards, &world, &interface}) list->clear();
-  // Objects of one kind come in rows: clones of an archetype have the same list of components.
+  // Clones of an archetype, which have equal lists of components, stand in rows.
   const GameObj* last = nullptr;
   std::uint32_t traits = 0;
   for (Render* render : components) {
     const GameObj& object = *render->m_owner;
-    if (last == nullptr || last->components != object.components) traits = TraitsOf(object);
+    if (last == nullptr || last->components != object.components) traits = FindTraits(object);
     last = &object;
     const Sprite sprite{render, traits};
     if ((sprite.traits & kHasParticle) != 0 && render->m_shader == kInstanced) {

@@ -11,7 +11,7 @@ class Render;
 class Transform;
 class iModel;
 
-/// What a sprite's object has that its passes ask for; bits of Sprite::traits.
+/// Components of a sprite's object that the passes ask for; bits of Sprite::traits.
 enum SpriteTrait : std::uint32_t {
   kHasTransform = 1u << 0,
   kHasModel = 1u << 1,
@@ -22,7 +22,7 @@ enum SpriteTrait : std::uint32_t {
   kHasCollider = 1u << 6,
 };
 
-/// A Render component together with what its object has.
+/// A Render component with the traits of its object.
 struct Sprite {
   Render* render = nullptr;
   std::uint32_t traits = 0;

@@ -13,7 +13,7 @@ namespace {
 
 constexpr Colour kVanished = {0.0f, 0.0f, 0.0f, 0.0f};
 
-/// What the states of one step share.
+/// The object of one step with the values that all states share.
 struct Step {
   Render& render;
   Animation& animation;
@@ -36,7 +36,7 @@ void ShowFrame(const Step& step, std::uint32_t frames) {
   step.painter.SetQuad(left, left + FrameWidth(frames));
 }
 
-/// Goes on to the next frame when this one has stood its time. True when the last one is over.
+/// Goes on to the next frame when the time of this one is over. True when it was the last one.
 bool Tick(const Step& step, std::uint32_t frames) {
   Animation& a = step.animation;
   if (!(a.m_timer < a.m_time_per_frame)) {
@@ -52,7 +52,7 @@ void Rewind(const Step& step, const char* next_state) {
   step.state = next_state;
 }
 
-/// Draws what the quad says once more, but from the plain texture.
+/// Uploads the quad as it is, over the plain texture, and ends the animation.
 void FinishOverPlainTexture(const Step& step) {
   step.painter.BindTexture(step.render.m_tex);
   step.painter.UploadQuad();
@@ -108,7 +108,7 @@ bool Loop(const Step& step) {
   step.render.m_visible = true;
   const std::uint32_t frames = step.animation.m_loop_frames;
   ShowFrame(step, frames);
-  // Hazards of this name share one sheet, whatever their data says.
+  // Deliberately, hazards of this name share one sheet, whatever their data says.
   const bool hazard = step.render.m_owner->name == kHazardName;
   step.painter.BindTexture(hazard ? kHazardSheet : step.animation.m_loop);
   if (!Tick(step, frames)) return false;

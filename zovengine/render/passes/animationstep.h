@@ -12,7 +12,7 @@ class Render;
 /// "spawn" plays once. "death" plays once, then hides the object and switches it and its children
 /// off. "once" plays once, after which a Player or an Enemy is back to its plain sprite and
 /// anything else has vanished. "loop" goes on. All but "loop" end in the state "default". A state
-/// that is none of these binds nothing, so the object shows what was bound last.
+/// that is none of these binds nothing, so the object shows the texture bound last.
 void AnimationStep(Render& render, float dt, Painter& painter);
 
 }  // namespace ZOVEngine

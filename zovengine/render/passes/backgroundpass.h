@@ -6,8 +6,8 @@ namespace ZOVEngine {
 
 class Painter;
 
-/// Draws the texture of the key `texture` five times each way over a lit field that is fixed in the
-/// world, round the origin.
+/// Draws the texture of the key `texture` five times in each direction over a lit field, fixed in
+/// the world, round the origin.
 void BackgroundPass(const std::string& texture, Painter& painter);
 
 }  // namespace ZOVEngine
