@@ -6,7 +6,7 @@ namespace carapace_test {
 
 using ZOVEngine::TextureUnits;
 
-TEST(GLTextures, EightTexturesFitIntoARunAndANinthDoesNot) {
+TEST(TextureUnitsTest, EightTexturesFitIntoARunAndANinthDoesNot) {
   TextureUnits units;
   units.StartFrame();
   units.StartRun();
@@ -18,7 +18,7 @@ TEST(GLTextures, EightTexturesFitIntoARunAndANinthDoesNot) {
   EXPECT_EQ(units.Take(12), 2);
 }
 
-TEST(GLTextures, WhatIsOnAUnitIsNotBoundAgain) {
+TEST(TextureUnitsTest, WhatIsOnAUnitIsNotBoundAgain) {
   TextureUnits units;
   units.StartRun();
   const int unit = units.Take(5);
@@ -29,14 +29,14 @@ TEST(GLTextures, WhatIsOnAUnitIsNotBoundAgain) {
   EXPECT_TRUE(units.Binds().empty());
 }
 
-TEST(GLTextures, TextureZeroIsOnEveryUnitFromTheStart) {
+TEST(TextureUnitsTest, TextureZeroIsOnEveryUnitFromTheStart) {
   TextureUnits units;
   units.StartRun();
   EXPECT_GE(units.Take(0), 0);
   EXPECT_TRUE(units.Binds().empty());
 }
 
-TEST(GLTextures, OnlyWhatWasNotedAsOpaqueLastIsOpaque) {
+TEST(TextureUnitsTest, OnlyWhatWasNotedAsOpaqueLastIsOpaque) {
   TextureUnits units;
   EXPECT_FALSE(units.IsOpaque(0));
   units.NoteOpaque(7, true);
@@ -49,7 +49,7 @@ TEST(GLTextures, OnlyWhatWasNotedAsOpaqueLastIsOpaque) {
   EXPECT_FALSE(units.IsOpaque(4000000000u));
 }
 
-TEST(GLTextures, TheLeastRecentlyUsedTextureGivesWay) {
+TEST(TextureUnitsTest, TheLeastRecentlyUsedTextureGivesWay) {
   TextureUnits units;
   units.StartRun();
   for (GLuint texture = 1; texture <= 8; ++texture) units.Take(texture);
@@ -60,7 +60,7 @@ TEST(GLTextures, TheLeastRecentlyUsedTextureGivesWay) {
   EXPECT_EQ(units.Take(1), kept);
 }
 
-TEST(GLTextures, ATextureOfTheSameShapeGivesWayFirst) {
+TEST(TextureUnitsTest, ATextureOfTheSameShapeGivesWayFirst) {
   TextureUnits units;
   for (GLuint texture = 1; texture <= 9; ++texture) {
     units.NoteSize(texture, texture == 6 || texture == 9 ? 100 : 64, 64);
@@ -71,7 +71,7 @@ TEST(GLTextures, ATextureOfTheSameShapeGivesWayFirst) {
   EXPECT_EQ(units.Take(9), 5);
 }
 
-TEST(GLTextures, AUnitCanBeTakenByNumber) {
+TEST(TextureUnitsTest, AUnitCanBeTakenByNumber) {
   TextureUnits units;
   units.StartRun();
   units.TakeUnit(0, 42);

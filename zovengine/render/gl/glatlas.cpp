@@ -9,7 +9,7 @@ namespace {
 
 constexpr GLuint kFirstPage = 0x70000000u;
 constexpr int kPageSide = 512;
-constexpr int kBorder = 1;  // texels of edge copied around a glyph
+constexpr int kBorder = 1;  // (unit: texels)
 
 /// The bitmap with its edge texels repeated once outwards on all sides.
 std::vector<std::uint8_t> WithBorder(int width, int height, const std::uint8_t* coverage) {
@@ -29,8 +29,8 @@ std::vector<std::uint8_t> WithBorder(int width, int height, const std::uint8_t* 
 }  // namespace
 
 std::uint32_t GlyphAtlas::Add(GLState& state, int width, int height, const std::uint8_t* coverage) {
-  Spot& spot = m_spots.emplace_back();
-  const auto number = static_cast<std::uint32_t>(m_spots.size());
+  GlyphRectangle& rectangle = m_rectangles.emplace_back();
+  const auto number = static_cast<std::uint32_t>(m_rectangles.size());
   if (width <= 0 || height <= 0 || !coverage) return number;
   const int wide = width + 2 * kBorder;
   const int high = height + 2 * kBorder;
@@ -46,14 +46,14 @@ std::uint32_t GlyphAtlas::Add(GLState& state, int width, int height, const std::
   const auto across = [this](int texel) {
     return static_cast<float>(texel) / static_cast<float>(m_side);
   };
-  spot = {m_page, across(left + kBorder), across(left + kBorder + width), across(top + kBorder),
-          across(top + kBorder + height)};
+  rectangle = {m_page, across(left + kBorder), across(left + kBorder + width),
+               across(top + kBorder), across(top + kBorder + height)};
   return number;
 }
 
-const GlyphAtlas::Spot& GlyphAtlas::Find(std::uint32_t glyph) const {
-  static const Spot kNowhere;
-  return glyph == 0 || glyph > m_spots.size() ? kNowhere : m_spots[glyph - 1];
+const GlyphRectangle& GlyphAtlas::Find(std::uint32_t glyph) const {
+  static const GlyphRectangle kNone;
+  return glyph == 0 || glyph > m_rectangles.size() ? kNone : m_rectangles[glyph - 1];
 }
 
 void GlyphAtlas::OpenPage(GLState& state, int needed_side) {

@@ -22,14 +22,14 @@ struct Edge {
 };
 
 Edge EdgeTo(const StreamVertex corners[4], int corner) {
-  return {corners[corner].place[0] - corners[0].place[0],
-          corners[corner].place[1] - corners[0].place[1]};
+  return {corners[corner].position[0] - corners[0].position[0],
+          corners[corner].position[1] - corners[0].position[1]};
 }
 
 /// The stretch of an edge along an axis that lies within the lit box, as a share of the edge.
 Span LitSpan(const StreamVertex& origin, const Edge& edge, const WorldBox& lit) {
   const bool level = edge.y == 0.0f;
-  const float start = level ? origin.place[0] : origin.place[1];
+  const float start = level ? origin.position[0] : origin.position[1];
   const float length = level ? edge.x : edge.y;
   const float a = ((level ? lit.left : lit.bottom) - start) / length;
   const float b = ((level ? lit.right : lit.top) - start) / length;
@@ -60,7 +60,8 @@ float Between(const float* a, const float* b, const float* d, float s, float t) 
 void PlaceCorner(const StreamVertex corners[4], float s, float t, StreamVertex* out) {
   *out = corners[0];
   for (int i = 0; i < 3; ++i) {
-    out->place[i] = Between(&corners[0].place[i], &corners[1].place[i], &corners[3].place[i], s, t);
+    out->position[i] =
+        Between(&corners[0].position[i], &corners[1].position[i], &corners[3].position[i], s, t);
   }
   for (int i = 0; i < 2; ++i) {
     out->uv[i] = Between(&corners[0].uv[i], &corners[1].uv[i], &corners[3].uv[i], s, t);
@@ -74,13 +75,14 @@ bool ClosesEvenly(const float* a, const float* b, const float* c, const float* d
 
 }  // namespace
 
-WorldBox BoundsOf(const StreamVertex* vertices, std::size_t count) {
-  WorldBox box{vertices->place[0], vertices->place[0], vertices->place[1], vertices->place[1]};
+WorldBox Bounds(const StreamVertex* vertices, std::size_t count) {
+  WorldBox box{vertices->position[0], vertices->position[0], vertices->position[1],
+               vertices->position[1]};
   for (std::size_t i = 1; i < count; ++i) {
-    box.left = std::min(box.left, vertices[i].place[0]);
-    box.right = std::max(box.right, vertices[i].place[0]);
-    box.bottom = std::min(box.bottom, vertices[i].place[1]);
-    box.top = std::max(box.top, vertices[i].place[1]);
+    box.left = std::min(box.left, vertices[i].position[0]);
+    box.right = std::max(box.right, vertices[i].position[0]);
+    box.bottom = std::min(box.bottom, vertices[i].position[1]);
+    box.top = std::max(box.top, vertices[i].position[1]);
   }
   return box;
 }
@@ -95,12 +97,12 @@ bool CellCutter::CanCut(const StreamVertex corners[4]) {
     return ClosesEvenly(part, part + step, part + 2 * step, part + 3 * step);
   };
   const StreamVertex& origin = corners[0];
-  return even(&origin.place[0]) && even(&origin.place[1]) && even(&origin.place[2]) &&
+  return even(&origin.position[0]) && even(&origin.position[1]) && even(&origin.position[2]) &&
          even(&origin.uv[0]) && even(&origin.uv[1]);
 }
 
 const std::vector<LitCell>& CellCutter::Cut(const StreamVertex corners[4], LightField* lights) {
-  const WorldBox box = BoundsOf(corners, 4);
+  const WorldBox box = Bounds(corners, 4);
   const Edge first = EdgeTo(corners, 1);
   const Edge last = EdgeTo(corners, 3);
   const WorldBox lit = lights->LitPart(box);
@@ -121,7 +123,7 @@ void CellCutter::AddRow(const StreamVertex corners[4], const LightField& lights,
     LitCell cell{m_across[i - 1], m_across[i], t0, t1, {}};
     StreamVertex ends[4];
     PlaceCell(corners, cell, ends);
-    cell.near = lights.NearAmong(BoundsOf(ends, 4));
+    cell.near = lights.NearAmong(Bounds(ends, 4));
     if (m_cells.size() > row && m_cells.back().near == cell.near) {
       m_cells.back().s1 = cell.s1;
     } else {

@@ -24,7 +24,7 @@ namespace {
 constexpr double kFieldOfView = 45.0;  // (unit: degrees)
 constexpr double kNearPlane = 1.0;
 constexpr double kFarPlane = 1000.0;
-/// What glewInit answers in a context that is not GLX's, with all entry points loaded.
+/// The answer of glewInit in a context that is not GLX's, with all entry points loaded.
 constexpr GLenum kNoGlxDisplay = 4;
 
 enum Attribute : GLuint { kPosition = 0, kUv = 1, kModel = 2, kTint = 6, kUnit = 7, kNear = 8 };
@@ -34,13 +34,13 @@ const void* Offset(std::size_t bytes) {
   return reinterpret_cast<const void*>(bytes);  // NOLINT(performance-no-int-to-ptr)
 }
 
-std::string TextOf(GLenum what) {
-  const GLubyte* text = glGetString(what);
+std::string DriverText(GLenum name) {
+  const GLubyte* text = glGetString(name);
   return text ? reinterpret_cast<const char*>(text) : "";
 }
 
-/// Textures are bound by their number in the game's list. Taken here, these names are nobody
-/// else's.
+/// Textures are bound by their number in the game's list. Reserving these names here keeps other
+/// code from getting them.
 void ReserveTextureNames() {
   std::array<GLuint, kMaxTextures> names;
   glGenTextures(static_cast<GLsizei>(names.size()), names.data());
@@ -101,7 +101,7 @@ class RealGLDevice final : public GLDevice {
   Matrix4x4 m_projection;
   std::uint64_t m_projection_number = 0;
   std::uint64_t m_frame_number = 0;
-  std::vector<float> m_lamps;
+  std::vector<float> m_packed_lights;
   bool m_ready = false;
   GLuint m_sprite_array = 0, m_instance_array = 0;
   GLuint m_vertex_buffer = 0, m_index_buffer = 0, m_instance_buffer = 0;
@@ -124,7 +124,7 @@ std::string RealGLDevice::Start() {
     return "";
   }
   return "The game needs OpenGL 3.3, but the graphics driver offers only version " +
-         TextOf(GL_VERSION) + ".";
+         DriverText(GL_VERSION) + ".";
 }
 
 void RealGLDevice::ResetViewport(int width, int height, double aspect) {
@@ -171,14 +171,14 @@ void RealGLDevice::UploadTexture(std::uint32_t position, const Image& image) {
                image.pixels.data());
   m_units.NoteSize(position, image.width, image.height);
   m_units.NoteOpaque(position, IsOpaque(image));
-  // Who replaces a texture may have it on a unit already, as every unit has texture 0 at first.
+  // A texture that is replaced may be on a unit already, as texture 0 is on every unit at first.
   const bool known = position == 0 || !m_uploaded.insert(position).second;
   if (known) glGenerateMipmap(GL_TEXTURE_2D);
   if (!known) m_without_mipmaps.insert(position);
 }
 
-/// Mipmaps are made when a texture is bound for the first time: most of a start's textures are not
-/// for its first picture.
+/// Mipmaps are made when a texture is bound for the first time: the first frame needs few of the
+/// textures that a start uploads.
 void RealGLDevice::MakeMipmaps(GLuint texture) {
   if (m_without_mipmaps.erase(texture) == 0) return;
   m_state.UseTexture(kUploadUnit, texture);
@@ -196,7 +196,7 @@ void RealGLDevice::Execute(const Frame& frame) {
   if (!m_ready) return;
   ++m_frame_number;
   m_planner.Plan(frame, m_reaches, m_projection);
-  PackLamps(frame.lights, &m_lamps);
+  PackLights(frame.lights, &m_packed_lights);
   UploadPlan();
   for (const DrawRun& run : m_planner.Runs()) Draw(run, frame);
 }
@@ -219,7 +219,7 @@ bool RealGLDevice::PicksByNumber() const {
   }
   // A software rasteriser pays for all branches of a comparison chain, and shades a triangle apart
   // from others, so that indexing is safe there.
-  return GLEW_ARB_gpu_shader5 && TextOf(GL_RENDERER).find("llvmpipe") != std::string::npos;
+  return GLEW_ARB_gpu_shader5 && DriverText(GL_RENDERER).find("llvmpipe") != std::string::npos;
 }
 
 void RealGLDevice::CreateSpriteArray() {
@@ -244,7 +244,7 @@ void RealGLDevice::CreateInstanceArray() {
   PointAtInstances(0);
 }
 
-/// Of the array in use: the index buffer, place and texture coordinates.
+/// Sets the index buffer, positions and texture coordinates of the array in use.
 void RealGLDevice::PointAtVertices() {
   glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, m_index_buffer);
   m_state.UseArrayBuffer(m_vertex_buffer);
@@ -252,11 +252,11 @@ void RealGLDevice::PointAtVertices() {
   glEnableVertexAttribArray(kUv);
   const GLsizei stride = sizeof(StreamVertex);
   glVertexAttribPointer(kPosition, 3, GL_FLOAT, GL_FALSE, stride,
-                        Offset(offsetof(StreamVertex, place)));
+                        Offset(offsetof(StreamVertex, position)));
   glVertexAttribPointer(kUv, 2, GL_FLOAT, GL_FALSE, stride, Offset(offsetof(StreamVertex, uv)));
 }
 
-/// Of the instance array, which is in use: the records from `first` on.
+/// Points the instance array, which is in use, at the records from `first` on.
 void RealGLDevice::PointAtInstances(std::uint32_t first) {
   m_pointed_instance = first;
   m_state.UseArrayBuffer(m_instance_buffer);
@@ -315,7 +315,8 @@ void RealGLDevice::Prepare(const DrawRun& run, const Frame& frame) {
     if (run.plain) {
       program.SetLights(frame.lights);
     } else {
-      program.SetLamps(std::min(static_cast<int>(frame.lights.size()), kMaxLights), m_lamps);
+      program.SetPackedLights(std::min(static_cast<int>(frame.lights.size()), kMaxLights),
+                              m_packed_lights);
     }
   }
   if (!run.plain) program.SetUnit(run.unit);

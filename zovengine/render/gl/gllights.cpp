@@ -10,17 +10,17 @@ std::size_t SeenLights(const std::vector<LightRecord>& lights) {
   return std::min(lights.size(), static_cast<std::size_t>(kMaxLights));
 }
 
-void Append(std::vector<float>* lamps, const Vector3D& xyz, float w) {
-  lamps->insert(lamps->end(), {xyz.x, xyz.y, xyz.z, w});
+void Append(std::vector<float>* packed, const Vector3D& xyz, float w) {
+  packed->insert(packed->end(), {xyz.x, xyz.y, xyz.z, w});
 }
 
 }  // namespace
 
-void NearLights::Add(std::size_t lamp) {
-  if (count < kNearLamps) {
+void NearLights::Add(std::size_t light) {
+  if (count < kNearLights) {
     const int shift = 8 * (count % 4);
     std::uint32_t& word = packed[count / 4];
-    word = (word & ~(255u << shift)) | static_cast<std::uint32_t>(lamp) << shift;
+    word = (word & ~(255u << shift)) | static_cast<std::uint32_t>(light) << shift;
   }
   ++count;
 }
@@ -29,21 +29,21 @@ LightClass NearLights::Class() const {
   if (count == 0) return LightClass::kNone;
   if (count <= 2) return LightClass::kTwo;
   if (count <= 4) return LightClass::kFour;
-  return count <= kNearLamps ? LightClass::kEight : LightClass::kEvery;
+  return count <= kNearLights ? LightClass::kEight : LightClass::kEvery;
 }
 
 void LightField::Gather(const std::vector<LightRecord>& lights, float reach) {
   m_reach = reach;
-  m_places.clear();
+  m_lights.clear();
   for (std::size_t i = 0; i < SeenLights(lights); ++i) {
-    m_places.push_back({lights[i].position.x, lights[i].position.y, static_cast<std::uint32_t>(i)});
+    m_lights.push_back({lights[i].position.x, lights[i].position.y, static_cast<std::uint32_t>(i)});
   }
 }
 
 NearLights LightField::Near(const WorldBox& box) const {
   NearLights near;
-  for (const Place& place : m_places) {
-    if (Meets(place, box)) near.Add(place.number);
+  for (const Entry& light : m_lights) {
+    if (Meets(light, box)) near.Add(light.number);
   }
   return near;
 }
@@ -51,46 +51,46 @@ NearLights LightField::Near(const WorldBox& box) const {
 WorldBox LightField::LitPart(const WorldBox& box) const {
   if (m_reach <= 0.0f) return box;
   WorldBox lit{box.right, box.left, box.top, box.bottom};
-  for (const Place& place : m_places) {
-    if (!Meets(place, box)) continue;
-    lit.left = std::max(box.left, std::min(lit.left, place.x - m_reach));
-    lit.right = std::min(box.right, std::max(lit.right, place.x + m_reach));
-    lit.bottom = std::max(box.bottom, std::min(lit.bottom, place.y - m_reach));
-    lit.top = std::min(box.top, std::max(lit.top, place.y + m_reach));
+  for (const Entry& light : m_lights) {
+    if (!Meets(light, box)) continue;
+    lit.left = std::max(box.left, std::min(lit.left, light.x - m_reach));
+    lit.right = std::min(box.right, std::max(lit.right, light.x + m_reach));
+    lit.bottom = std::max(box.bottom, std::min(lit.bottom, light.y - m_reach));
+    lit.top = std::min(box.top, std::max(lit.top, light.y + m_reach));
   }
   return lit;
 }
 
 void LightField::Narrow(const WorldBox& box) {
   m_narrowed.clear();
-  for (const Place& place : m_places) {
-    if (Meets(place, box)) m_narrowed.push_back(place);
+  for (const Entry& light : m_lights) {
+    if (Meets(light, box)) m_narrowed.push_back(light);
   }
 }
 
 NearLights LightField::NearAmong(const WorldBox& box) const {
   NearLights near;
-  for (const Place& place : m_narrowed) {
-    if (Meets(place, box)) near.Add(place.number);
+  for (const Entry& light : m_narrowed) {
+    if (Meets(light, box)) near.Add(light.number);
   }
   return near;
 }
 
-bool LightField::Meets(const Place& place, const WorldBox& box) const {
+bool LightField::Meets(const Entry& light, const WorldBox& box) const {
   if (m_reach <= 0.0f) return true;
-  const float dx = place.x - std::clamp(place.x, box.left, box.right);
-  const float dy = place.y - std::clamp(place.y, box.bottom, box.top);
+  const float dx = light.x - std::clamp(light.x, box.left, box.right);
+  const float dy = light.y - std::clamp(light.y, box.bottom, box.top);
   return !(dx * dx + dy * dy > m_reach * m_reach);
 }
 
-void PackLamps(const std::vector<LightRecord>& lights, std::vector<float>* lamps) {
-  lamps->clear();
+void PackLights(const std::vector<LightRecord>& lights, std::vector<float>* packed) {
+  packed->clear();
   for (std::size_t i = 0; i < SeenLights(lights); ++i) {
     const LightRecord& light = lights[i];
     const Vector3D gloss = light.specular * light.specularStr * kMaterialSpecular;
-    Append(lamps, light.position, gloss.x);
-    Append(lamps, light.ambient * light.ambientStr, gloss.y);
-    Append(lamps, light.diffuse * light.diffuseStr, gloss.z);
+    Append(packed, light.position, gloss.x);
+    Append(packed, light.ambient * light.ambientStr, gloss.y);
+    Append(packed, light.diffuse * light.diffuseStr, gloss.z);
   }
 }
 

@@ -6,8 +6,8 @@
 
 namespace ZOVEngine {
 
-/// How a device does its work, for tests and benchmarks that compare one way with another. The
-/// picture is the same whatever is chosen; the game takes the defaults.
+/// How a device draws, for tests and benchmarks that compare the alternatives. All of them draw the
+/// same pixels; the game takes the defaults.
 struct GLOptions {
   /// How a fragment picks its texture among those of the units.
   enum class TextureChoice {
@@ -20,7 +20,7 @@ struct GLOptions {
   bool stream = true;  ///< false: a draw call for every command, its values set as uniforms
 };
 
-/// MakeGLDevice with other ways than the usual ones.
+/// MakeGLDevice with options other than the defaults.
 std::unique_ptr<GLDevice> MakeGLDeviceWith(const GLOptions& options, void (*swap_buffers)(),
                                            void (*set_swap_interval)(int));
 

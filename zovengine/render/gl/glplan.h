@@ -11,13 +11,13 @@
 
 namespace ZOVEngine {
 
-/// A vertex as the streamed programs take it. Plain programs use place and texture coordinates
+/// A vertex as the streamed programs take it. Plain programs use position and texture coordinates
 /// only.
 struct StreamVertex {
-  float place[3];
+  float position[3];  ///< in the world; of a plain run, in the object's own space
   float uv[2];
   float tint[4];
-  float unit;             ///< from which the texture is sampled
+  float unit;             ///< texture unit that the sprite samples
   std::uint32_t near[2];  ///< see NearLights
 };
 
@@ -26,10 +26,10 @@ struct InstanceRecord {
   float columns[16];  ///< of the model matrix
 };
 
-/// A draw call: a stretch of the frame's index buffer and what must be set before it.
+/// A draw call: a stretch of the frame's index buffer and the state that it needs.
 struct DrawRun {
   GLProgram* program = nullptr;
-  const DrawCommand* command = nullptr;  ///< whose values are set as uniforms; null when streamed
+  const DrawCommand* command = nullptr;  ///< its values become uniforms; null when streamed
   bool plain = false;                    ///< `program` is in its plain form
   GLenum mode = GL_TRIANGLES;
   std::uint32_t first_index = 0;
@@ -38,11 +38,11 @@ struct DrawRun {
   std::size_t bind_count = 0;
   std::uint32_t first_instance = 0;
   std::uint32_t instance_count = 0;  ///< 0: not instanced
-  int unit = 0;                      ///< from which a program of one texture samples
+  int unit = 0;                      ///< texture unit that a program of one texture samples
   GLuint glyph_page = 0;             ///< 0: no text
 };
 
-/// A growing array whose memory is kept, for records that are written field by field in place.
+/// A growing array that keeps its memory, for records that are written field by field in place.
 template <typename T>
 class Stream {
  public:

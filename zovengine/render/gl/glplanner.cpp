@@ -8,12 +8,11 @@ namespace ZOVEngine {
 namespace {
 
 constexpr std::uint32_t kQuadPattern[6] = {0, 1, 3, 1, 2, 3};
-/// Sprites up to this area join a run that evaluates more lamps than they need, which is cheaper
+/// Sprites up to this area join a run that evaluates more lights than they need, which is cheaper
 /// than a draw call (unit: square world units).
 constexpr float kSmallArea = 48.0f * 48.0f;
 
-/// A quad from this size on can be the ground, of which what is hidden is left out; a quarter of
-/// the screen (unit: areas of the screen box).
+/// The smallest area of the background: a quarter of the screen, which is 2 by 2 in clip space.
 constexpr float kLargeOnScreen = 1.0f;
 
 /// The three matrices of a command, applied in the shaders' order.
@@ -56,9 +55,9 @@ void UnitQuad(const TextureWindow& window, StreamVertex out[4]) {
   constexpr float kX[4] = {0.5f, 0.5f, -0.5f, -0.5f};
   constexpr float kY[4] = {0.5f, -0.5f, -0.5f, 0.5f};
   for (int i = 0; i < 4; ++i) {
-    out[i].place[0] = kX[i];
-    out[i].place[1] = kY[i];
-    out[i].place[2] = 0.0f;
+    out[i].position[0] = kX[i];
+    out[i].position[1] = kY[i];
+    out[i].position[2] = 0.0f;
     out[i].uv[0] = kX[i] > 0.0f ? window.u_right : window.u_left;
     out[i].uv[1] = kY[i] > 0.0f ? window.v_top : window.v_bottom;
   }
@@ -68,16 +67,16 @@ void PlaceQuad(const DrawCommand& command, StreamVertex out[4]) {
   UnitQuad(command.window, out);
   const Placer placer(command.placement);
   for (int i = 0; i < 4; ++i) {
-    placer.Place(out[i].place[0], out[i].place[1], 0.0f, out[i].place);
+    placer.Place(out[i].position[0], out[i].position[1], 0.0f, out[i].position);
     SetTint(out + i, command.colour);
   }
 }
 
-float AreaOf(const WorldBox& box) {
+float Area(const WorldBox& box) {
   return (box.right - box.left) * (box.top - box.bottom);
 }
 
-WorldBox BoundsOf(const Placement& upright) {
+WorldBox Bounds(const Placement& upright) {
   const float wide = 0.5f * std::abs(upright.scale.x);
   const float high = 0.5f * std::abs(upright.scale.y);
   const Vector3D& middle = upright.translate;
@@ -94,19 +93,19 @@ bool IsUprightQuad(const DrawCommand& command) {
   return command.kind == DrawCommand::Kind::kQuad && command.placement.rotate_radians == 0.0f;
 }
 
-WorldBox BoundsOf(const Matrix4x4& model) {
+WorldBox Bounds(const Matrix4x4& model) {
   const float wide = 0.5f * (std::abs(model.m[0]) + std::abs(model.m[1]));
   const float high = 0.5f * (std::abs(model.m[4]) + std::abs(model.m[5]));
   return {model.m[3] - wide, model.m[3] + wide, model.m[7] - high, model.m[7] + high};
 }
 
-/// A corner of the unit quad, which is flat, where `model` puts it; without its tint and its unit,
-/// which instances do not have of their own.
+/// Places a corner of the unit quad by `model`. The quad is flat, so its z plays no part; tint and
+/// texture unit stay unset, because instances share theirs.
 void PlaceCorner(const Matrix4x4& model, const StreamVertex& corner, StreamVertex* out) {
-  const float x = corner.place[0];
-  const float y = corner.place[1];
+  const float x = corner.position[0];
+  const float y = corner.position[1];
   for (int i = 0; i < 3; ++i) {
-    out->place[i] = model.at[i][0] * x + model.at[i][1] * y + model.at[i][3];
+    out->position[i] = model.at[i][0] * x + model.at[i][1] * y + model.at[i][3];
   }
   std::copy_n(corner.uv, 2, out->uv);
 }
@@ -121,7 +120,7 @@ void Transpose(const Matrix4x4& matrix, float columns[16]) {
 
 void FramePlanner::Plan(const Frame& frame, const Reaches& reaches, const Matrix4x4& projection) {
   Reset(frame, reaches);
-  FindGround(projection);
+  FindBackground(projection);
   for (const DrawCommand& command : frame.commands) Add(command);
   CloseRun();
 }
@@ -137,32 +136,32 @@ void FramePlanner::Reset(const Frame& frame, const Reaches& reaches) {
   m_run_open = m_streamed_run_open = false;
 }
 
-void FramePlanner::FindGround(const Matrix4x4& projection) {
+void FramePlanner::FindBackground(const Matrix4x4& projection) {
   m_screen = ScreenMap(projection, m_frame->view);
-  m_ground = nullptr;
+  m_background = nullptr;
   const std::vector<DrawCommand>& commands = m_frame->commands;
-  for (std::size_t i = 0; i < commands.size() && !m_ground; ++i) {
+  for (std::size_t i = 0; i < commands.size() && !m_background; ++i) {
     const Placement& at = commands[i].placement;
     ScreenBox box;
     if (!IsUprightQuad(commands[i])) continue;
-    if (!m_screen.Find(BoundsOf(at), at.translate.z, &box)) continue;
+    if (!m_screen.Find(Bounds(at), at.translate.z, &box)) continue;
     if (!(AreaOnScreen(box) >= kLargeOnScreen)) continue;
-    m_ground = &commands[i];
-    GatherCover(i + 1);
+    m_background = &commands[i];
+    GatherOccluders(i + 1);
   }
 }
 
-void FramePlanner::GatherCover(std::size_t first) {
-  m_cover.Clear();
+void FramePlanner::GatherOccluders(std::size_t first) {
+  m_occluders.Clear();
   for (std::size_t i = first; i < m_frame->commands.size(); ++i) {
     const DrawCommand& command = m_frame->commands[i];
     ScreenBox box;
     if (IsOpaque(command) &&
-        m_screen.Find(BoundsOf(command.placement), command.placement.translate.z, &box)) {
-      m_cover.Add(box);
+        m_screen.Find(Bounds(command.placement), command.placement.translate.z, &box)) {
+      m_occluders.Add(box);
     }
   }
-  m_cover.Build();
+  m_occluders.Build();
 }
 
 void FramePlanner::Add(const DrawCommand& command) {
@@ -188,14 +187,14 @@ void FramePlanner::AddQuad(const DrawCommand& command) {
 }
 
 void FramePlanner::AddMesh(const DrawCommand& command, GLenum mode) {
-  const std::uint32_t count = VertexCountOf(command);
+  const std::uint32_t count = CountVertices(command);
   if (count == 0) return;
   if (!StreamsSprites(command.program)) return AddPlainMesh(command, mode, count);
   StreamVertex* vertices = m_vertices.Grab(count);
   const Placer placer(command.placement);
   const MeshVertex* mesh = m_frame->vertices.data() + command.base_vertex;
   for (std::uint32_t i = 0; i < count; ++i) {
-    placer.Place(mesh[i].position.x, mesh[i].position.y, mesh[i].position.z, vertices[i].place);
+    placer.Place(mesh[i].position.x, mesh[i].position.y, mesh[i].position.z, vertices[i].position);
     vertices[i].uv[0] = mesh[i].u;
     vertices[i].uv[1] = mesh[i].v;
     SetTint(vertices + i, command.colour);
@@ -211,27 +210,27 @@ void FramePlanner::AddMesh(const DrawCommand& command, GLenum mode) {
 
 void FramePlanner::AddText(const DrawCommand& command) {
   if (command.first + std::size_t{command.count} > m_frame->glyphs.size()) return;
-  if (!SetOf(Program::kFont).Plain()) return;
+  if (!Forms(Program::kFont).Plain()) return;
   GLuint page = 0;
   for (std::uint32_t i = 0; i < command.count; ++i) {
     const GlyphQuad& glyph = m_frame->glyphs[command.first + i];
-    const GlyphAtlas::Spot& spot = m_atlas->Find(glyph.texture);
-    if (spot.page == 0) continue;
-    if (spot.page != page) OpenTextRun(command, page = spot.page);
-    AddGlyph(glyph, spot, command.colour);
+    const GlyphRectangle& rectangle = m_atlas->Find(glyph.texture);
+    if (rectangle.page == 0) continue;
+    if (rectangle.page != page) OpenTextRun(command, page = rectangle.page);
+    AddGlyph(glyph, rectangle, command.colour);
   }
 }
 
 void FramePlanner::AddInstances(const DrawCommand& command) {
-  if (command.count == 0 || !SetOf(Program::kInstance).Plain()) return;
+  if (command.count == 0 || !Forms(Program::kInstance).Plain()) return;
   if (command.first + std::size_t{command.count} > m_frame->instances.size()) return;
-  GLProgram* program = SetOf(Program::kInstance).Streamed(LightClass::kEvery, true);
+  GLProgram* program = Forms(Program::kInstance).Streamed(LightClass::kEvery, true);
   if (!program) return AddPlainInstances(command);
-  // Placed here and not by the driver: a software rasteriser starts anew for each instance, which
-  // costs it more than the instance's four corners do.
+  // Placed here and not by an instanced draw: a software rasteriser starts anew for each instance,
+  // which costs it more than the instance's four corners do.
   StreamVertex* vertices = m_vertices.Grab(std::size_t{4} * command.count);
   const LightClass lights = PlaceInstances(command, vertices);
-  if (GLProgram* exact = SetOf(Program::kInstance).Streamed(lights, true)) program = exact;
+  if (GLProgram* exact = Forms(Program::kInstance).Streamed(lights, true)) program = exact;
   OpenCommandRun(command, program, false, GL_TRIANGLES);
   m_runs.back().unit = m_units->Take(command.texture);
   for (std::uint32_t i = 0; i < command.count; ++i) AddQuadIndices(vertices + std::size_t{4} * i);
@@ -244,7 +243,7 @@ void FramePlanner::AddPlainInstances(const DrawCommand& command) {
   for (std::uint32_t i = 0; i < command.count; ++i) {
     Transpose(m_frame->instances[command.first + i], records[i].columns);
   }
-  OpenCommandRun(command, SetOf(Program::kInstance).Plain(), true, GL_TRIANGLES);
+  OpenCommandRun(command, Forms(Program::kInstance).Plain(), true, GL_TRIANGLES);
   m_units->TakeUnit(0, command.texture);
   m_runs.back().first_instance = first;
   m_runs.back().instance_count = command.count;
@@ -255,7 +254,7 @@ void FramePlanner::AddPlainInstances(const DrawCommand& command) {
 }
 
 void FramePlanner::AddPlainQuad(const DrawCommand& command) {
-  if (!SetOf(command.program).Plain()) return;
+  if (!Forms(command.program).Plain()) return;
   OpenPlainRun(command, GL_TRIANGLES);
   StreamVertex* corners = m_vertices.Grab(4);
   UnitQuad(command.window, corners);
@@ -264,16 +263,16 @@ void FramePlanner::AddPlainQuad(const DrawCommand& command) {
 
 void FramePlanner::AddPlainMesh(const DrawCommand& command, GLenum mode,
                                 std::uint32_t vertex_count) {
-  if (!SetOf(command.program).Plain()) return;
+  if (!Forms(command.program).Plain()) return;
   OpenPlainRun(command, mode);
   StreamVertex* vertices = m_vertices.Grab(vertex_count);
   const MeshVertex* mesh = m_frame->vertices.data() + command.base_vertex;
   for (std::uint32_t i = 0; i < vertex_count; ++i) {
-    std::copy_n(mesh[i].position.v, 3, vertices[i].place);
+    std::copy_n(mesh[i].position.v, 3, vertices[i].position);
     vertices[i].uv[0] = mesh[i].u;
     vertices[i].uv[1] = mesh[i].v;
   }
-  AddIndices(command, NumberOf(vertices));
+  AddIndices(command, VertexNumber(vertices));
 }
 
 void FramePlanner::FinishQuad(const DrawCommand& command, StreamVertex* corners) {
@@ -299,7 +298,7 @@ void FramePlanner::FinishMesh(const DrawCommand& command, GLenum mode, StreamVer
   if (command.program == Program::kLight) key.lights = LightSprite(vertices, count, mode);
   OpenStreamedRun(key);
   SetUnit(vertices, count, TakeUnit(key, command.texture));
-  AddIndices(command, NumberOf(vertices));
+  AddIndices(command, VertexNumber(vertices));
 }
 
 void FramePlanner::AddCells(const DrawCommand& command, const StreamVertex corners[4]) {
@@ -326,15 +325,15 @@ void FramePlanner::AddCellsOfClass(const DrawCommand& command, const StreamVerte
   }
 }
 
-void FramePlanner::AddGlyph(const GlyphQuad& glyph, const GlyphAtlas::Spot& spot,
+void FramePlanner::AddGlyph(const GlyphQuad& glyph, const GlyphRectangle& rectangle,
                             const float colour[4]) {
   StreamVertex* corners = m_vertices.Grab(4);
-  UnitQuad({spot.u_left, spot.u_right, spot.v_top, spot.v_bottom}, corners);
+  UnitQuad({rectangle.u_left, rectangle.u_right, rectangle.v_top, rectangle.v_bottom}, corners);
   for (int i = 0; i < 4; ++i) {
-    float* place = corners[i].place;
-    place[0] = place[0] > 0.0f ? glyph.x + glyph.width : glyph.x;
-    place[1] = place[1] > 0.0f ? glyph.y + glyph.height : glyph.y;
-    place[2] = glyph.z;
+    float* at = corners[i].position;
+    at[0] = at[0] > 0.0f ? glyph.x + glyph.width : glyph.x;
+    at[1] = at[1] > 0.0f ? glyph.y + glyph.height : glyph.y;
+    at[2] = glyph.z;
     SetTint(corners + i, colour);
   }
   AddQuadIndices(corners);
@@ -347,7 +346,7 @@ LightClass FramePlanner::PlaceInstances(const DrawCommand& command, StreamVertex
   LightClass most = LightClass::kNone;
   for (std::uint32_t i = 0; i < command.count; ++i, vertices += 4) {
     const Matrix4x4& model = m_frame->instances[command.first + i];
-    const NearLights near = lights.Near(BoundsOf(model));
+    const NearLights near = lights.Near(Bounds(model));
     most = std::max(most, near.Class());
     for (int corner = 0; corner < 4; ++corner) {
       PlaceCorner(model, quad[corner], &vertices[corner]);
@@ -384,12 +383,12 @@ void FramePlanner::OpenCommandRun(const DrawCommand& command, GLProgram* program
 }
 
 void FramePlanner::OpenPlainRun(const DrawCommand& command, GLenum mode) {
-  OpenCommandRun(command, SetOf(command.program).Plain(), true, mode);
+  OpenCommandRun(command, Forms(command.program).Plain(), true, mode);
   m_units->TakeUnit(0, command.texture);
 }
 
 void FramePlanner::OpenTextRun(const DrawCommand& command, GLuint page) {
-  ProgramSet& font = SetOf(Program::kFont);
+  ProgramSet& font = Forms(Program::kFont);
   if (font.Streamed(LightClass::kNone, true)) {
     return OpenStreamedRun({Program::kFont, LightClass::kNone, GL_TRIANGLES, page});
   }
@@ -407,13 +406,13 @@ void FramePlanner::CloseRun() {
 }
 
 void FramePlanner::ChooseForm(DrawRun* run) {
-  ProgramSet& set = SetOf(m_key.program);
+  ProgramSet& forms = Forms(m_key.program);
   const bool text = m_key.glyph_page != 0;
   run->unit = text ? kGlyphUnit : m_last_unit;
-  if (text || (m_units->UsedCount() == 1 && !set.PicksByNumber())) {
-    run->program = set.Streamed(m_key.lights, true);
+  if (text || (m_units->UsedCount() == 1 && !forms.PicksByNumber())) {
+    run->program = forms.Streamed(m_key.lights, true);
   }
-  if (!run->program) run->program = set.Streamed(m_key.lights, false);
+  if (!run->program) run->program = forms.Streamed(m_key.lights, false);
 }
 
 int FramePlanner::TakeUnit(const RunKey& key, GLuint texture) {
@@ -427,7 +426,7 @@ int FramePlanner::TakeUnit(const RunKey& key, GLuint texture) {
 }
 
 void FramePlanner::AddQuadIndices(const StreamVertex* first) {
-  const std::uint32_t base = NumberOf(first);
+  const std::uint32_t base = VertexNumber(first);
   std::uint32_t* indices = m_indices.Grab(6);
   for (int i = 0; i < 6; ++i) indices[i] = base + kQuadPattern[i];
 }
@@ -440,12 +439,12 @@ void FramePlanner::AddIndices(const DrawCommand& command, std::uint32_t first_ve
 }
 
 bool FramePlanner::StreamsSprites(Program program) {
-  if (program == Program::kDefault) return SetOf(program).Streamed(LightClass::kNone, false);
-  return program == Program::kLight && SetOf(program).Streamed(LightClass::kNone, false) &&
-         SetOf(program).Streamed(LightClass::kEvery, false);
+  if (program == Program::kDefault) return Forms(program).Streamed(LightClass::kNone, false);
+  return program == Program::kLight && Forms(program).Streamed(LightClass::kNone, false) &&
+         Forms(program).Streamed(LightClass::kEvery, false);
 }
 
-/// Streamed programs keep the product of texel and colour as the sprite's alpha.
+/// Streamed programs use the product of texel and tint as the sprite's alpha.
 bool FramePlanner::IsOpaque(const DrawCommand& command) {
   return IsUprightQuad(command) && command.colour[3] >= 1.0f &&
          m_units->IsOpaque(command.texture) && StreamsSprites(command.program);
@@ -453,25 +452,25 @@ bool FramePlanner::IsOpaque(const DrawCommand& command) {
 
 bool FramePlanner::IsHidden(const DrawCommand& command, const StreamVertex corners[4]) const {
   ScreenBox box;
-  return &command == m_ground && m_screen.Find(BoundsOf(corners, 4), corners[0].place[2], &box) &&
-         m_cover.Hides(box);
+  return &command == m_background &&
+         m_screen.Find(Bounds(corners, 4), corners[0].position[2], &box) && m_occluders.Hides(box);
 }
 
 LightClass FramePlanner::DrawableClass(Program program, LightClass lights) {
-  return SetOf(program).Streamed(lights, false) ? lights : LightClass::kEvery;
+  return Forms(program).Streamed(lights, false) ? lights : LightClass::kEvery;
 }
 
 LightClass FramePlanner::LightSprite(StreamVertex* vertices, std::size_t count, GLenum mode) {
-  const WorldBox box = BoundsOf(vertices, count);
+  const WorldBox box = Bounds(vertices, count);
   const NearLights near = m_lights[static_cast<std::size_t>(Program::kLight)].Near(box);
   SetNear(vertices, count, near);
   const LightClass needed = DrawableClass(Program::kLight, near.Class());
   const bool joins = m_streamed_run_open && m_key.program == Program::kLight &&
-                     m_key.mode == mode && m_key.lights > needed && AreaOf(box) <= kSmallArea;
+                     m_key.mode == mode && m_key.lights > needed && Area(box) <= kSmallArea;
   return joins ? m_key.lights : needed;
 }
 
-std::uint32_t FramePlanner::VertexCountOf(const DrawCommand& command) const {
+std::uint32_t FramePlanner::CountVertices(const DrawCommand& command) const {
   if (command.first + std::size_t{command.count} > m_frame->indices.size()) return 0;
   std::uint32_t count = 0;
   for (std::uint32_t i = 0; i < command.count; ++i) {
@@ -480,7 +479,7 @@ std::uint32_t FramePlanner::VertexCountOf(const DrawCommand& command) const {
   return command.base_vertex + std::size_t{count} > m_frame->vertices.size() ? 0 : count;
 }
 
-std::uint32_t FramePlanner::NumberOf(const StreamVertex* vertex) const {
+std::uint32_t FramePlanner::VertexNumber(const StreamVertex* vertex) const {
   return static_cast<std::uint32_t>(vertex - m_vertices.Data());
 }
 

@@ -5,22 +5,22 @@
 
 #include "render/gl/glatlas.h"
 #include "render/gl/glcells.h"
-#include "render/gl/glcover.h"
 #include "render/gl/gllights.h"
+#include "render/gl/gloccluders.h"
 #include "render/gl/glplan.h"
 #include "render/gl/gltextures.h"
 
 namespace ZOVEngine {
 
-/// Turns a frame into few draw calls that give the same picture.
+/// Turns a frame into few draw calls that draw the same pixels.
 ///
-/// Commands that follow each other and suit the same program become one run: their vertices are
-/// placed here and carry colour, texture unit and lamps with them. The order of commands is kept,
-/// with one exception that cannot be seen: the cells of one lit quad, which do not overlap, are
-/// sorted by their number of lamps. What opaque quads hide of the ground, the first large quad of
-/// the frame, is left out. A command whose program has no streamed form becomes a run of its own,
-/// with its values left to be set as uniforms. No GL call is made except to compile a form of a
-/// program that is used for the first time.
+/// Commands that follow each other and suit the same program become one run: the planner places
+/// their vertices, which carry tint, texture unit and lights with them. The order of commands
+/// stays, with one exception that cannot be seen: the cells of one lit quad, which do not overlap,
+/// are sorted by their number of lights. The parts of the background, the first large quad of the
+/// frame, that opaque quads hide are left out. A command whose program has no streamed form becomes
+/// a run of its own, whose values the device sets as uniforms. The planner calls GL only to compile
+/// a form of a program at its first use.
 class FramePlanner {
  public:
   using Programs = std::array<ProgramSet, kProgramCount>;
@@ -30,8 +30,8 @@ class FramePlanner {
   FramePlanner(Programs* programs, const GlyphAtlas* atlas, TextureUnits* units)
       : m_programs(programs), m_atlas(atlas), m_units(units) {}
 
-  /// Plans `frame`, which must stay as it is until the plan was drawn. `reaches`: how far the lit
-  /// programs see (unit: world units). `projection` tells what hides the ground.
+  /// Plans `frame`, which must stay as it is until the plan was drawn. `reaches` is the reach of
+  /// lights by program (unit: world units); `projection` is used to find hidden background.
   void Plan(const Frame& frame, const Reaches& reaches, const Matrix4x4& projection);
 
   const std::vector<DrawRun>& Runs() const { return m_runs; }
@@ -40,7 +40,7 @@ class FramePlanner {
   const Stream<InstanceRecord>& Instances() const { return m_instances; }
 
  private:
-  /// What the commands of a streamed run have in common.
+  /// The values that all commands of a streamed run share.
   struct RunKey {
     Program program = Program::kDefault;
     LightClass lights = LightClass::kNone;
@@ -51,8 +51,8 @@ class FramePlanner {
   };
 
   void Reset(const Frame& frame, const Reaches& reaches);
-  void FindGround(const Matrix4x4& projection);
-  void GatherCover(std::size_t first);
+  void FindBackground(const Matrix4x4& projection);
+  void GatherOccluders(std::size_t first);
   void Add(const DrawCommand& command);
 
   void AddQuad(const DrawCommand& command);
@@ -68,7 +68,7 @@ class FramePlanner {
   void AddCells(const DrawCommand& command, const StreamVertex corners[4]);
   void AddCellsOfClass(const DrawCommand& command, const StreamVertex corners[4],
                        const std::vector<LitCell>& cells, LightClass lights);
-  void AddGlyph(const GlyphQuad& glyph, const GlyphAtlas::Spot& spot, const float colour[4]);
+  void AddGlyph(const GlyphQuad& glyph, const GlyphRectangle& rectangle, const float colour[4]);
   void AddPlainInstances(const DrawCommand& command);
   LightClass PlaceInstances(const DrawCommand& command, StreamVertex* vertices);
 
@@ -88,9 +88,9 @@ class FramePlanner {
   bool IsHidden(const DrawCommand& command, const StreamVertex corners[4]) const;
   LightClass DrawableClass(Program program, LightClass lights);
   LightClass LightSprite(StreamVertex* vertices, std::size_t count, GLenum mode);
-  std::uint32_t VertexCountOf(const DrawCommand& command) const;
-  std::uint32_t NumberOf(const StreamVertex* vertex) const;
-  ProgramSet& SetOf(Program program) { return (*m_programs)[static_cast<std::size_t>(program)]; }
+  std::uint32_t CountVertices(const DrawCommand& command) const;
+  std::uint32_t VertexNumber(const StreamVertex* vertex) const;
+  ProgramSet& Forms(Program program) { return (*m_programs)[static_cast<std::size_t>(program)]; }
 
   Programs* m_programs;
   const GlyphAtlas* m_atlas;
@@ -99,8 +99,8 @@ class FramePlanner {
   std::array<LightField, kProgramCount> m_lights;
   CellCutter m_cutter;
   ScreenMap m_screen;
-  Cover m_cover;
-  const DrawCommand* m_ground = nullptr;
+  Occluders m_occluders;
+  const DrawCommand* m_background = nullptr;
   std::vector<DrawRun> m_runs;
   Stream<StreamVertex> m_vertices;
   Stream<std::uint32_t> m_indices;

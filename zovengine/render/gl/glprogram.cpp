@@ -14,7 +14,7 @@ namespace {
 constexpr GLsizei kLogLength = 512;
 constexpr int kShineDoublings = 6;
 constexpr float kMaterialShine = 1 << kShineDoublings;
-constexpr int kLampsInClass[kLightClasses] = {0, 2, 4, 8, 0};
+constexpr int kLightsInClass[kLightClasses] = {0, 2, 4, 8, 0};
 
 void PrintFailure(const char* sentence, std::string log) {
   std::replace(log.begin(), log.end(), '\n', ' ');
@@ -104,46 +104,38 @@ GLuint LinkProgram(const std::string& vertex_source, const std::string& fragment
 }
 
 GLProgram::GLProgram(GLuint name) : m_name(name) {
-  const auto find = [name](const char* uniform) { return glGetUniformLocation(name, uniform); };
-  m_view = find("view");
-  m_ratio = find("ratio");
-  m_translate = find("translate");
-  m_rotate = find("rotate");
-  m_scale = find("scale");
-  m_colour = find("ourColour");
-  if (m_colour < 0) m_colour = find("textColour");
-  m_view_pos = find("viewPos");
-  m_specular = find("material.specular");
-  m_shine = find("material.shine");
-  m_size = find("size");
-  m_picture = find("picture");
-  m_pictures = find("pictures");
-  m_lamps = find("lamps");
+  static constexpr const char* kNames[kUniformCount] = {
+      "view",           "ratio",     "translate", "rotate",
+      "scale",          "ourColour", "viewPos",   "material.specular",
+      "material.shine", "size",      "picture",   "pictures",
+      "lamps"};
+  for (std::size_t i = 0; i < kUniformCount; ++i) m_at[i] = glGetUniformLocation(name, kNames[i]);
+  if (m_at[kColour] < 0) m_at[kColour] = glGetUniformLocation(name, "textColour");
 }
 
 void GLProgram::SetConstants(const Matrix4x4& projection) {
   constexpr float kWhite[4] = {1.0f, 1.0f, 1.0f, 1.0f};
   constexpr GLint kUnits[kSpriteUnits] = {0, 1, 2, 3, 4, 5, 6, 7};
-  glUniformMatrix4fv(m_ratio, 1, GL_TRUE, projection.m);
-  glUniform3f(m_specular, kMaterialSpecular, kMaterialSpecular, kMaterialSpecular);
-  glUniform1f(m_shine, kMaterialShine);
-  if (m_pictures >= 0) glUniform1iv(m_pictures, kSpriteUnits, kUnits);
+  glUniformMatrix4fv(m_at[kRatio], 1, GL_TRUE, projection.m);
+  glUniform3f(m_at[kSpecular], kMaterialSpecular, kMaterialSpecular, kMaterialSpecular);
+  glUniform1f(m_at[kShine], kMaterialShine);
+  if (m_at[kSamplers] >= 0) glUniform1iv(m_at[kSamplers], kSpriteUnits, kUnits);
   SetColour(kWhite);
 }
 
 void GLProgram::SetView(const Matrix4x4& view, const Vector3D& view_pos) {
   if (SetIfChanged(&m_last_view, &view, sizeof view)) {
-    glUniformMatrix4fv(m_view, 1, GL_TRUE, view.m);
+    glUniformMatrix4fv(m_at[kView], 1, GL_TRUE, view.m);
   }
   if (SetIfChanged(&m_last_view_pos, &view_pos, sizeof view_pos)) {
-    glUniform3fv(m_view_pos, 1, view_pos.v);
+    glUniform3fv(m_at[kViewPos], 1, view_pos.v);
   }
 }
 
 void GLProgram::SetLights(const std::vector<LightRecord>& lights) {
-  if (m_size < 0) return;
+  if (m_at[kSize] < 0) return;
   for (std::size_t i = 0; i < lights.size(); ++i) {
-    const LightLocations& at = LocationsOf(i);
+    const LightLocations& at = LocateLight(i);
     glUniform3fv(at[0], 1, lights[i].position.v);
     glUniform3fv(at[1], 1, lights[i].ambient.v);
     glUniform3fv(at[2], 1, lights[i].diffuse.v);
@@ -153,29 +145,31 @@ void GLProgram::SetLights(const std::vector<LightRecord>& lights) {
     glUniform1f(at[6], lights[i].specularStr);
   }
   const int size = static_cast<int>(lights.size());
-  if (SetIfChanged(&m_last_size, &size, sizeof size)) glUniform1i(m_size, size);
+  if (SetIfChanged(&m_last_size, &size, sizeof size)) glUniform1i(m_at[kSize], size);
 }
 
-void GLProgram::SetLamps(int size, const std::vector<float>& lamps) {
-  if (m_size >= 0 && SetIfChanged(&m_last_size, &size, sizeof size)) glUniform1i(m_size, size);
-  if (m_lamps >= 0 && size > 0) glUniform4fv(m_lamps, 3 * size, lamps.data());
+void GLProgram::SetPackedLights(int size, const std::vector<float>& packed) {
+  if (m_at[kSize] >= 0 && SetIfChanged(&m_last_size, &size, sizeof size))
+    glUniform1i(m_at[kSize], size);
+  if (m_at[kPackedLights] >= 0 && size > 0)
+    glUniform4fv(m_at[kPackedLights], 3 * size, packed.data());
 }
 
 void GLProgram::SetPlacement(const Placement& placement) {
-  glUniformMatrix4fv(m_translate, 1, GL_TRUE, MoveMatrix(placement.translate).m);
-  glUniformMatrix4fv(m_rotate, 1, GL_TRUE, TurnMatrix(placement.rotate_radians).m);
-  glUniformMatrix4fv(m_scale, 1, GL_TRUE, ScaleMatrix(placement.scale).m);
+  glUniformMatrix4fv(m_at[kTranslate], 1, GL_TRUE, MoveMatrix(placement.translate).m);
+  glUniformMatrix4fv(m_at[kRotate], 1, GL_TRUE, TurnMatrix(placement.rotate_radians).m);
+  glUniformMatrix4fv(m_at[kScale], 1, GL_TRUE, ScaleMatrix(placement.scale).m);
 }
 
 void GLProgram::SetColour(const float colour[4]) {
   if (SetIfChanged(m_last_colour.data(), colour, sizeof m_last_colour)) {
-    glUniform4fv(m_colour, 1, colour);
+    glUniform4fv(m_at[kColour], 1, colour);
   }
 }
 
 void GLProgram::SetUnit(int unit) {
-  if (m_picture >= 0 && SetIfChanged(&m_last_unit, &unit, sizeof unit))
-    glUniform1i(m_picture, unit);
+  if (m_at[kSampler] >= 0 && SetIfChanged(&m_last_unit, &unit, sizeof unit))
+    glUniform1i(m_at[kSampler], unit);
 }
 
 float GLProgram::LightReach() const {
@@ -185,7 +179,7 @@ float GLProgram::LightReach() const {
   return reach;
 }
 
-const GLProgram::LightLocations& GLProgram::LocationsOf(std::size_t light) {
+const GLProgram::LightLocations& GLProgram::LocateLight(std::size_t light) {
   static constexpr const char* kMembers[7] = {"].position",   "].ambient",    "].diffuse",
                                               "].specular",   "].ambientStr", "].diffuseStr",
                                               "].specularStr"};
@@ -235,7 +229,7 @@ std::string ProgramSet::Prologue(LightClass lights, bool one_texture) const {
   if (m_by_number) text += "#extension GL_ARB_gpu_shader5 : require\n#define INDEXED\n";
   text +=
       "#define STREAMED\n#define SLOTS " + std::to_string(one_texture ? 1 : kSpriteUnits) + "\n";
-  text += "#define NEAR " + std::to_string(kLampsInClass[static_cast<int>(lights)]) + "\n";
+  text += "#define NEAR " + std::to_string(kLightsInClass[static_cast<int>(lights)]) + "\n";
   text += "#define SHINE_DOUBLINGS " + std::to_string(kShineDoublings) + "\n";
   if (lights == LightClass::kEvery) text += "#define EVERY_LAMP\n";
   return text + "#line 2\n";

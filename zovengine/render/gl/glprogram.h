@@ -13,17 +13,17 @@
 
 namespace ZOVEngine {
 
-/// How many lamps a lit draw evaluates for each of its fragments. A sprite is drawn in the smallest
-/// class that holds all lamps within reach.
+/// How many lights a lit draw evaluates for each of its fragments. A sprite is drawn in the
+/// smallest class that holds all lights within reach.
 enum class LightClass : std::uint8_t { kNone, kTwo, kFour, kEight, kEvery };
 
 inline constexpr int kLightClasses = 5;
 
-/// Longest list of lamps that a vertex carries.
-inline constexpr int kNearLamps = 8;
+/// Longest list of lights that a vertex carries.
+inline constexpr int kNearLights = 8;
 /// Length of the `lights` array of the shaders; lights beyond it are not seen.
 inline constexpr int kMaxLights = 64;
-/// The one material: share of a light's specular colour that a sprite mirrors, in every channel.
+/// The material of all sprites: the share of specular light that it mirrors, in every channel.
 inline constexpr float kMaterialSpecular = 0.5f;
 
 /// Compiles and links a program. A step that fails prints its line with up to 512 characters of the
@@ -32,28 +32,28 @@ inline constexpr float kMaterialSpecular = 0.5f;
 GLuint LinkProgram(const std::string& vertex_source, const std::string& fragment_source,
                    bool report, bool* linked);
 
-/// A linked program, where its uniforms are and what they were last set to.
+/// A linked program with the locations of its uniforms and the values that they were last set to.
 ///
-/// Locations are looked up once. The verbs set a uniform only when its value is another than the
-/// last one; a uniform that the program lacks is left alone. They need the program to be in use.
+/// Locations are looked up once. The verbs need the program to be in use. They set a uniform only
+/// when its value differs from the last one, and skip a uniform that the program lacks.
 class GLProgram {
  public:
   /// Takes over `name`, a linked program.
   explicit GLProgram(GLuint name);
 
-  /// Sets what never changes: projection, white `ourColour`, material, units of the samplers.
+  /// Sets the values that never change: projection, white `ourColour`, material, sampler units.
   void SetConstants(const Matrix4x4& projection);
   /// Sets `view` and `viewPos`.
   void SetView(const Matrix4x4& view, const Vector3D& view_pos);
   /// Sets the `lights` array by its members' names, and `size`.
   void SetLights(const std::vector<LightRecord>& lights);
-  /// Sets `size` and the lamps, three vectors each, of a program that gets them ready for use.
-  void SetLamps(int size, const std::vector<float>& lamps);
+  /// Sets `size` and the lights of a streamed program, packed by PackLights.
+  void SetPackedLights(int size, const std::vector<float>& packed);
   /// Sets `translate`, `rotate` and `scale`.
   void SetPlacement(const Placement& placement);
   /// Sets `ourColour` or `textColour`, whichever there is.
   void SetColour(const float colour[4]);
-  /// Sets the unit from which a program of one texture samples.
+  /// Sets the texture unit that a program of one texture samples.
   void SetUnit(int unit);
 
   /// Its name in the context.
@@ -67,13 +67,28 @@ class GLProgram {
   std::uint64_t prepared_projection = 0;
 
  private:
+  enum Uniform {
+    kView,
+    kRatio,
+    kTranslate,
+    kRotate,
+    kScale,
+    kColour,
+    kViewPos,
+    kSpecular,
+    kShine,
+    kSize,
+    kSampler,
+    kSamplers,
+    kPackedLights,
+    kUniformCount
+  };
   using LightLocations = std::array<GLint, 7>;
 
-  const LightLocations& LocationsOf(std::size_t light);
+  const LightLocations& LocateLight(std::size_t light);
 
   GLuint m_name;
-  GLint m_view, m_ratio, m_translate, m_rotate, m_scale;
-  GLint m_colour, m_view_pos, m_specular, m_shine, m_size, m_picture, m_pictures, m_lamps;
+  std::array<GLint, kUniformCount> m_at;
   std::vector<LightLocations> m_lights;
   Matrix4x4 m_last_view;
   Vector3D m_last_view_pos;
@@ -82,11 +97,11 @@ class GLProgram {
   int m_last_unit = 0;
 };
 
-/// One of the four programs in all the forms it is drawn with, made from one pair of source texts.
+/// One of the four programs in all its forms, made from one pair of source texts.
 ///
-/// The plain form is the sources as they are. The streamed forms are made at their first use by
-/// defining STREAMED, SLOTS, NEAR and EVERY_LAMP before them; sources that do not mention STREAMED,
-/// or do not compile with it, have the plain form only.
+/// The plain form is the sources as they are. The streamed forms are compiled at their first use,
+/// with STREAMED, SLOTS, NEAR and EVERY_LAMP defined before the sources; sources that do not
+/// mention STREAMED, or do not compile with it, have the plain form only.
 class ProgramSet {
  public:
   ProgramSet() = default;

@@ -11,15 +11,15 @@ namespace ZOVEngine {
 /// Texture units as the device shares them out.
 inline constexpr int kSpriteUnits = 8;  ///< units 0 to 7: textures of sprites
 inline constexpr int kGlyphUnit = 8;    ///< the page of glyphs
-inline constexpr int kUploadUnit = 9;   ///< whatever is being uploaded
+inline constexpr int kUploadUnit = 9;   ///< the texture that is being uploaded
 inline constexpr int kTextureUnits = 10;
 
 /// The bindings of the GL context, as this device made them.
 ///
-/// All binds of the device go through here, so that what is bound is known without asking the
-/// driver. The `Use` verbs bind only what is not bound yet. The `Bind` verbs always call the driver
+/// All binds of the device go through here, so that the state is known without asking the driver.
+/// The `Use` verbs bind only a name that is not bound yet. The `Bind` verbs always call the driver
 /// and count; one that changes nothing counts as redundant. Other code that draws in the same
-/// context (panels of the editor) puts back what it changed.
+/// context (panels of the editor) must restore the bindings that it changed.
 class GLState {
  public:
   void UseProgram(GLuint name) {
@@ -54,7 +54,7 @@ class GLState {
 
   /// Name of the program in use, 0 for none.
   GLuint CurrentProgram() const { return m_program; }
-  /// What happened since the last reset.
+  /// The counts since the last reset.
   const DeviceCounters& Counters() const { return m_counters; }
 
  private:

@@ -66,7 +66,7 @@ int TextureUnits::ChooseFreeUnit(GLuint texture) const {
   bool best_fits = false;
   for (int unit = 0; unit < kSpriteUnits; ++unit) {
     if (m_used >> unit & 1u) continue;
-    const bool fits = ShapeOf(m_textures[At(unit)]) == ShapeOf(texture);
+    const bool fits = Shape(m_textures[At(unit)]) == Shape(texture);
     const bool older = best < 0 || m_last_use[At(unit)] < m_last_use[At(best)];
     if (best < 0 || fits > best_fits || (fits == best_fits && older)) {
       best = unit;
@@ -76,7 +76,7 @@ int TextureUnits::ChooseFreeUnit(GLuint texture) const {
   return best;
 }
 
-std::uint8_t TextureUnits::ShapeOf(GLuint texture) const {
+std::uint8_t TextureUnits::Shape(GLuint texture) const {
   return texture < m_shapes.size() ? m_shapes[texture] : std::uint8_t{0};
 }
 

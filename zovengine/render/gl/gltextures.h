@@ -19,10 +19,10 @@ struct TextureBind {
 /// Plans which sprite texture sits on which of the units 0 to 7.
 ///
 /// A draw can choose among the textures on all eight units, so a run of sprites goes on until a
-/// ninth texture turns up. What a run leaves on the units stays there for the next one. When a unit
+/// ninth texture turns up. The textures of a run stay on their units for the next one. When a unit
 /// must be freed, one whose texture has the same shape class is preferred: some drivers build a
-/// shader anew for every combination of classes on the units. The plan knows what is bound from
-/// earlier frames, so nobody else may bind to these units.
+/// shader anew for every combination of classes on the units. The plan remembers the binds of
+/// earlier frames, so no other code may bind to these units.
 class TextureUnits {
  public:
   /// Starts a new frame: the list of binds is empty, the units keep their textures.
@@ -43,13 +43,13 @@ class TextureUnits {
   const std::vector<TextureBind>& Binds() const { return m_binds; }
   /// Number of units that the current run uses.
   int UsedCount() const;
-  /// What was noted last; false for a texture of which nothing was noted.
+  /// The last note of NoteOpaque; false without one.
   bool IsOpaque(GLuint texture) const { return texture < m_opaque.size() && m_opaque[texture]; }
 
  private:
   int FindUnit(GLuint texture) const;
   int ChooseFreeUnit(GLuint texture) const;
-  std::uint8_t ShapeOf(GLuint texture) const;
+  std::uint8_t Shape(GLuint texture) const;
 
   std::array<GLuint, kSpriteUnits> m_textures{};
   std::array<std::uint64_t, kSpriteUnits> m_last_use{};

@@ -1,4 +1,4 @@
-#include "render/gl/glcover.h"
+#include "render/gl/gloccluders.h"
 
 #include <algorithm>
 #include <cmath>
@@ -7,11 +7,11 @@ namespace ZOVEngine {
 
 namespace {
 
-/// The middles of a screen's outermost pixels lie farther in than this for up to 20,000 of them.
+/// Screen edge in clip space, inset by less than half a pixel for screens up to 20,000 pixels wide.
 constexpr float kScreenEdge = 1.0f - 5e-5f;
-/// Added around a box that asks; a fortieth of a pixel where 1,280 make a row.
+/// Widens the box that is asked about: a fortieth of a pixel on a screen 1,280 pixels wide.
 constexpr float kMargin = 4e-5f;
-constexpr std::size_t kMostEdges = 160;  // each way
+constexpr std::size_t kMostEdges = 160;  // in each direction
 
 std::ptrdiff_t FirstAbove(const std::vector<float>& edges, float value) {
   return std::upper_bound(edges.begin(), edges.end(), value) - edges.begin();
@@ -47,7 +47,7 @@ bool ScreenMap::Find(const WorldBox& box, float z, ScreenBox* out) const {
   if (at[2][0] != 0.0f || at[2][1] != 0.0f || at[0][0] <= 0.0f || at[1][1] <= 0.0f) return false;
   const float w = at[3][2] * z + at[3][3];
   const float depth = at[2][2] * z + at[2][3];
-  // No depth behind the eye fulfils this either: w is negative there.
+  // Behind the eye w is negative, so this refuses depths there too.
   if (!(std::abs(depth) < w)) return false;
   const float x = at[0][2] * z + at[0][3];
   const float y = at[1][2] * z + at[1][3];
@@ -56,14 +56,14 @@ bool ScreenMap::Find(const WorldBox& box, float z, ScreenBox* out) const {
   return true;
 }
 
-void Cover::Clear() {
+void Occluders::Clear() {
   m_boxes.clear();
   m_xs.clear();
   m_ys.clear();
   m_sums.clear();
 }
 
-void Cover::Build() {
+void Occluders::Build() {
   std::erase_if(m_boxes, [](const ScreenBox& box) { return !IsRectangle(box); });
   for (const ScreenBox& box : m_boxes) {
     m_xs.insert(m_xs.end(), {box.left, box.right});
@@ -82,7 +82,7 @@ void Cover::Build() {
 }
 
 /// Counts the cells of the grid in `box`, each at its upper right crossing.
-void Cover::Mark(const ScreenBox& box) {
+void Occluders::Mark(const ScreenBox& box) {
   const auto right = static_cast<std::size_t>(FirstFrom(m_xs, box.right));
   const auto top = static_cast<std::size_t>(FirstFrom(m_ys, box.top));
   for (auto y = static_cast<std::size_t>(FirstAbove(m_ys, box.bottom)); y <= top; ++y) {
@@ -92,7 +92,7 @@ void Cover::Mark(const ScreenBox& box) {
   }
 }
 
-bool Cover::Hides(const ScreenBox& box) const {
+bool Occluders::Hides(const ScreenBox& box) const {
   if (!IsRectangle(box)) return false;
   const ScreenBox wide = Widened(box);
   if (wide.left >= wide.right || wide.bottom >= wide.top) return true;

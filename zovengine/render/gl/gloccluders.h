@@ -4,22 +4,14 @@
 #include <vector>
 
 #include "core/base/matrix4x4.h"
-#include "render/gl/gllights.h"
+#include "render/gl/glbox.h"
 
 namespace ZOVEngine {
 
-/// A rectangle on the screen, which spans -1 to 1 both ways whatever its size in pixels.
-struct ScreenBox {
-  float left = 0.0f;
-  float right = 0.0f;
-  float bottom = 0.0f;
-  float top = 0.0f;
-};
-
-/// Where a projection and a view put upright rectangles on the screen.
+/// Maps upright rectangles of the world to the screen, by a projection and a view.
 class ScreenMap {
  public:
-  /// Without a view nothing is anywhere.
+  /// Without a view, Find fails for every rectangle.
   ScreenMap() = default;
   ScreenMap(const Matrix4x4& projection, const Matrix4x4& view);
 
@@ -31,16 +23,16 @@ class ScreenMap {
   Matrix4x4 m_to_clip;
 };
 
-/// What opaque rectangles hide together of what lies under them.
+/// Opaque rectangles on the screen, to be asked whether together they hide a box under them.
 ///
 /// Neighbours that share an edge leave no gap, since the driver gives each pixel on the edge to one
-/// of them. Anything that might be seen at a rectangle's outer edge counts as not hidden, by a
-/// margin much larger than the rounding of places and much smaller than a pixel.
-class Cover {
+/// of them. A box that reaches a rectangle's outer edge counts as not hidden, by a margin much
+/// larger than the rounding of positions and much smaller than a pixel.
+class Occluders {
  public:
   void Clear();
   void Add(const ScreenBox& box) { m_boxes.push_back(box); }
-  /// To be called between Add and Hides. A cover of too many different edges hides nothing.
+  /// To be called between Add and Hides. Occluders of too many different edges hide nothing.
   void Build();
   /// True when no pixel of the screen in `box` can be seen; true for a box beside the screen.
   bool Hides(const ScreenBox& box) const;

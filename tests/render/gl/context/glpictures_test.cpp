@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "glreference.h"
-#include "glscene.h"
+#include "render/gl/context/glreference.h"
+#include "render/gl/context/glscene.h"
 #include "support/picture.h"
 
 namespace carapace_test {

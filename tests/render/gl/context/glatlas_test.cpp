@@ -2,30 +2,31 @@
 
 #include <gtest/gtest.h>
 
-#include "glscene.h"
+#include "render/gl/context/glscene.h"
 
 namespace carapace_test {
 
 namespace {
 
 using ZOVEngine::GlyphAtlas;
+using ZOVEngine::GlyphRectangle;
 
 /// The texel of a glyph's page, counted from the glyph's own corner; may lie on its border.
-int TexelAt(const GlyphAtlas::Spot& spot, int x, int y) {
-  glBindTexture(GL_TEXTURE_2D, spot.page);
+int TexelAt(const GlyphRectangle& rectangle, int x, int y) {
+  glBindTexture(GL_TEXTURE_2D, rectangle.page);
   GLint side = 0;
   glGetTexLevelParameteriv(GL_TEXTURE_2D, 0, GL_TEXTURE_WIDTH, &side);
   std::vector<std::uint8_t> page(static_cast<std::size_t>(side * side));
   glPixelStorei(GL_PACK_ALIGNMENT, 1);
   glGetTexImage(GL_TEXTURE_2D, 0, GL_RED, GL_UNSIGNED_BYTE, page.data());
-  const int left = static_cast<int>(spot.u_left * static_cast<float>(side) + 0.5f);
-  const int top = static_cast<int>(spot.v_top * static_cast<float>(side) + 0.5f);
+  const int left = static_cast<int>(rectangle.u_left * static_cast<float>(side) + 0.5f);
+  const int top = static_cast<int>(rectangle.v_top * static_cast<float>(side) + 0.5f);
   return page[static_cast<std::size_t>((top + y) * side + left + x)];
 }
 
-class GLAtlas : public testing::Test {
+class GlyphAtlasTest : public testing::Test {
  protected:
-  GLAtlas() : m_context(64, 64) {
+  GlyphAtlasTest() : m_context(64, 64) {
     glewExperimental = GL_TRUE;
     glewInit();
     glPixelStorei(GL_UNPACK_ALIGNMENT, 1);
@@ -38,18 +39,18 @@ class GLAtlas : public testing::Test {
 
 }  // namespace
 
-TEST_F(GLAtlas, EdgesAreRepeatedAroundAGlyph) {
+TEST_F(GlyphAtlasTest, EdgesAreRepeatedAroundAGlyph) {
   const auto coverage = SceneGlyph(11, 9);
-  const GlyphAtlas::Spot spot = m_atlas.Find(m_atlas.Add(m_state, 11, 9, coverage.data()));
-  EXPECT_EQ(TexelAt(spot, 4, 4), coverage[4 * 11 + 4]);
-  EXPECT_EQ(TexelAt(spot, -1, 4), coverage[4 * 11]);
-  EXPECT_EQ(TexelAt(spot, 11, 4), coverage[4 * 11 + 10]);
-  EXPECT_EQ(TexelAt(spot, 3, -1), coverage[3]);
-  EXPECT_EQ(TexelAt(spot, 3, 9), coverage[8 * 11 + 3]);
-  EXPECT_EQ(TexelAt(spot, -1, -1), coverage[0]);
+  const GlyphRectangle rectangle = m_atlas.Find(m_atlas.Add(m_state, 11, 9, coverage.data()));
+  EXPECT_EQ(TexelAt(rectangle, 4, 4), coverage[4 * 11 + 4]);
+  EXPECT_EQ(TexelAt(rectangle, -1, 4), coverage[4 * 11]);
+  EXPECT_EQ(TexelAt(rectangle, 11, 4), coverage[4 * 11 + 10]);
+  EXPECT_EQ(TexelAt(rectangle, 3, -1), coverage[3]);
+  EXPECT_EQ(TexelAt(rectangle, 3, 9), coverage[8 * 11 + 3]);
+  EXPECT_EQ(TexelAt(rectangle, -1, -1), coverage[0]);
 }
 
-TEST_F(GLAtlas, GlyphsWithoutTexelsHaveANameAndNoPage) {
+TEST_F(GlyphAtlasTest, GlyphsWithoutTexelsHaveANameAndNoPage) {
   const std::uint32_t name = m_atlas.Add(m_state, 0, 12, nullptr);
   EXPECT_NE(name, 0u);
   EXPECT_EQ(m_atlas.Find(name).page, 0u);
@@ -57,7 +58,7 @@ TEST_F(GLAtlas, GlyphsWithoutTexelsHaveANameAndNoPage) {
   EXPECT_EQ(m_atlas.Find(99).page, 0u);
 }
 
-TEST_F(GLAtlas, AFullPageIsFollowedByAnother) {
+TEST_F(GlyphAtlasTest, AFullPageIsFollowedByAnother) {
   const auto coverage = SceneGlyph(100, 100);
   std::vector<std::uint32_t> names;
   for (int i = 0; i < 40; ++i) {
@@ -70,11 +71,11 @@ TEST_F(GLAtlas, AFullPageIsFollowedByAnother) {
   }
 }
 
-TEST_F(GLAtlas, AGlyphLargerThanAPageGetsALargerOne) {
+TEST_F(GlyphAtlasTest, AGlyphLargerThanAPageGetsALargerOne) {
   const auto coverage = SceneGlyph(700, 20);
-  const GlyphAtlas::Spot spot = m_atlas.Find(m_atlas.Add(m_state, 700, 20, coverage.data()));
-  EXPECT_EQ(TexelAt(spot, 699, 19), coverage.back());
-  EXPECT_EQ(TexelAt(spot, 300, 1), coverage[1000]);
+  const GlyphRectangle rectangle = m_atlas.Find(m_atlas.Add(m_state, 700, 20, coverage.data()));
+  EXPECT_EQ(TexelAt(rectangle, 699, 19), coverage.back());
+  EXPECT_EQ(TexelAt(rectangle, 300, 1), coverage[1000]);
 }
 
 }  // namespace carapace_test

@@ -2,8 +2,7 @@
 #include <dlfcn.h>
 #include <gtest/gtest.h>
 
-#include "glscene.h"
-#include "render/gl/glstate.h"
+#include "render/gl/context/glscene.h"
 
 namespace carapace_test {
 
@@ -117,23 +116,6 @@ TEST(GLBinds, NothingIsBoundTwiceByAnyWayOfDrawing) {
   ExpectNoBindTwice({Choice::kByNumber, true});
   ExpectNoBindTwice({Choice::kByComparison, true});
   ExpectNoBindTwice({Choice::kByDriver, false});
-}
-
-TEST(GLBinds, ABindOfWhatIsBoundCountsAsRedundant) {
-  const GLContext context(kSceneWidth, kSceneHeight);
-  glewExperimental = GL_TRUE;
-  glewInit();
-  ZOVEngine::GLState state;
-  state.BindTexture(2, 7);
-  EXPECT_EQ(state.Counters().redundant_binds, 0u);
-  state.BindTexture(2, 7);
-  EXPECT_EQ(state.Counters().redundant_binds, 1u);
-  state.UseTexture(2, 7);
-  EXPECT_EQ(state.Counters().redundant_binds, 1u);
-  EXPECT_EQ(state.Counters().texture_binds, 2u);
-  state.BindProgram(0);
-  state.BindVertexArray(0);
-  EXPECT_EQ(state.Counters().redundant_binds, 3u);
 }
 
 TEST(GLBinds, EightTexturesInAnyOrderAreOneDraw) {

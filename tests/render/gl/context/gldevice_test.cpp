@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "glscene.h"
+#include "render/gl/context/glscene.h"
 #include "support/picture.h"
 
 namespace carapace_test {
