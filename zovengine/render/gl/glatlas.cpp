@@ -40,7 +40,7 @@ std::uint32_t GlyphAtlas::Add(GLState& state, int width, int height, const std::
     OpenPage(state, std::max(wide, high));
     PlaceOnShelf(wide, high, &left, &top);
   }
-  state.UseTexture(kUploadUnit, m_page);
+  state.EditTexture(m_page);
   glTexSubImage2D(GL_TEXTURE_2D, 0, left, top, wide, high, GL_RED, GL_UNSIGNED_BYTE,
                   WithBorder(width, height, coverage).data());
   const auto across = [this](int texel) {
@@ -61,7 +61,7 @@ void GlyphAtlas::OpenPage(GLState& state, int needed_side) {
   while (m_side < needed_side) m_side *= 2;
   m_shelf_left = m_shelf_top = m_shelf_height = 0;
   m_page = kFirstPage + m_pages++;
-  state.UseTexture(kUploadUnit, m_page);
+  state.EditTexture(m_page);
   const std::vector<std::uint8_t> blank(static_cast<std::size_t>(m_side * m_side));
   glTexImage2D(GL_TEXTURE_2D, 0, GL_R8, m_side, m_side, 0, GL_RED, GL_UNSIGNED_BYTE, blank.data());
   glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_S, GL_CLAMP_TO_EDGE);

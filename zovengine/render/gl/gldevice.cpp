@@ -166,7 +166,7 @@ void RealGLDevice::UploadTexture(std::uint32_t position, const Image& image) {
   const std::size_t bytes = 4u * static_cast<std::size_t>(std::max(image.width, 0)) *
                             static_cast<std::size_t>(std::max(image.height, 0));
   if (bytes == 0 || image.pixels.size() < bytes) return;
-  m_state.UseTexture(kUploadUnit, position);
+  m_state.EditTexture(position);
   glTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA, image.width, image.height, 0, GL_RGBA, GL_UNSIGNED_BYTE,
                image.pixels.data());
   m_units.NoteSize(position, image.width, image.height);
@@ -181,7 +181,7 @@ void RealGLDevice::UploadTexture(std::uint32_t position, const Image& image) {
 /// textures that a start uploads.
 void RealGLDevice::MakeMipmaps(GLuint texture) {
   if (m_without_mipmaps.erase(texture) == 0) return;
-  m_state.UseTexture(kUploadUnit, texture);
+  m_state.EditTexture(texture);
   glGenerateMipmap(GL_TEXTURE_2D);
 }
 

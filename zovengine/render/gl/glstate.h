@@ -28,8 +28,15 @@ class GLState {
   void UseVertexArray(GLuint name) {
     if (m_vertex_array != name) BindVertexArray(name);
   }
+  /// For draws: leaves the active unit as it is when the texture is on its unit already.
   void UseTexture(int unit, GLuint name) {
     if (m_textures[static_cast<std::size_t>(unit)] != name) BindTexture(unit, name);
+  }
+  /// Binds a 2D texture on kUploadUnit and makes that unit the active one, so that calls that write
+  /// texels or parameters change this texture and no other.
+  void EditTexture(GLuint name) {
+    UseTexture(kUploadUnit, name);
+    ActivateUnit(kUploadUnit);
   }
   /// The buffer that attribute pointers refer to.
   void UseArrayBuffer(GLuint name) {

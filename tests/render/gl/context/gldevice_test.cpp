@@ -13,6 +13,7 @@ namespace carapace_test {
 
 namespace {
 
+using ZOVEngine::DrawCommand;
 using ZOVEngine::Frame;
 using ZOVEngine::Program;
 
@@ -36,6 +37,20 @@ std::string LineWith(const std::string& text, const std::string& start) {
 Frame OneQuad(Program program) {
   Frame frame = EmptyFrame();
   frame.commands.push_back(QuadCommand(0, 0, 600, 600, 0, program));
+  return frame;
+}
+
+/// Four glyphs of the scene in a row.
+Frame OneText() {
+  Frame frame = EmptyFrame();
+  for (std::uint32_t i = 1; i <= 4; ++i) {
+    frame.glyphs.push_back({i, -400.0f + 150.0f * static_cast<float>(i), -50, 1, 120, 120});
+  }
+  DrawCommand command;
+  command.kind = DrawCommand::Kind::kText;
+  command.program = Program::kFont;
+  command.count = 4;
+  frame.commands.push_back(command);
   return frame;
 }
 
@@ -182,6 +197,18 @@ TEST(GLDevice, ATextureCanBeReplaced) {
   device->Execute(OneQuad(Program::kDefault));
   EXPECT_GT(Compare(before, context.ReadBack()).largest, 30);
   EXPECT_EQ(LevelWidth(0, 0), SceneImage(4).width);
+}
+
+TEST(GLDevice, ATextureUploadedTwiceInARowLeavesTheTextAsItIs) {
+  const GLContext context(kSceneWidth, kSceneHeight);
+  const auto device = SceneDevice();
+  device->UploadTexture(3, SceneImage(3));
+  device->Execute(OneText());
+  const Picture before = context.ReadBack();
+  EXPECT_FALSE(IsBlack(before));
+  device->UploadTexture(3, SceneImage(3));
+  device->Execute(OneText());
+  EXPECT_EQ(Compare(before, context.ReadBack()).largest, 0);
 }
 
 TEST(GLDevice, AnImageWithoutPixelsChangesNothing) {

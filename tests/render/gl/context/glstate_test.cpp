@@ -69,6 +69,15 @@ TEST_F(GLStateTest, TexturesOfDifferentUnitsStayApart) {
   }
 }
 
+TEST_F(GLStateTest, TheTextureToEditIsOnTheActiveUnit) {
+  m_state.EditTexture(7);
+  m_state.UseTexture(3, 8);
+  m_state.EditTexture(7);
+  EXPECT_EQ(Bound(GL_TEXTURE_BINDING_2D), 7u);
+  EXPECT_EQ(BoundTexture(3), 8u);
+  EXPECT_EQ(m_state.Counters().texture_binds, 2u);
+}
+
 TEST_F(GLStateTest, WhatIsInUseIsNotBoundAgain) {
   m_state.UseTexture(2, 7);
   m_state.UseVertexArray(m_arrays[0]);
