@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "game/hazards/environmentdamage.h"
+#include "jsonunserializer.h"
 #include "physics/components/colliderholder.h"
 #include "support/scene.h"
 
@@ -25,6 +26,12 @@ class SpriteListsTest : public testing::Test {
   const SpriteLists& Fill() {
     lists.Fill(scene.System().m_render_table->Components());
     return lists;
+  }
+
+  static GameObj* AddBareObject() {
+    JsonDocument document;
+    document.ParseText(Record("bare", {}), "bare.json");
+    return g_game_obj_factory->ReadObject(document.Root());
   }
 
   Scene scene;
@@ -88,6 +95,26 @@ TEST_F(SpriteListsTest, ASpriteFindsTheComponentsOfItsObject) {
   Fill();
   EXPECT_EQ(&lists.world[0].GetTransform(), object->GetComponent<Transform>());
   EXPECT_EQ(&lists.world[0].GetModel(), object->GetComponent<iModel>());
+}
+
+TEST_F(SpriteListsTest, WithoutATransformASpriteHasNone) {
+  GameObj* object = scene.AddSprite("sprite", "one");
+  std::erase(object->components, &typeid(Transform));
+  EXPECT_EQ(Fill().world[0].transform, nullptr);
+}
+
+// The memory of the destroyed object goes to the next one, and that of its Transform to the bare
+// object's.
+TEST_F(SpriteListsTest, ACloneOfACloneInTheMemoryOfTheFirstHasATransformOfItsOwn) {
+  GameObj* holder = AddBareObject();
+  GameObj* first = scene.AddSprite("first", "one");
+  GameObj* second = g_game_obj_factory->Clone(first, true);
+  g_game_obj_factory->Destroy(first->id);
+  holder->AddComponent<Transform>();
+  GameObj* third = g_game_obj_factory->Clone(second, true);
+  Fill();
+  EXPECT_EQ(&lists.world[0].GetTransform(), second->GetComponent<Transform>());
+  EXPECT_EQ(&lists.world[1].GetTransform(), third->GetComponent<Transform>());
 }
 
 }  // namespace

@@ -44,7 +44,7 @@ void RequireTrait(const Sprite& sprite, SpriteTrait trait, const char* component
 
 Transform& Sprite::GetTransform() const {
   RequireTrait(*this, kHasTransform, "Transform");
-  return *render->OwnTransform();
+  return *transform;
 }
 
 iModel& Sprite::GetModel() const {
@@ -58,10 +58,11 @@ void SpriteLists::Fill(ComponentArray<Render> components) {
   const GameObj* last = nullptr;
   std::uint32_t traits = 0;
   for (Render* render : components) {
-    const GameObj& object = *render->m_owner;
+    GameObj& object = *render->m_owner;
     if (last == nullptr || last->components != object.components) traits = FindTraits(object);
     last = &object;
-    const Sprite sprite{render, traits};
+    const bool has_transform = (traits & kHasTransform) != 0;
+    const Sprite sprite{render, has_transform ? object.GetComponent<Transform>() : nullptr, traits};
     if ((sprite.traits & kHasParticle) != 0 && render->m_shader == kInstanced) {
       instances.push_back(sprite);
     }

@@ -22,9 +22,13 @@ enum SpriteTrait : std::uint32_t {
   kHasCollider = 1u << 6,
 };
 
-/// A Render component with the traits of its object.
+/// A Render component with the traits and the Transform of its object.
+///
+/// The Transform is found anew for each frame: a component that kept it would hand it on to its
+/// clones.
 struct Sprite {
   Render* render = nullptr;
+  Transform* transform = nullptr;  ///< null without the trait kHasTransform
   std::uint32_t traits = 0;
 
   /// The object's components; an object that lacks one ends the program with a report that names

@@ -3,15 +3,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "objects/gameobjfactory.h"
-#include "physics/components/transform.h"
 #include "support/world.h"
 
 namespace ZOVEngine {
 namespace {
 
 using carapace_test::Record;
-using carapace_test::TransformAt;
 using carapace_test::World;
 using ::testing::Each;
 
@@ -19,7 +16,7 @@ class RenderTest : public ::testing::Test {
  protected:
   GameObj* AddSprite(const std::string& name) {
     JsonDocument document;
-    document.ParseText(Record(name, {{"Transform", TransformAt(1, 2)}}), "sprite.json");
+    document.ParseText(Record(name, {}), "sprite.json");
     GameObj* object = g_game_obj_factory->ReadObject(document.Root());
     object->AddComponent<Render>();
     return object;
@@ -46,35 +43,6 @@ TEST_F(RenderTest, IsVisibleAsLongAsItsObjectIsOn) {
   EXPECT_FALSE(object->GetComponent<Render>()->m_visible);
   object->SetActive(true);
   EXPECT_TRUE(object->GetComponent<Render>()->m_visible);
-}
-
-TEST_F(RenderTest, KnowsTheTransformOfItsOwnObject) {
-  GameObj* object = AddSprite("sprite");
-  EXPECT_EQ(object->GetComponent<Render>()->OwnTransform(), object->GetComponent<Transform>());
-}
-
-TEST_F(RenderTest, AClonesTransformIsItsOwn) {
-  GameObj* object = AddSprite("sprite");
-  GameObj* clone = g_game_obj_factory->Clone(object, true);
-  EXPECT_EQ(clone->GetComponent<Render>()->OwnTransform(), clone->GetComponent<Transform>());
-  EXPECT_EQ(object->GetComponent<Render>()->OwnTransform(), object->GetComponent<Transform>());
-}
-
-TEST_F(RenderTest, ATransformThatComesLaterIsFound) {
-  JsonDocument document;
-  document.ParseText(Record("late", {}), "sprite.json");
-  GameObj* object = g_game_obj_factory->ReadObject(document.Root());
-  object->AddComponent<Render>();
-  object->AddComponent<Transform>();
-  EXPECT_EQ(object->GetComponent<Render>()->OwnTransform(), object->GetComponent<Transform>());
-}
-
-TEST_F(RenderTest, WithoutATransformTheLookupThrows) {
-  JsonDocument document;
-  document.ParseText(Record("bare", {}), "sprite.json");
-  GameObj* object = g_game_obj_factory->ReadObject(document.Root());
-  object->AddComponent<Render>();
-  EXPECT_THROW(object->GetComponent<Render>()->OwnTransform(), std::out_of_range);
 }
 
 }  // namespace

@@ -1,22 +1,8 @@
 #include "render/components/render.h"
 
-#include "objects/componentmanager.h"
 #include "objects/fields.h"
-#include "physics/components/transform.h"
 
 namespace ZOVEngine {
-
-Render::Render(GameObj* owner) : GameComponentBase(owner) {
-  if (owner->HasComponent<Transform>()) OwnTransform();
-}
-
-Transform* Render::OwnTransform() {
-  if (m_transform_owner != m_owner) {
-    m_transform = m_owner->GetComponent<Transform>();
-    m_transform_owner = m_owner;
-  }
-  return m_transform;
-}
 
 template <class Visitor>
 void Render::Fields(Visitor& visit) {

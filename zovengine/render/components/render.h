@@ -7,9 +7,7 @@
 
 namespace ZOVEngine {
 
-class Transform;
-
-/// What an object looks like: texture, colour, program and the pass that draws it.
+/// The look of an object: texture, colour, program and the pass that draws it.
 ///
 /// Switching the object on or off writes `m_visible` as well. The alpha of the colour is the value
 /// of all fades; r, g, b far above 1 make a white flash. The order of creation is the stacking
@@ -18,14 +16,10 @@ class Render final : public GameComponentBase {
   RTTR_ENABLE(GameComponentBase)
 
  public:
-  /// Finds the owner's Transform; null when it has none (yet).
-  explicit Render(GameObj* owner);
+  using GameComponentBase::GameComponentBase;
 
   ZOV_DECLARE_FIELDS()
   void OwnerSetActive(bool value) override { m_visible = value; }
-
-  /// The Transform of this component's own object, looked up at the first call after a clone.
-  Transform* OwnTransform();
 
   bool m_tile = false;          ///< drawn by the tile pass and by no other
   bool m_visible = true;        ///< every pass skips the object when false
@@ -37,10 +31,6 @@ class Render final : public GameComponentBase {
   /// "default" picks the default program, "instanced" marks a particle, anything else the lit
   /// program.
   std::string m_shader = "default";
-
- private:
-  Transform* m_transform = nullptr;
-  GameObj* m_transform_owner = nullptr;  ///< whose Transform is cached; a clone's owner differs
 };
 
 }  // namespace ZOVEngine
