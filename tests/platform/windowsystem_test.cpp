@@ -209,6 +209,13 @@ TEST_F(WindowSystemTest, FullScreenTakesTheMonitorsSizeAndLeavesTheWindowedSize)
   EXPECT_TRUE(g_window_state.fullscreen);
 }
 
+TEST_F(WindowSystemTest, FullScreenSetsTheViewportToTheMonitor) {
+  Start();
+  native.monitor = {2880, 900};
+  SetDisplayMode(true, 0, 0);
+  EXPECT_EQ(Viewport(), "2880x900, 3");
+}
+
 TEST_F(WindowSystemTest, WindowedModeReplacesTheWindowedSizeAndResetsTheViewport) {
   StartWith(1280, 720, true);
   SetDisplayMode(false, 900, 300);

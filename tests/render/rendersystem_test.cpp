@@ -115,6 +115,25 @@ TEST(RenderInit, TheProjectionIsRightHandedFromATenthToThreeThousand) {
   EXPECT_EQ(p.at[3][2], -1.0f);
 }
 
+TEST(RenderInit, TheViewStandsBackFromTheOriginBeforeTheFirstFrame) {
+  World world;
+  g_render_system->m_view_translate = Vector3D(1.0f, 2.0f, 3.0f);
+  g_render_system->m_view = Matrix4x4();
+  g_render_system->Init();
+  EXPECT_EQ(g_render_system->m_view_translate, Vector3D());
+  Matrix4x4 expected = Matrix4x4::Identity();
+  expected.m[11] = -1303.5f;
+  for (int i = 0; i < 16; ++i) EXPECT_EQ(g_render_system->m_view.m[i], expected.m[i]) << i;
+}
+
+TEST(RenderUpdate, KeepsTheViewOfItsFrame) {
+  Scene scene;
+  Of<Transform>(scene.AddCamera()).m_local_pos = Vector3D(100.0f, -40.0f, 20.0f);
+  scene.Draw();
+  for (int i = 0; i < 16; ++i) EXPECT_EQ(scene.System().m_view.m[i], scene.Frame().view.m[i]) << i;
+  EXPECT_EQ(scene.System().m_view.m[3], -100.0f);
+}
+
 TEST(RenderInit, TheAspectStaysWhenTheWindowChangesItsSize) {
   Scene scene;
   const Matrix4x4 before = scene.System().m_projection;

@@ -218,6 +218,25 @@ TEST_F(AnimationStepTest, DeathEndsHiddenAndSwitchedOffWithItsChildren) {
   ExpectSpriteColour(0.0f, 0.0f, 0.0f, 0.0f);
 }
 
+TEST_F(AnimationStepTest, DeathEndsRewoundSoThatTheNextAnimationStartsAtItsFirstFrame) {
+  Make("death");
+  Anim().m_time_per_frame = 0.01f;
+  for (int i = 0; i < 4; ++i) scene.Draw();
+  ASSERT_FALSE(object->active);
+  EXPECT_EQ(Anim().m_timer, 0.0f);
+  object->SetActive(true);
+  State() = "loop";
+  ExpectWindow(scene.DrawOne(), 0.0f, 0.25f);
+}
+
+TEST_F(AnimationStepTest, TheEndOfDeathSwitchesGrandchildrenOffToo) {
+  Make("death");
+  GameObj* grandchild = scene.AddSprite("grandchild", "six", scene.AddObject("child", object));
+  for (int i = 0; i < 4; ++i) scene.Draw();
+  EXPECT_FALSE(grandchild->active);
+  EXPECT_FALSE(Of<Render>(grandchild).m_visible);
+}
+
 TEST_F(AnimationStepTest, ALaterChildOfTheDeadIsNotDrawnAnyMoreInThatFrame) {
   Make("death");
   scene.AddSprite("child", "six", object);

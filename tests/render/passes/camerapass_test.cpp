@@ -48,6 +48,19 @@ TEST(CameraPass, TheOffsetIsAddedInAllThreeDirections) {
   ExpectVector(view_translate, -13.0f, -26.0f, 39.0f);
 }
 
+TEST(CameraPass, ACameraThatHangsOnAnObjectIsSeenFromItsWorldPosition) {
+  Scene scene;
+  GameObj* grandparent = scene.AddObject("grandparent");
+  Of<Transform>(grandparent).m_local_pos = Vector3D(1000.0f, 2000.0f, 1.0f);
+  GameObj* parent = scene.AddObject("parent", grandparent);
+  Of<Transform>(parent).m_local_pos = Vector3D(100.0f, 200.0f, 1.0f);
+  GameObj* camera = scene.AddCamera(parent);
+  Of<Transform>(camera).m_local_pos = Vector3D(10.0f, 20.0f, 1.0f);
+  scene.Draw();
+  EXPECT_EQ(scene.System().m_view_translate.x, -1110.0f);
+  EXPECT_EQ(scene.System().m_view_translate.y, -2220.0f);
+}
+
 TEST(CameraPass, TheLastActiveCameraWins) {
   Scene scene;
   const float positions[] = {10.0f, 20.0f, 30.0f};

@@ -57,6 +57,19 @@ TEST(LightPass, TheLightFollowsItsObject) {
   EXPECT_EQ(Lights(scene).at(0).position, Vector3D(110.0f, 22.0f, 33.0f));
 }
 
+TEST(LightPass, ALightStandsAtTheWorldPositionOfAChild) {
+  Scene scene;
+  GameObj* parent = scene.AddObject("parent");
+  Of<Transform>(parent).m_local_pos = Vector3D(100.0f, 200.0f, 1.0f);
+  GameObj* object = scene.AddObject("light", parent);
+  object->AddComponent<Light>();
+  Of<Light>(object).m_pos = Vector3D(1.0f, 2.0f, 3.0f);
+  Of<Transform>(object).m_local_pos = Vector3D(10.0f, 20.0f, 1.0f);
+  const Vector3D position = Lights(scene).at(0).position;
+  EXPECT_EQ(position.x, 111.0f);
+  EXPECT_EQ(position.y, 222.0f);
+}
+
 TEST(LightPass, LightsKeepTheOrderOfTheTable) {
   Scene scene;
   for (const float strength : {3.0f, 1.0f, 2.0f}) AddLight(scene, strength);

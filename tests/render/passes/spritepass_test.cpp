@@ -155,6 +155,19 @@ TEST(Highlight, TheSelectedObjectShowsItsHighlightTexture) {
   EXPECT_EQ(scene.DrawTextures(), (std::vector<int>{1, 9}));
 }
 
+TEST(Highlight, TheSelectedHazardAndTheSelectedInterfaceElementShowTheirs) {
+  Scene scene;
+  GameObj* hazard = scene.AddSprite("hazard", "one");
+  hazard->AddComponent<EnvironmentRough>();
+  GameObj* element = scene.AddSprite("element", "two", scene.AddCamera());
+  Of<Render>(hazard).m_hl_tex = "eight";
+  Of<Render>(element).m_hl_tex = "nine";
+  scene.System().m_selected_id = static_cast<std::int32_t>(hazard->id);
+  EXPECT_EQ(scene.DrawTextures(), (std::vector<int>{8, 2}));
+  scene.System().m_selected_id = static_cast<std::int32_t>(element->id);
+  EXPECT_EQ(scene.DrawTextures(), (std::vector<int>{1, 9}));
+}
+
 TEST(Highlight, WithoutASelectionNobodyShowsIt) {
   Scene scene;
   for (int i = 0; i < 3; ++i) Of<Render>(scene.AddSprite("a", "one")).m_hl_tex = "eight";

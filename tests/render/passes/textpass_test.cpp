@@ -83,6 +83,28 @@ TEST_F(TextPassTest, AChildsTextStandsAtItsParentPlusItsOwnLocalPosition) {
   EXPECT_FLOAT_EQ(First().y, 220.0f);
 }
 
+TEST_F(TextPassTest, TheParentsPositionIsThatInTheWorld) {
+  GameObj* grandparent = scene.AddObject("grandparent");
+  Of<Transform>(grandparent).m_local_pos = Vector3D(1000.0f, 2000.0f, 1.0f);
+  GameObj* parent = scene.AddObject("parent", grandparent);
+  Of<Transform>(parent).m_local_pos = Vector3D(100.0f, 200.0f, 1.0f);
+  Of<Transform>(AddText("b", parent)).m_local_pos = Vector3D(10.0f, 20.0f, 1.0f);
+  scene.Draw();
+  EXPECT_FLOAT_EQ(First().x, 1110.0f);
+  EXPECT_FLOAT_EQ(First().y, 2220.0f);
+}
+
+// The world position of a root object may differ from its local one: it is derived once a step.
+TEST_F(TextPassTest, ARootTextAddsItsWorldAndItsLocalPosition) {
+  GameObj* text = AddText("b");
+  Of<Transform>(text).m_world_pos = Vector3D(100.0f, 200.0f, 3.0f);
+  Of<Transform>(text).m_local_pos = Vector3D(30.0f, 40.0f, 1.0f);
+  scene.System().Update(0.0f);
+  EXPECT_EQ(First().x, 130.0f);
+  EXPECT_EQ(First().y, 240.0f);
+  EXPECT_EQ(First().z, 4.0f);
+}
+
 TEST_F(TextPassTest, TheSizeIsTheWorldScaleInX) {
   GameObj* parent = scene.AddObject("parent");
   Of<Transform>(parent).m_local_scale = Vector3D(3.0f, 1.0f, 1.0f);
@@ -107,6 +129,15 @@ TEST_F(TextPassTest, TheCamerasDepthDoesNotMoveItsText) {
   scene.Draw();
   // The anchor's depth, the text's own, and the camera's taken off.
   EXPECT_EQ(First().z, 200.0f + 1.0f - 200.0f);
+}
+
+TEST_F(TextPassTest, TheCamerasDepthMovesTheTextOfItsGrandchild) {
+  GameObj* camera = scene.AddCamera();
+  Of<Transform>(camera).m_local_pos = Vector3D(0.0f, 0.0f, 200.0f);
+  GameObj* panel = scene.AddObject("panel", camera);
+  AddText("b", panel);
+  scene.Draw();
+  EXPECT_EQ(First().z, Of<Transform>(panel).m_world_pos.z + 1.0f);
 }
 
 TEST_F(TextPassTest, AnUnknownCharacterEntersTheGlyphsOfTheSystem) {
