@@ -138,7 +138,6 @@ void Parts(benchmark::State& state) {
   }
   state.counters["live"] = static_cast<double>(stage.Live());
   state.counters["draws"] = stage.Counters().draw_calls;
-  state.counters["draws_of_instances"] = stage.InstancesAlone().draw_calls;
   state.SetLabel(kParts[state.range(0)]);
 }
 
