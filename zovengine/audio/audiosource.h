@@ -12,7 +12,7 @@ namespace ZOVEngine {
 /// on.
 struct SoundRecord {
   std::string sound_type;     ///< "BGM" is music, anything else an effect; "SFX" starts afresh
-                              ///< when it is asked for while it plays, all others wait
+                              ///< when it is requested while it plays, all others wait
   bool loop = false;          ///< goes on until it is stopped
   bool is_3D = false;         ///< heard from where the object is
   bool start_play = false;    ///< a play is pending; in a file: starts with the level
@@ -35,7 +35,7 @@ class AudioSource final : public GameComponentBase {
   using GameComponentBase::GameComponentBase;
   AudioSource(const AudioSource&) = default;
   AudioSource& operator=(const AudioSource&) = delete;
-  /// Carries out the stops that are still pending: a level that is left asks for silence in the
+  /// Carries out the stops that are still pending: a level that is left requests silence in the
   /// very step in which it is destroyed, and its looping music would never end. Streams without a
   /// request to stop play on.
   ~AudioSource() override;
@@ -45,9 +45,9 @@ class AudioSource final : public GameComponentBase {
   void Unserialize(const Value& value) override;
   void Serialize(Writer& writer) override;
 
-  /// Asks for the sound of this file name.
+  /// Requests the sound of this file name.
   void PlaySound(const std::string& name);
-  /// Asks for its end. Lost if a play is asked for too and can be carried out.
+  /// Requests its end. Lost if a play is requested too and can be carried out.
   void StopSound(const std::string& name);
   void StopAllSounds();
   /// True if the sound was heard in the last step; requests made since then do not count.

@@ -72,7 +72,7 @@ class Mixer {
   /// Places the listener, which does not move.
   virtual void SetListener(const Vector3D& position) = 0;
 
-  /// The end of a step: feeds the streams, and lets go of those that have ended.
+  /// The end of a step: feeds the streams, and frees those that have ended.
   virtual void Update() = 0;
 
   /// True from Play until the Update that finds the stream at its end, or until Stop.

@@ -119,7 +119,7 @@ GameObj* GameObjFactory::ReadRecord(const Value& record, bool archetype) {
   object->isArchetype = archetype;
   if (!archetype) {
     // Now, while there are no components: a file's "active" marks the object alone, and its
-    // components stay active and visible until somebody calls SetActive. Level data relies on it.
+    // components stay active and visible until the next call of SetActive. Level data relies on it.
     bool active = false;
     ReadValue(record, "active", &active);
     object->SetActive(active);

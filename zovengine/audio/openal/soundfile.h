@@ -19,18 +19,18 @@ struct SoundFileOptions {
 /// One sound file that is decoded piece by piece, from its beginning to its end.
 ///
 /// Takes Ogg and WAV files of up to 8 channels. A frame is a sample of each channel; samples are 16
-/// bits and those of a frame stand side by side. What a damaged file still yields is played; no
-/// file can make the reader allocate more than a few dozen kilobytes or wait for its own end.
+/// bits and those of a frame stand side by side. The readable part of a damaged file is played;
+/// no file can make the reader allocate more than a few dozen kilobytes or wait for its own end.
 class SoundFile {
  public:
   /// Opens the file. Returns null when it is absent, empty, or nothing that can be played.
   static std::unique_ptr<SoundFile> Open(const std::string& path, const SoundFileOptions& options);
 
-  /// Decodes up to `frames` frames to `samples`. Returns how many there were; fewer than asked for
+  /// Decodes up to `frames` frames to `samples`. Returns how many there were; fewer than `frames`
   /// mean that the sound has come to its end, which a looping one never does.
   std::size_t Read(std::int16_t* samples, std::size_t frames);
 
-  /// 1 or 2, as asked for.
+  /// 1 or 2, as the options say.
   std::size_t Channels() const { return m_mono ? 1 : 2; }
   /// Frames a second.
   int Rate() const { return m_info.samplerate; }

@@ -6,7 +6,8 @@
 
 namespace ZOVEngine {
 
-/// What the program's arguments ask for. No arguments start the game with the splash screen.
+/// The request that the program's arguments make. Without arguments the game starts with the splash
+/// screen.
 enum class StartRequest {
   kPlay,   ///< start the game
   kHelp,   ///< the use is printed; end with success
@@ -17,8 +18,8 @@ enum class StartRequest {
 inline constexpr int kWrongUse = 2;
 
 /// Reads the program's arguments, without its name: none, "--help", or "--level" and the path of a
-/// level file, which then becomes the first screen. The use goes to `out` when it is asked for, to
-/// `errors` with arguments of another form. A level file that cannot be opened is named on
+/// level file, which then becomes the first screen. The use goes to `out` on request, to `errors`
+/// with arguments of another form. A level file that cannot be opened is named on
 /// `errors`.
 StartRequest ReadArguments(const std::vector<std::string>& arguments, std::ostream& out,
                            std::ostream& errors);

@@ -26,8 +26,8 @@ class LogicSystem final : public System {
   void Init() override;
   /// The state step, then Update of all logic components.
   void Update(float dt) override;
-  /// The state step, then what stays live in a pause. A controller that was loaded in the pause is
-  /// initialised, but not updated.
+  /// The state step, then Update of the components that stay live in a pause. A controller that was
+  /// loaded in the pause is initialised before them, but not updated.
   void PausedUpdate(float dt) override;
   /// Hands the message to the current state, if there are states.
   void SendMessage(Message* message) override;

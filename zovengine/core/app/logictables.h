@@ -37,7 +37,7 @@ using LogicTables =
              ProjectilePush, ProjectileSwap, ProjectileBounce, ProjectileExplosion,
              ProjectileVacuum, ProjectilePierce, Enemy, Player, AIComp>;
 
-/// What stays live in a pause, in the order of its walk.
+/// The logic components that stay live in a pause, in the order of their walk.
 using PausedLogicTables = TypeList<ParticleSystemC, UIElement, Button>;
 
 }  // namespace ZOVEngine

@@ -6,8 +6,7 @@ namespace ZOVEngine {
 
 /// Holds the interface state of the main menu.
 ///
-/// Known to the files, the tables and the passes by its name; it has no fields and no behaviour
-/// yet.
+/// It can be read from files and has its turn in a step, but no fields and no behaviour yet.
 class MainMenuController final : public EmptyLogicComponent {
   RTTR_ENABLE(EmptyLogicComponent)
 
