@@ -78,9 +78,9 @@ class Data(unittest.TestCase):
                 done = run_maker(maker, "--check")
                 self.assertEqual(done.returncode, 0, done.stdout)
 
-    def test_the_textures_are_listed_in_the_order_of_the_pictures(self):
+    def test_the_textures_are_listed_in_the_order_of_the_images(self):
         listed = json.loads((ROOT / "Resources/Textures/graphics.json").read_text())["texPath"]
-        self.assertEqual(listed, run_maker("tools/render_pictures", "--list").stdout.splitlines())
+        self.assertEqual(listed, run_maker("tools/render_images", "--list").stdout.splitlines())
 
 
 if __name__ == "__main__":

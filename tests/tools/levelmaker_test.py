@@ -71,7 +71,7 @@ at = [0, -200]
 """
         self.assert_refused(LEVEL01 + thing, "puck", "never rest")
 
-    def test_a_picture_that_is_not_listed(self):
+    def test_a_texture_that_is_not_listed(self):
         self.assert_refused(LEVEL01.replace('texture = "Tile_Wall"', 'texture = "Tile_Wool"') +
                             '\n[kinds.a]\ntexture = "Nothing"\nsize = [9, 9]\nshape = "Box"\n\n'
                             '[[things]]\nkind = "a"\nat = [0, 0]\n', "Nothing", "graphics.json")

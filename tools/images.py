@@ -1,6 +1,6 @@
-"""Renders a source of assets/pictures into a PNG file, for tools/render_pictures.
+"""Renders a source of assets/images into a PNG file, for tools/render_images.
 
-docs/pictures.md describes the sources.
+docs/images.md describes the sources.
 """
 import io
 import math
@@ -10,7 +10,7 @@ import subprocess
 import sys
 
 import numpy
-from PIL import Image
+import PIL.Image
 
 LARGEST_SIDE = 4096
 
@@ -23,7 +23,7 @@ for font in ("Play", "Jura"):
 
 
 def fill_in(text, name, frame, frames):
-    """Replaces each {{expression}} of a source by its value for the picture `name` in this frame."""
+    """Replaces each {{expression}} of a source by its value for the image `name` in this frame."""
     names = {
         "name": name,
         "frame": frame,
@@ -38,20 +38,20 @@ def fill_in(text, name, frame, frames):
 
 
 def draw(svg, width, height):
-    """Returns the picture of an SVG text as an array of height by width by RGBA."""
+    """Returns the image of an SVG text as an array of height by width by RGBA."""
     png = subprocess.run(
         ["rsvg-convert", "-w", str(width), "-h", str(height), "-f", "png"],
         input=svg.encode(),
         stdout=subprocess.PIPE,
         check=True,
     ).stdout
-    return numpy.array(Image.open(io.BytesIO(png)).convert("RGBA"))
+    return numpy.array(PIL.Image.open(io.BytesIO(png)).convert("RGBA"))
 
 
 def spread_colour(pixels, rings=4):
     """Gives empty pixels next to painted ones their neighbours' colour.
 
-    Textures are filtered without regard to alpha, so the black of the empty pixels would show as a dark seam where the picture is
+    Textures are filtered without regard to alpha, so the black of the empty pixels would show as a dark seam where the image is
     scaled.
     """
     colour = pixels[..., :3].astype(float)
@@ -70,9 +70,9 @@ def spread_colour(pixels, rings=4):
     return pixels
 
 
-def make(picture, source, target):
-    """Renders the frames of a picture side by side into a PNG file; returns the file's size in bytes."""
-    name, width, height, frames = picture.name, picture.width, picture.height, picture.frames
+def make(image, source, target):
+    """Renders the frames of a image side by side into a PNG file; returns the file's size in bytes."""
+    name, width, height, frames = image.name, image.width, image.height, image.frames
     if width * frames > LARGEST_SIDE or height > LARGEST_SIDE:
         sys.exit(f"{name}: larger than {LARGEST_SIDE} pixels")
     text = source.read_text()
@@ -80,5 +80,5 @@ def make(picture, source, target):
     pixels = numpy.concatenate(strip, axis=1)
     opaque = pixels[..., 3].min() == 255
     target.parent.mkdir(parents=True, exist_ok=True)
-    Image.fromarray(pixels[..., :3] if opaque else spread_colour(pixels)).save(target, optimize=True)
+    PIL.Image.fromarray(pixels[..., :3] if opaque else spread_colour(pixels)).save(target, optimize=True)
     return target.stat().st_size
