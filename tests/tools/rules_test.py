@@ -79,6 +79,76 @@ class Rules(unittest.TestCase):
         self.player["UIElement"] = {"m_ui_element_name": "ui_selection_circle"}
         self.assert_only_fault("level/player1 is a unit with a UIElement of its own, which would hold back its turn")
 
+    def test_a_unit_without_health(self):
+        for field in ("m_health", "m_max_health"):
+            with self.subTest(field=field):
+                kept = self.player["Player"][field]
+                self.player["Player"][field] = 0
+                self.assert_only_fault("level/player1 starts without health")
+                self.player["Player"][field] = kept
+
+    def test_a_player_without_energy(self):
+        self.player["Player"]["m_movement_limit"] = 0.0
+        self.assert_only_fault("level/player1 has no energy to move with")
+
+    def test_a_unit_outside_the_level(self):
+        self.records.append(self.by_name["enemy2"])
+        self.records[0]["Childs"].remove(self.by_name["enemy2"])
+        self.assert_only_fault("enemy2 is a unit, but no child of the object that runs the level")
+
+    def test_a_unit_of_both_sides(self):
+        self.player["Enemy"] = copy.deepcopy(self.by_name["enemy2"]["Enemy"])
+        self.assertIn("Level01: level/player1 is a Player and an Enemy at once", self.faults())
+
+    def test_a_boss_of_another_name(self):
+        self.enemy["Enemy"]["m_boss"] = True
+        fault = "Level01: level/enemy1 is a boss, but not named Boss, so a DeathField does not find it"
+        self.assertIn(fault, self.faults())
+        self.enemy["name"] = "Boss"
+        self.assertNotIn("not named Boss", " ".join(self.faults()))
+
+    def test_a_boss_without_one_of_its_children(self):
+        self.enemy["Enemy"]["m_boss"] = True
+        self.assertIn("Level01: level/enemy1 lacks its child DeathExplosion10", self.faults())
+
+    def test_a_unit_in_a_wall_or_off_the_map(self):
+        for place in ([-930, 240], [5000, 0], [0, -5000]):
+            with self.subTest(place=place):
+                self.player["Transform"]["m_pos"] = [*place, 1]
+                self.assert_only_fault(f"level/player1 stands or walks at ({place[0]}, {place[1]}), in a wall or off the map")
+
+    def test_a_path_through_a_wall(self):
+        self.enemy["Enemy"]["m_waypoints"] = [[930, 120, 1], [660, 120, 1]]
+        self.assert_only_fault("level/enemy1 stands or walks at (930, 120), in a wall or off the map")
+
+    def shot(self):
+        return next(child for child in self.player["Childs"] if child["name"] == "Weapon0Projectile")
+
+    def test_a_shot_without_a_unit(self):
+        self.add(self.shot())
+        self.assert_only_fault("Weapon0Projectile is a shot, but no child of a unit")
+
+    def test_a_shot_without_one_of_its_components(self):
+        for component in ("Transform", "RigidBody"):
+            with self.subTest(component=component):
+                kept = self.shot().pop(component)
+                self.assertIn(f"Level01: player1/Weapon0Projectile is a shot without {component}", self.faults())
+                self.shot()[component] = kept
+
+    def test_a_shot_that_turns_with_its_unit(self):
+        self.shot()["Transform"]["m_rotate_with_parent"] = True
+        self.assert_only_fault("player1/Weapon0Projectile turns Weapon0Projectile with the unit, "
+                               "which would carry it off its path")
+
+    def test_a_shot_with_drag(self):
+        self.shot()["RigidBody"]["m_drag"] = 0.1
+        self.assert_only_fault("player1/Weapon0Projectile is a shot that drag would stop before its range is out, "
+                               "and the turn with it")
+
+    def test_a_path_without_an_aicomp(self):
+        del self.enemy["AIComp"]
+        self.assert_only_fault("level/enemy1 has a path without an AIComp to walk it")
+
     def test_an_enemy_with_an_aicomp_and_no_path(self):
         self.enemy["Enemy"]["m_waypoints"] = []
         self.assert_only_fault("level/enemy1 has an AIComp without a path, and its move would never end")
@@ -103,6 +173,52 @@ class Rules(unittest.TestCase):
     def test_one_long_leg_ends_the_move(self):
         self.enemy["Enemy"]["m_waypoints"] = [[660, 360, 1], [660, 270, 1], [660, 100, 1]]
         self.assertEqual(self.faults(), [])
+
+    def test_an_image_without_its_place_or_geometry(self):
+        self.add(PUCK, Render={"m_tex": "default", "m_hl_tex": "default"}, iModel={})
+        for component in ("Transform", "iModel"):
+            with self.subTest(component=component):
+                kept = self.records[-1].pop(component)
+                self.assert_only_fault(f"puck has a Render without {component}")
+                self.records[-1][component] = kept
+        self.assertEqual(self.faults(), [])
+
+    def test_a_texture_that_is_not_listed(self):
+        self.player["Render"]["m_tex"] = "Nothing"
+        self.assert_only_fault("level/player1 shows Nothing, which graphics.json does not list")
+
+    def test_a_sheet_of_no_frames_or_of_too_many(self):
+        for frames in (0, 11):
+            with self.subTest(frames=frames):
+                self.player["Animation"]["m_spawn_frames"] = frames
+                self.assert_only_fault(f"level/player1 has a spawn sheet of {frames} frames, not 1 to 10")
+
+    def test_a_sound_without_a_file(self):
+        self.player["AudioSource"]["sounds"][0] = "silence.ogg"
+        self.assert_only_fault("level/player1 lists the sound silence.ogg, of which there is no file")
+
+    def test_a_level_without_a_controller_or_with_two(self):
+        other = copy.deepcopy(self.records[0])
+        other["Childs"] = []
+        self.records.append(other)
+        self.assert_only_fault("has 2 objects with a GameController")
+        self.records = [PUCK]
+        self.assert_only_fault("has 0 objects with a GameController")
+
+    def test_a_controller_without_its_place_or_its_sounds(self):
+        for component in ("Transform", "AudioSource"):
+            with self.subTest(component=component):
+                kept = self.records[0].pop(component)
+                self.assert_only_fault(f"runs on an object without {component}")
+                self.records[0][component] = kept
+
+    def test_a_level_without_a_camera_or_with_two(self):
+        level = self.records[0]
+        cameras = [child for child in level["Childs"] if "Camera" in child]
+        level["Childs"] += cameras
+        self.assert_only_fault("has not one camera below the object that runs it")
+        level["Childs"] = [child for child in level["Childs"] if "Camera" not in child]
+        self.assert_only_fault("has not one camera below the object that runs it")
 
     def test_a_side_without_units(self):
         level = self.records[0]
