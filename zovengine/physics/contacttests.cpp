@@ -42,59 +42,39 @@ Range Project(const std::vector<Vector3D>& vertices, const Vector3D& axis) {
   return range;
 }
 
-/// The search for the axis of least overlap between two polygons.
-class AxisSearch {
- public:
-  AxisSearch(const PolygonCollider& a, const PolygonCollider& b) : m_a(a), m_b(b) {}
-
-  /// False if the polygons are apart along `axis`; touching is not apart.
-  bool Overlap(const Vector3D& axis) {
-    return Overlap(axis, Project(m_a.m_world_vertices, axis), Project(m_b.m_world_vertices, axis));
-  }
-
-  /// The same for what the two cover of the axis.
-  bool Overlap(const Vector3D& axis, const Range& a, const Range& b) {
+/// The axis along which two polygons overlap least.
+struct LeastOverlap {
+  /// False if the two are apart along `axis`, given what they cover of it; touching is not apart.
+  bool Add(const Vector3D& along, const Range& a, const Range& b) {
     if (b.max < a.min || a.max < b.min) return false;
-    const float overlap = b.max > a.max ? a.max - b.min : b.max - a.min;
-    if (overlap < m_least) {
-      m_least = overlap;
-      m_axis = axis;
-    }
+    Keep(along, b.max > a.max ? a.max - b.min : b.max - a.min);
     return true;
   }
 
-  void Store(ContactInfo* contact) const {
-    contact->collided = true;
-    contact->normal = m_axis;
-    if (Dot(m_a.m_center - m_b.m_center, contact->normal) < 0.0f) {
-      contact->normal = Negated(contact->normal);
-    }
-    contact->normal = contact->normal.Normalized();
-    contact->penetration = m_least;
+  /// The first of equal overlaps stays.
+  void Keep(const Vector3D& along, float overlap) {
+    if (!(overlap < depth)) return;
+    depth = overlap;
+    axis = along;
   }
 
- private:
-  const PolygonCollider& m_a;
-  const PolygonCollider& m_b;
-  Vector3D m_axis;
-  float m_least = kFarthest;
+  void Store(const PolygonCollider& a, const PolygonCollider& b, ContactInfo* contact) const {
+    contact->collided = true;
+    contact->normal = axis;
+    if (Dot(a.m_center - b.m_center, axis) < 0.0f) contact->normal = Negated(axis);
+    contact->normal = contact->normal.Normalized();
+    contact->penetration = depth;
+  }
+
+  Vector3D axis;
+  float depth = kFarthest;
 };
 
-/// Four floats that are computed with at once, by an extension that all of our compilers have.
-using Lanes = float __attribute__((vector_size(4 * sizeof(float))));
-
-Lanes Lesser(const Lanes& a, const Lanes& b) {
-  return a < b ? a : b;
-}
-Lanes Greater(const Lanes& a, const Lanes& b) {
-  return a > b ? a : b;
-}
-
-/// The four axes of two boxes, side by side, and what the boxes cover of them.
+/// The four axes of two boxes side by side, and what the boxes cover of them.
 struct BoxAxes {
-  BoxAxes(const Vector3D* a, const Vector3D* b)
-      : x{a[3].y - a[0].y, a[3].y - a[2].y, b[3].y - b[0].y, b[3].y - b[2].y},
-        y{a[0].x - a[3].x, a[2].x - a[3].x, b[0].x - b[3].x, b[2].x - b[3].x} {
+  BoxAxes(const BoxOutline& a, const BoxOutline& b)
+      : x(LastCorner(a.y, b.y) - ItsNeighbours(a.y, b.y)),
+        y(ItsNeighbours(a.x, b.x) - LastCorner(a.x, b.x)) {
     const Lanes squares = x * x + y * y;
     const Lanes lengths = {std::sqrt(squares[0]), std::sqrt(squares[1]), std::sqrt(squares[2]),
                            std::sqrt(squares[3])};
@@ -105,24 +85,42 @@ struct BoxAxes {
     Cover(b, &min_b, &max_b);
   }
 
-  void Cover(const Vector3D* vertices, Lanes* min, Lanes* max) const {
-    *min = *max = vertices[0].x * x + vertices[0].y * y;
-    for (int i = 1; i < 4; ++i) {
-      const Lanes at = vertices[i].x * x + vertices[i].y * y;
+  // Of both boxes, the ends of the two edges that meet in their last corner.
+  static Lanes LastCorner(const Lanes& a, const Lanes& b) {
+    return __builtin_shufflevector(a, b, 3, 3, 7, 7);
+  }
+  static Lanes ItsNeighbours(const Lanes& a, const Lanes& b) {
+    return __builtin_shufflevector(a, b, 0, 2, 4, 6);
+  }
+
+  void Cover(const BoxOutline& box, Lanes* min, Lanes* max) const {
+    *min = *max = box.x[0] * x + box.y[0] * y;
+    for (int corner = 1; corner < 4; ++corner) {
+      const Lanes at = box.x[corner] * x + box.y[corner] * y;
       *min = Lesser(at, *min);
       *max = Greater(at, *max);
     }
   }
+
+  /// True if one of the axes separates the boxes.
+  bool Apart() const { return Any((max_b < min_a) | (max_a < min_b)); }
+  Lanes Overlaps() const { return max_b > max_a ? max_a - min_b : max_b - min_a; }
+  Vector3D Axis(int k) const { return Vector3D(x[k], y[k], 0.0f); }
 
   static constexpr int kAxes = 4;
   Lanes x, y;
   Lanes min_a, max_a, min_b, max_b;
 };
 
-bool OverlapAlongEdges(const PolygonCollider& polygon, AxisSearch* search) {
+/// Adds the axes of the edges of `polygon`; false if `a` and `b` are apart along one of them.
+bool OverlapAlongEdges(const PolygonCollider& polygon, const PolygonCollider& a,
+                       const PolygonCollider& b, LeastOverlap* least) {
   const std::vector<Vector3D>& v = polygon.m_world_vertices;
   for (std::size_t i = 0; i < v.size(); ++i) {
-    if (!search->Overlap(EdgeNormal(v[i], v[(i + 1) % v.size()]))) return false;
+    const Vector3D axis = EdgeNormal(v[i], v[(i + 1) % v.size()]);
+    if (!least->Add(axis, Project(a.m_world_vertices, axis), Project(b.m_world_vertices, axis))) {
+      return false;
+    }
   }
   return true;
 }
@@ -202,24 +200,30 @@ void StoreDistance(const Vector3D& d, const NearPoint& near, ContactInfo* contac
 
 }  // namespace
 
+BoxOutline OutlineOf(const PolygonCollider& box) {
+  const Vector3D* const v = box.m_world_vertices.data();
+  return {Lanes{v[0].x, v[1].x, v[2].x, v[3].x}, Lanes{v[0].y, v[1].y, v[2].y, v[3].y}};
+}
+
+bool AreApart(const BoxOutline& a, const BoxOutline& b) {
+  return BoxAxes(a, b).Apart();
+}
+
 bool SatBox(const PolygonCollider& a, const PolygonCollider& b, ContactInfo* contact) {
   if (a.m_world_vertices.size() < 4 || b.m_world_vertices.size() < 4) return false;
-  const BoxAxes axes(a.m_world_vertices.data(), b.m_world_vertices.data());
-  AxisSearch search(a, b);
-  for (int k = 0; k < BoxAxes::kAxes; ++k) {
-    if (!search.Overlap(Vector3D(axes.x[k], axes.y[k], 0.0f), {axes.min_a[k], axes.max_a[k]},
-                        {axes.min_b[k], axes.max_b[k]})) {
-      return false;
-    }
-  }
-  search.Store(contact);
+  const BoxAxes axes(OutlineOf(a), OutlineOf(b));
+  if (axes.Apart()) return false;
+  LeastOverlap least;
+  const Lanes overlaps = axes.Overlaps();
+  for (int k = 0; k < BoxAxes::kAxes; ++k) least.Keep(axes.Axis(k), overlaps[k]);
+  least.Store(a, b, contact);
   return true;
 }
 
 bool SatPolygon(const PolygonCollider& a, const PolygonCollider& b, ContactInfo* contact) {
-  AxisSearch search(a, b);
-  if (!OverlapAlongEdges(a, &search) || !OverlapAlongEdges(b, &search)) return false;
-  search.Store(contact);
+  LeastOverlap least;
+  if (!OverlapAlongEdges(a, a, b, &least) || !OverlapAlongEdges(b, a, b, &least)) return false;
+  least.Store(a, b, contact);
   return true;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/base/lanes.h"
 #include "core/base/vector3d.h"
 #include "core/contactinfo.h"
 #include "physics/components/colliderholder.h"
@@ -27,6 +28,17 @@ bool TestCircleCircle(const ColliderHolder& a, const ColliderHolder& b, ContactI
 bool TestCirclePolygon(const ColliderHolder& a, const ColliderHolder& b, ContactInfo* contact);
 /// TestCirclePolygon with the sides swapped and the normal turned round.
 bool TestPolygonCircle(const ColliderHolder& a, const ColliderHolder& b, ContactInfo* contact);
+
+/// The four corners of a box in the plane, side by side.
+struct BoxOutline {
+  Lanes x, y;
+};
+
+/// The outline of a box that has at least four vertices.
+BoxOutline OutlineOf(const PolygonCollider& box);
+/// True if a line along an edge separates two boxes; touching boxes are not apart. The order of the
+/// two does not matter.
+bool AreApart(const BoxOutline& a, const BoxOutline& b);
 
 /// The feature of a polygon that faces along an axis: its extreme point and an edge at it.
 struct FacingEdge {
