@@ -2,6 +2,8 @@
 
 #include <bit>
 
+#include "core/base/lanes.h"
+
 namespace ZOVEngine {
 
 const std::array<std::uint8_t, QuadTree::kNodes> QuadTree::kLevels = [] {
@@ -12,6 +14,17 @@ const std::array<std::uint8_t, QuadTree::kNodes> QuadTree::kLevels = [] {
     }
   }
   return levels;
+}();
+
+const std::array<QuadTree::Leaves, QuadTree::kNodes> QuadTree::kLeaves = [] {
+  std::array<Leaves, kNodes> leaves{};
+  for (std::size_t node = 0; node < kNodes; ++node) {
+    const int below = 2 * (kMaxLevels - kLevels[node]);
+    const std::size_t place = node - FirstNodeOfLevel(kLevels[node]);
+    leaves[node] = {static_cast<std::uint16_t>(place << below),
+                    static_cast<std::uint16_t>((place + 1) << below)};
+  }
+  return leaves;
 }();
 
 namespace {
@@ -44,56 +57,74 @@ int ChildIndex(const Bounds& b, float mid_x, float mid_y) {
   return -1;
 }
 
-/// One axis of the field cut into the cells of the deepest level, whose borders are the midlines of
-/// all nodes. All borders are exact floats.
-struct Axis {
-  static constexpr int kCells = 1 << QuadTree::kMaxLevels;
-  float min, cell;
+/// The field cut into the cells of the deepest level, whose borders are the midlines of all nodes.
+/// Lanes are both corners of bounds: low x, low y, high x, high y. All borders are exact floats.
+constexpr int kCells = 1 << QuadTree::kMaxLevels;  ///< along each axis
+constexpr float kCellWidth = QuadTree::kWidth / kCells;
+constexpr float kCellHeight = QuadTree::kHeight / kCells;
+constexpr Lanes kField = {QuadTree::kMinX, QuadTree::kMinY, QuadTree::kMinX, QuadTree::kMinY};
+constexpr Lanes kCell = {kCellWidth, kCellHeight, kCellWidth, kCellHeight};
+constexpr LaneMask kHighCorner = {0, 0, -1, -1};
+/// Rounded up, so that a product of an offset with it is never in a cell too low.
+constexpr float kUp = 1.00001f;
+constexpr Lanes kPerCell = {kUp / kCellWidth, kUp / kCellHeight, kUp / kCellWidth,
+                            kUp / kCellHeight};
+constexpr Lanes kFirstBorder = {1, 1, 1, 1};
+constexpr Lanes kLastBorder = {kCells - 1, kCells - 1, kCells - 1, kCells - 1};
 
-  float Border(int i) const { return min + cell * static_cast<float>(i); }
-
-  /// The cell that `x` is in or next to; off by one at most.
-  int Near(float x) const {
-    const float at = (x - min) / cell;
-    if (!(at > 0.0f)) return 0;
-    return at < static_cast<float>(kCells) ? static_cast<int>(at) : kCells - 1;
-  }
-
-  /// How many inner borders are below `x`.
-  int BordersBelow(float x) const {
-    const int near = Near(x);
-    return near + (near + 1 < kCells && Border(near + 1) < x) - (near > 0 && !(Border(near) < x));
-  }
-
-  /// How many inner borders are at `x` or below it.
-  int BordersUpTo(float x) const {
-    const int near = Near(x);
-    return near + (near + 1 < kCells && Border(near + 1) <= x) - (near > 0 && !(Border(near) <= x));
-  }
-};
-
-constexpr Axis kAxisX = {QuadTree::kMinX, QuadTree::kWidth / Axis::kCells};
-constexpr Axis kAxisY = {QuadTree::kMinY, QuadTree::kHeight / Axis::kCells};
-
-/// The bits of `x` with a zero before each.
-unsigned Spread(unsigned x) {
-  x = (x | (x << 4)) & 0x10F;
-  x = (x | (x << 2)) & 0x133;
-  return (x | (x << 1)) & 0x155;
+/// The cells of both corners. That of the low corner is the number of inner borders below it, that
+/// of the high one the number of inner borders below it or at it.
+LaneMask CellsOf(const Bounds& b) {
+  const Lanes corners = {b.min_x, b.min_y, b.max_x, b.max_y};
+  const Lanes at = Lesser(kLastBorder, Greater(kFirstBorder, (corners - kField) * kPerCell));
+  // The last border that the corner can be beyond, and whether it is.
+  const LaneMask number = __builtin_convertvector(at, LaneMask);
+  const Lanes border = kField + kCell * __builtin_convertvector(number, Lanes);
+  const LaneMask beyond = (border < corners) | ((border == corners) & kHighCorner);
+  return number - 1 - beyond;
 }
 
-/// The deepest node of bounds with the low corner below the high one, by the bits of the cells of
-/// both corners: where they begin to differ, the bounds straddle a midline.
+/// The bits of a cell's number with a zero before each.
+constexpr auto kSpread = [] {
+  std::array<std::uint16_t, kCells> spread{};
+  for (unsigned cell = 0; cell < kCells; ++cell) {
+    for (unsigned bit = 0; bit < QuadTree::kMaxLevels; ++bit) {
+      spread[cell] = static_cast<std::uint16_t>(spread[cell] | ((cell >> bit & 1) << (2 * bit)));
+    }
+  }
+  return spread;
+}();
+
+/// The level at which bounds stop on their path down, by the bits in which the cells of their
+/// corners differ: each level decides one bit of a cell number, and where the bits of both corners
+/// differ, the bounds straddle a midline.
+struct Stop {
+  std::uint16_t first_node;  ///< of the last level that holds them
+  std::uint16_t bits_left;   ///< of the path to the deepest level
+};
+
+constexpr auto kStops = [] {
+  std::array<Stop, kCells> stops{};
+  for (unsigned differing = 0; differing < kCells; ++differing) {
+    const auto levels_left = static_cast<int>(std::bit_width(differing));
+    stops[differing] = {FirstNodeOfLevel(QuadTree::kMaxLevels - levels_left),
+                        static_cast<std::uint16_t>(2 * levels_left)};
+  }
+  return stops;
+}();
+
+/// The deepest node of bounds with the low corner below the high one.
 std::uint16_t DeepestOfRegular(const Bounds& b) {
-  const auto low_x = static_cast<unsigned>(kAxisX.BordersBelow(b.min_x));
-  const auto low_y = static_cast<unsigned>(kAxisY.BordersBelow(b.min_y));
-  const auto high_x = static_cast<unsigned>(kAxisX.BordersUpTo(b.max_x));
-  const auto high_y = static_cast<unsigned>(kAxisY.BordersUpTo(b.max_y));
-  const auto undone = static_cast<int>(std::bit_width((low_x ^ high_x) | (low_y ^ high_y)));
-  const unsigned lower_half = ~low_y & (Axis::kCells - 1);  // a bit for each level: the lower child
-  const unsigned path = (Spread(lower_half) << 1) | Spread(low_x ^ lower_half);
-  return static_cast<std::uint16_t>(FirstNodeOfLevel(QuadTree::kMaxLevels - undone) +
-                                    (path >> (2 * undone)));
+  const LaneMask cells = CellsOf(b);
+  const auto low_x = static_cast<unsigned>(cells[0]);
+  const auto low_y = static_cast<unsigned>(cells[1]);
+  const auto high_x = static_cast<unsigned>(cells[2]);
+  const auto high_y = static_cast<unsigned>(cells[3]);
+  const Stop stop = kStops[(low_x ^ high_x) | (low_y ^ high_y)];
+  const unsigned lower_half = ~low_y & (kCells - 1);  // a bit for each level: the lower child
+  const unsigned path =
+      (static_cast<unsigned>(kSpread[lower_half]) << 1) | kSpread[low_x ^ lower_half];
+  return static_cast<std::uint16_t>(stop.first_node + (path >> stop.bits_left));
 }
 
 /// The deepest node of any bounds, level by level.
@@ -116,11 +147,11 @@ std::uint16_t QuadTree::DeepestNode(const Bounds& bounds) {
 }
 
 void QuadTree::Build(const std::vector<Bounds>& bounds) {
-  m_nodes.clear();
+  m_nodes.resize(bounds.size());
   m_counts.fill(0);
-  for (const Bounds& b : bounds) {
-    m_nodes.push_back(DeepestNode(b));
-    ++m_counts[m_nodes.back()];
+  for (std::size_t i = 0; i < bounds.size(); ++i) {
+    m_nodes[i] = DeepestNode(bounds[i]);
+    ++m_counts[m_nodes[i]];
   }
   Split();
   for (std::uint16_t& node : m_nodes) node = m_holders[node];
@@ -129,13 +160,19 @@ void QuadTree::Build(const std::vector<Bounds>& bounds) {
 /// From the counts of the deepest nodes: which nodes split, and for each node that could be, which
 /// existing one holds its objects.
 void QuadTree::Split() {
-  for (std::size_t node = kNodes - 1; node > 0; --node) m_counts[(node - 1) / 4] += m_counts[node];
+  constexpr std::size_t kParents = FirstNodeOfLevel(kMaxLevels);
+  for (std::size_t node = kParents; node-- > 0;) {
+    const std::int32_t* const children = &m_counts[4 * node + 1];
+    m_counts[node] += children[0] + children[1] + children[2] + children[3];
+  }
   m_holders[0] = 0;
   m_split[0] = m_counts[0] > kMaxObjects;
-  for (std::size_t node = 1; node < kNodes; ++node) {
-    const std::size_t parent = (node - 1) / 4;
-    m_holders[node] = m_split[parent] ? static_cast<std::uint16_t>(node) : m_holders[parent];
-    m_split[node] = m_split[parent] && kLevels[node] < kMaxLevels && m_counts[node] > kMaxObjects;
+  for (std::size_t node = 0; node < kParents; ++node) {
+    const bool may_split = 4 * node + 1 < kParents;
+    for (std::size_t child = 4 * node + 1; child <= 4 * node + 4; ++child) {
+      m_holders[child] = m_split[node] ? static_cast<std::uint16_t>(child) : m_holders[node];
+      m_split[child] = m_split[node] && may_split && m_counts[child] > kMaxObjects;
+    }
   }
 }
 

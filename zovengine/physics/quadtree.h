@@ -13,12 +13,12 @@ namespace ZOVEngine {
 struct Bounds {
   float min_x, min_y, max_x, max_y;
 
-  /// False for bounds with the low corner above the high one, and for such that are no numbers.
+  /// False if the low corner is above the high one or a coordinate is not a number.
   bool IsRegular() const { return min_x <= max_x && min_y <= max_y; }
   /// True unless the two are strictly apart in x or y: touching bounds overlap, and so do bounds
-  /// that are no numbers.
+  /// with coordinates that are not numbers.
   bool Overlaps(const Bounds& b) const {
-    // Without branches: what is next to each other overlaps or not, and no one can foresee it.
+    // Without branches: a processor could not predict them for neighbours.
     const bool apart_x = (b.max_x < min_x) | (max_x < b.min_x);
     const bool apart_y = (b.max_y < min_y) | (max_y < b.min_y);
     return !(apart_x | apart_y);
@@ -34,10 +34,10 @@ constexpr std::uint16_t FirstNodeOfLevel(int level) {
 ///
 /// A node of more than kMaxObjects objects splits into four, down to level kMaxLevels; an object
 /// that straddles a midline stays where it straddles. Objects outside the field go through the same
-/// comparisons. A node splits as soon as one object too many has come its way, and all that is in a
-/// node stands in the order of insertion; so the tree is the same as one that is grown object by
-/// object, and only counts are needed to build it. Every node that could exist has a number: the
-/// root 0, then level by level, children of one node side by side.
+/// comparisons. A node splits as soon as one object too many has entered it, and keeps its objects
+/// in the order of insertion; so counting the objects of each node gives the same tree as inserting
+/// them one by one. Every possible node has a number: the root 0, then level by level, children of
+/// one node side by side.
 class QuadTree {
  public:
   static constexpr int kMaxLevels = 5;    ///< nodes at this level never split
@@ -54,11 +54,12 @@ class QuadTree {
   std::uint16_t NodeOf(std::size_t i) const { return m_nodes[i]; }
   /// The level of a node, the root's being 0.
   static int LevelOf(std::uint16_t node) { return kLevels[node]; }
-  /// True if `upper` is `node` itself or on its way to the root.
+  /// True if `upper` is `node` itself or on its path to the root.
   static bool IsOnPath(std::uint16_t upper, std::uint16_t node) {
-    const int up = kLevels[node] - kLevels[upper];
-    return up >= 0 && ((node - FirstNodeOfLevel(kLevels[node])) >> (2 * up)) ==
-                          upper - FirstNodeOfLevel(kLevels[upper]);
+    // Without branches: a processor could not predict them for neighbours.
+    const Leaves above = kLeaves[upper];
+    const Leaves below = kLeaves[node];
+    return (above.first <= below.first) & (below.end <= above.end);
   }
   bool HasChildren(std::uint16_t node) const { return m_split[node]; }
 
@@ -68,14 +69,20 @@ class QuadTree {
 
  private:
   static constexpr std::size_t kNodes = FirstNodeOfLevel(kMaxLevels + 1);
+  /// The range of nodes of the deepest level below a node, counted from that level's first.
+  struct Leaves {
+    std::uint16_t first, end;
+  };
   static const std::array<std::uint8_t, kNodes> kLevels;
+  static const std::array<Leaves, kNodes> kLeaves;
 
   void Split();
 
   std::vector<std::uint16_t> m_nodes;
   std::array<std::int32_t, kNodes> m_counts{};  ///< objects in a node or below it
   std::array<bool, kNodes> m_split{};
-  std::array<std::uint16_t, kNodes> m_holders{};  ///< for each node that could be: who stands in
+  std::array<std::uint16_t, kNodes>
+      m_holders{};  ///< for each possible node: the existing one that holds its objects
 };
 
 }  // namespace ZOVEngine
