@@ -8,9 +8,11 @@ namespace {
 
 constexpr float kSmallPerMean = 2.0f;  ///< the largest small extent to the mean one
 constexpr float kSmallestCell = 8.0f;  ///< bounds the number of cells (unit: world units)
-/// Makes cells a little wider than the objects in them, so that rounding cannot put two that touch
-/// two cells apart.
+/// Makes cells slightly wider than the largest small object, so that rounding cannot put two
+/// touching objects two cells apart.
 constexpr float kSlack = 1.001f;
+
+constexpr std::uint32_t kNotFiled = ~std::uint32_t{0};  ///< the cell of an object that is not small
 
 float ExtentOf(const Bounds& b) {
   return std::max(b.max_x - b.min_x, b.max_y - b.min_y);
@@ -19,15 +21,17 @@ float ExtentOf(const Bounds& b) {
 /// The cell of a coordinate, those outside the grid counted to its border.
 int CellOf(float offset, float per_unit, int count) {
   const float cell = offset * per_unit;
-  if (!(cell >= 1.0f)) return 0;
-  return cell < static_cast<float>(count) ? static_cast<int>(cell) : count - 1;
+  const float last = static_cast<float>(count - 1);
+  const float not_below = cell > 0.0f ? cell : 0.0f;
+  return static_cast<int>(not_below < last ? not_below : last);
 }
 
 }  // namespace
 
 std::span<const OverlapPair> OverlapFinder::Find(const std::vector<Bounds>& bounds) {
   m_count = 0;
-  ChooseCells(bounds);
+  ChooseGrid(bounds);
+  CountCells(bounds);
   File(bounds);
   MatchNeighbours();
   MatchLarge(bounds);
@@ -35,109 +39,118 @@ std::span<const OverlapPair> OverlapFinder::Find(const std::vector<Bounds>& boun
   return {m_pairs.data(), m_count};
 }
 
-void OverlapFinder::ChooseCells(const std::vector<Bounds>& bounds) {
-  // No object counts for more than the field, so that one of infinite size leaves the grid of use.
+void OverlapFinder::ChooseGrid(const std::vector<Bounds>& bounds) {
+  // No object counts for more than the field, so that one of infinite size does not spoil the grid.
   float sum = 0.0f;
   for (const Bounds& b : bounds) {
     const float extent = b.IsRegular() ? ExtentOf(b) : 0.0f;
     sum += extent < QuadTree::kWidth ? extent : QuadTree::kWidth;
   }
   const float mean = bounds.empty() ? 0.0f : sum / static_cast<float>(bounds.size());
-  m_cell = kSmallestCell;
+  const float largest_small = mean * kSmallPerMean;
+  float side = kSmallestCell;
   for (const Bounds& b : bounds) {
     const float extent = ExtentOf(b);
-    if (extent <= mean * kSmallPerMean && extent > m_cell) m_cell = extent;
+    if (extent <= largest_small && extent > side) side = extent;
   }
-  m_per_unit = 1.0f / (m_cell * kSlack);
-  m_columns = static_cast<int>(QuadTree::kWidth * m_per_unit) + 1;
-  m_rows = static_cast<int>(QuadTree::kHeight * m_per_unit) + 1;
+  m_grid.side = side;
+  m_grid.per_unit = 1.0f / (side * kSlack);
+  m_grid.columns = static_cast<int>(QuadTree::kWidth * m_grid.per_unit) + 1;
+  m_grid.rows = static_cast<int>(QuadTree::kHeight * m_grid.per_unit) + 1;
 }
 
-int OverlapFinder::Column(float x) const {
-  return CellOf(x - QuadTree::kMinX, m_per_unit, m_columns);
+int OverlapFinder::Grid::Column(float x) const {
+  return CellOf(x - QuadTree::kMinX, per_unit, columns);
 }
 
-int OverlapFinder::Row(float y) const {
-  return CellOf(y - QuadTree::kMinY, m_per_unit, m_rows);
+int OverlapFinder::Grid::Row(float y) const {
+  return CellOf(y - QuadTree::kMinY, per_unit, rows);
 }
 
-/// Sorts the small objects by cell; counting sort keeps their order within a cell.
-void OverlapFinder::File(const std::vector<Bounds>& bounds) {
-  m_small.clear();
+/// Finds the cell of each small object and counts the objects of each cell.
+void OverlapFinder::CountCells(const std::vector<Bounds>& bounds) {
+  const Grid grid = m_grid;
   m_large.clear();
   m_irregular.clear();
-  m_cells.clear();
-  m_starts.assign(static_cast<std::size_t>(m_columns) * static_cast<std::size_t>(m_rows) + 1, 0);
+  m_cells.resize(bounds.size());
+  m_starts.assign(grid.Cell(grid.rows + 1, 1), 0);
   for (std::uint32_t i = 0; i < bounds.size(); ++i) {
-    const Bounds& b = bounds[i];
+    const Bounds b = bounds[i];
+    std::uint32_t cell = kNotFiled;
     if (!b.IsRegular()) {
       m_irregular.push_back(i);
-    } else if (!(ExtentOf(b) <= m_cell)) {
+    } else if (!(ExtentOf(b) <= grid.side)) {
       m_large.push_back(i);
     } else {
-      m_small.push_back(i);
-      m_cells.push_back(static_cast<std::uint32_t>(Row(b.min_y) * m_columns + Column(b.min_x)));
-      ++m_starts[m_cells.back()];
+      cell = grid.Cell(grid.Row(b.min_y), grid.Column(b.min_x));
+      ++m_starts[cell];
     }
-  }
-  for (std::size_t cell = 1; cell < m_starts.size(); ++cell) m_starts[cell] += m_starts[cell - 1];
-  m_filed.resize(m_small.size());
-  // Filled from behind, each cell's end moves down to its start.
-  for (std::size_t k = m_small.size(); k-- > 0;) {
-    m_filed[--m_starts[m_cells[k]]] = {bounds[m_small[k]], m_small[k], m_cells[k]};
+    m_cells[i] = cell;
   }
 }
 
-/// Makes room for `more` pairs.
-void OverlapFinder::Reserve(std::size_t more) {
+/// Sorts the small objects by cell, a counting sort.
+void OverlapFinder::File(const std::vector<Bounds>& bounds) {
+  std::uint32_t end = 0;
+  for (std::uint32_t& start : m_starts) start = end += start;
+  m_filed.resize(end);
+  // Each cell's end moves down to its start.
+  for (std::uint32_t i = 0; i < bounds.size(); ++i) {
+    const std::uint32_t cell = m_cells[i];
+    if (cell != kNotFiled) m_filed[--m_starts[cell]] = {Reach(bounds[i]), i, cell};
+  }
+}
+
+/// Makes room for `more` pairs and returns the place of the first.
+OverlapPair* OverlapFinder::RoomFor(std::size_t more) {
   if (m_pairs.size() < m_count + more) m_pairs.resize(2 * m_pairs.size() + more);
+  return m_pairs.data() + m_count;
 }
 
 void OverlapFinder::Add(std::uint32_t a, std::uint32_t b) {
-  Reserve(1);
-  m_pairs[m_count++] = {std::min(a, b), std::max(a, b)};
+  *RoomFor(1) = {std::min(a, b), std::max(a, b)};
+  ++m_count;
 }
 
-void OverlapFinder::MatchRange(const Bounds& bounds, std::uint32_t index, std::uint32_t from,
+void OverlapFinder::MatchRange(const Lanes& near, std::uint32_t index, std::uint32_t from,
                                std::uint32_t to) {
   if (from >= to) return;
-  Reserve(to - from);
+  OverlapPair* out = RoomFor(to - from);
   for (std::uint32_t k = from; k < to; ++k) {
-    // Stored in any case and counted if it is a pair: no branch that would be guessed wrong.
-    const std::uint32_t other = m_filed[k].index;
-    m_pairs[m_count] = {std::min(index, other), std::max(index, other)};
-    m_count += bounds.Overlaps(m_filed[k].bounds) ? 1 : 0;
+    // Every pair is stored and only an overlapping one counted: no branch to mispredict.
+    const Filed& filed = m_filed[k];
+    *out = {std::min(index, filed.index), std::max(index, filed.index)};
+    out += Any(filed.reach.far < near) ? 0 : 1;
   }
+  m_count = static_cast<std::size_t>(out - m_pairs.data());
 }
 
 /// Each small object against those behind it in its cell and the next of the row, and those in the
 /// three cells around in the next row: cells of a row stand side by side in memory.
 void OverlapFinder::MatchNeighbours() {
-  const auto columns = static_cast<std::uint32_t>(m_columns);
-  const auto cells = static_cast<std::uint32_t>(m_starts.size() - 1);
-  for (std::uint32_t k = 0; k < m_filed.size(); ++k) {
-    const Filed filed = m_filed[k];
-    const std::uint32_t column = filed.cell % columns;
-    const std::uint32_t right = column + 1 < columns ? 1 : 0;
-    const std::uint32_t left = column > 0 ? 1 : 0;
-    MatchRange(filed.bounds, filed.index, k + 1, m_starts[filed.cell + right + 1]);
-    if (filed.cell + columns >= cells) continue;
-    const std::uint32_t below = filed.cell + columns;
-    MatchRange(filed.bounds, filed.index, m_starts[below - left], m_starts[below + right + 1]);
+  const std::uint32_t next_row = m_grid.Cell(1, 0);
+  const auto count = static_cast<std::uint32_t>(m_filed.size());
+  for (std::uint32_t k = 0; k < count; ++k) {
+    const Filed& filed = m_filed[k];
+    const Lanes near = filed.reach.Near();
+    const std::uint32_t* const here = &m_starts[filed.cell];
+    const std::uint32_t* const below = here + next_row;
+    MatchRange(near, filed.index, k + 1, here[2]);
+    MatchRange(near, filed.index, below[-1], below[2]);
   }
 }
 
 void OverlapFinder::MatchLarge(const std::vector<Bounds>& bounds) {
   for (std::size_t i = 0; i < m_large.size(); ++i) {
     const Bounds& b = bounds[m_large[i]];
+    const Lanes near = Reach(b).Near();
     // A small object that reaches into these bounds has its low corner at most one cell before.
-    const int last_row = Row(b.max_y);
-    const int first_column = std::max(Column(b.min_x) - 1, 0);
-    const int last_column = Column(b.max_x);
-    for (int row = std::max(Row(b.min_y) - 1, 0); row <= last_row; ++row) {
-      const std::size_t line = static_cast<std::size_t>(row) * static_cast<std::size_t>(m_columns);
-      MatchRange(b, m_large[i], m_starts[line + static_cast<std::size_t>(first_column)],
-                 m_starts[line + static_cast<std::size_t>(last_column) + 1]);
+    const int last_row = m_grid.Row(b.max_y);
+    const int first_column = std::max(m_grid.Column(b.min_x) - 1, 0);
+    const int last_column = m_grid.Column(b.max_x);
+    for (int row = std::max(m_grid.Row(b.min_y) - 1, 0); row <= last_row; ++row) {
+      MatchRange(near, m_large[i], m_starts[m_grid.Cell(row, first_column)],
+                 m_starts[m_grid.Cell(row, last_column + 1)]);
     }
     for (std::size_t k = i + 1; k < m_large.size(); ++k) {
       if (b.Overlaps(bounds[m_large[k]])) Add(m_large[i], m_large[k]);
