@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "core/base/lanes.h"
 #include "core/engine.h"
 #include "physics/components/transform.h"
 
@@ -50,8 +51,32 @@ class Turn {
     return Vector3D(m_xx * v.x + m_xy * v.y, m_yx * v.x + m_yy * v.y, v.z);
   }
 
+  /// The factors of x and of y in the lanes x, y, z, 0 of the result. FromX keeps the depth.
+  Lanes FromX() const { return Lanes{m_xx, m_yx, 1.0f, 0.0f}; }
+  Lanes FromY() const { return Lanes{m_xy, m_yy, 0.0f, 0.0f}; }
+
  private:
   float m_xx, m_xy, m_yx, m_yy;
+};
+
+/// Scales, turns and moves the vertices of a polygon in the plane, all coordinates of one at once.
+class VertexPlacement {
+ public:
+  VertexPlacement(float scale_x, float scale_y, const Turn& turn, const Vector3D& position)
+      : m_scale{scale_x, scale_y, 1.0f, 0.0f},
+        m_from_x(turn.FromX()),
+        m_from_y(turn.FromY()),
+        m_shift{position.x, position.y, 0.0f, 0.0f} {}
+
+  Lanes Apply(const Vector3D& vertex) const {
+    const Lanes scaled = ToLanes(vertex) * m_scale;
+    const Lanes x_and_z = __builtin_shufflevector(scaled, scaled, 0, 0, 2, 3);
+    const Lanes y = __builtin_shufflevector(scaled, Lanes{}, 1, 1, 4, 4);
+    return x_and_z * m_from_x + y * m_from_y + m_shift;
+  }
+
+ private:
+  Lanes m_scale, m_from_x, m_from_y, m_shift;
 };
 
 Vector3D PerAxis(const Vector3D& a, const Vector3D& b) {
@@ -95,28 +120,31 @@ void PolygonCollider::DrawDebug() const {
 }
 
 void PolygonCollider::UpdateCollider(const Transform& transform) {
-  const float scale_x = transform.m_world_scale.x * m_local_scale.x;
-  const float scale_y = transform.m_world_scale.y * m_local_scale.y;
   const Turn object_turn(transform.m_world_rotate);
   // Most shapes are not turned within their object; a turn by nothing changes nothing.
   const Turn turn = m_local_rot == 0.0f ? object_turn : object_turn * Turn(m_local_rot);
-  const Vector3D shift(transform.m_world_pos.x, transform.m_world_pos.y, 0.0f);
+  m_center = object_turn.Apply(m_local_pos);
+  m_center += Vector3D(transform.m_world_pos.x, transform.m_world_pos.y, 0.0f);
 
-  m_center = object_turn.Apply(m_local_pos) + shift;
-  m_world_vertices.resize(m_local_vertices.size());
-  for (std::size_t i = 0; i < m_local_vertices.size(); ++i) {
-    const Vector3D& local = m_local_vertices[i];
-    m_world_vertices[i] =
-        turn.Apply(Vector3D(scale_x * local.x, scale_y * local.y, local.z)) + shift;
+  const std::size_t count = m_local_vertices.size();
+  m_world_vertices.resize(count);
+  if (count == 0) return;
+  const VertexPlacement placement(transform.m_world_scale.x * m_local_scale.x,
+                                  transform.m_world_scale.y * m_local_scale.y, turn,
+                                  transform.m_world_pos);
+  const Vector3D* const local = m_local_vertices.data();
+  Vector3D* const world = m_world_vertices.data();
+  Lanes min = placement.Apply(local[0]);
+  Lanes max = min;
+  world[0] = ToVector(min);
+  for (std::size_t i = 1; i < count; ++i) {
+    const Lanes vertex = placement.Apply(local[i]);
+    min = Lesser(vertex, min);
+    max = Greater(vertex, max);
+    world[i] = ToVector(vertex);
   }
-  if (m_world_vertices.empty()) return;
-  m_min = m_max = m_world_vertices.front();
-  for (const Vector3D& vertex : m_world_vertices) {
-    for (int axis = 0; axis < 3; ++axis) {
-      m_min.v[axis] = std::min(m_min.v[axis], vertex.v[axis]);
-      m_max.v[axis] = std::max(m_max.v[axis], vertex.v[axis]);
-    }
-  }
+  m_min = ToVector(min);
+  m_max = ToVector(max);
 }
 
 BoxCollider::BoxCollider(const Transform& transform) {
