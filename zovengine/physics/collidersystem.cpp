@@ -1,9 +1,9 @@
 #include "physics/collidersystem.h"
 
-#include <algorithm>
 #include <iostream>
 #include <span>
 #include <stdexcept>
+#include <string_view>
 #include <typeinfo>
 
 #include "core/base/prefetch.h"
@@ -14,6 +14,7 @@
 #include "objects/parallellists.h"
 #include "objects/reflection.h"
 #include "physics/components/rigidbody.h"
+#include "physics/contacttests.h"
 #include "zovassert.h"
 
 ZOV_REGISTRATION(ColliderSystem) {
@@ -106,7 +107,7 @@ constexpr PairTest kPairTests[kShapeKinds][kShapeKinds] = {
 };
 
 /// The kind of a type name, or kShapeKinds for a name that is none.
-ShapeKind KindOf(const std::string& type) {
+ShapeKind KindOf(std::string_view type) {
   if (type == "Box") return kBox;
   if (type == "Circle") return kCircle;
   return type == "Polygon" ? kPolygon : kShapeKinds;
@@ -119,16 +120,21 @@ PairTest TestFor(std::uint32_t a, std::uint32_t b) {
   return kPairTests[a][b];
 }
 
-/// Ends the program when a holder's shape is not of the kind that its type says: the pair tests
-/// rely on it.
+/// Whether a holder's shape is of the kind that its type says: the pair tests rely on it.
+bool FitsKind(const iCollider* shape, std::uint32_t kind) {
+  if (shape == nullptr) return false;
+  if (kind == kBox) return typeid(*shape) == typeid(BoxCollider);
+  return (kind == kCircle) == (typeid(*shape) == typeid(CircleCollider));
+}
+
 void CheckShape(const ColliderHolder& holder, std::uint32_t kind) {
-  const iCollider* shape = holder.m_collider.get();
-  const bool fits =
-      shape != nullptr && (kind == kBox      ? typeid(*shape) == typeid(BoxCollider)
-                           : kind == kCircle ? typeid(*shape) == typeid(CircleCollider)
-                                             : typeid(*shape) != typeid(CircleCollider));
-  ZOV_ASSERT(fits, "object \"" + holder.m_owner->name + "\": the collider is no \"" +
-                       holder.m_collider_type + "\"");
+  if (FitsKind(holder.m_collider.get(), kind)) return;
+  ZOV_ASSERT(false, "object \"" + holder.m_owner->name + "\": the collider is no \"" +
+                        holder.m_collider_type + "\"");
+}
+
+const PolygonCollider& PolygonOf(const iCollider& shape) {
+  return static_cast<const PolygonCollider&>(shape);
 }
 
 Bounds BoundsOf(const iCollider& shape) {
@@ -145,10 +151,9 @@ void ColliderSystem::Update(float) {
   const std::int64_t start = NowNanoseconds();
   m_message.contacts.clear();
   UpdateShapes();
-  m_tree.Build(m_bounds);
+  m_candidates.BuildTree();
   RecordElapsed(kTreeRecord, start);
   NameUnknownCategories();
-  FindCandidates();
   FindContacts();
   g_engine->Broadcast(&m_message);
   RecordElapsed(kCollisionRecord, start);
@@ -172,7 +177,8 @@ bool ColliderSystem::CheckCollision(ColliderHolder* a, ColliderHolder* b, Contac
 /// Places the shapes, and gathers the active holders.
 void ColliderSystem::UpdateShapes() {
   m_shapes.clear();
-  m_bounds.clear();
+  m_candidates.Clear();
+  m_unknown.clear();
   m_last_category = nullptr;
   for (ColliderHolder* holder : m_holders->Components()) {
     const Transform& transform = *m_transforms->Get(holder->m_owner);
@@ -186,100 +192,53 @@ void ColliderSystem::UpdateShapes() {
 }
 
 void ColliderSystem::AddShape(ColliderHolder* holder) {
-  Shape shape;
-  shape.holder = holder;
-  shape.object = holder->m_owner->id;
-  shape.kind = KindOf(holder->m_collider_type);
-  CheckShape(*holder, shape.kind);
-  shape.collider = holder->m_collider.get();
-  shape.outline = shape.collider;
-  if (shape.kind != kCircle) {
-    shape.outline = static_cast<const PolygonCollider*>(shape.collider)->m_world_vertices.data();
+  const ShapeKind kind = KindOf(holder->m_collider_type);
+  CheckShape(*holder, kind);
+  const iCollider* collider = holder->m_collider.get();
+  const void* outline = collider;
+  if (kind != kCircle) outline = PolygonOf(*collider).m_world_vertices.data();
+  const std::uint32_t object = holder->m_owner->id;
+  LookUpMask(holder->bitmask_category);
+  if (!m_last_known) m_unknown.push_back(m_shapes.size());
+  m_shapes.push_back({holder, collider, outline, object, kind});
+  const bool has_body = m_bodies->Find(object) != nullptr;
+  if (kind == kBox && PolygonOf(*collider).m_world_vertices.size() >= 4) {
+    m_candidates.AddBox(BoundsOf(*collider), m_last_mask, has_body,
+                        OutlineOf(PolygonOf(*collider)));
+  } else {
+    m_candidates.Add(BoundsOf(*collider), m_last_mask, has_body);
   }
-  shape.mask = MaskOf(holder->bitmask_category, &shape.has_mask);
-  shape.has_body = m_bodies->Find(shape.object) != nullptr;
-  m_shapes.push_back(shape);
-  m_bounds.push_back(BoundsOf(*holder->m_collider));
 }
 
-/// The mask of a category, 0 for one without; neighbours in the table often share theirs.
-int ColliderSystem::MaskOf(const std::string& category, bool* known) {
-  if (m_last_category == nullptr || *m_last_category != category) {
-    const auto found = m_masks.find(category);
-    m_last_category = &category;
-    m_last_known = found != m_masks.end();
-    m_last_mask = m_last_known ? found->second : 0;
-  }
-  *known = m_last_known;
-  return m_last_mask;
+/// Sets the last mask to that of a category, 0 for one without.
+void ColliderSystem::LookUpMask(const std::string& category) {
+  if (m_last_category != nullptr && *m_last_category == category) return;
+  const auto found = m_masks.find(category);
+  m_last_category = &category;
+  m_last_known = found != m_masks.end();
+  m_last_mask = m_last_known ? found->second : 0;
 }
 
-/// Gives a category without a mask the mask 0 once it would be looked up for a pair.
+/// Adds mask 0 for an unknown category the first time one of its shapes could be paired.
 void ColliderSystem::NameUnknownCategories() {
-  for (std::size_t i = 0; i < m_shapes.size(); ++i) {
-    if (m_shapes[i].has_mask) continue;
+  for (const std::size_t i : m_unknown) {
     for (std::size_t other = 0; other < m_shapes.size(); ++other) {
-      if (other == i || !EverMeet(i, other)) continue;
+      if (other == i || !m_candidates.EverMeet(i, other)) continue;
       m_masks.emplace(m_shapes[i].holder->bitmask_category, 0);
     }
   }
 }
 
-/// Whether one of two shapes finds the other on its way up the tree, and one of them can move.
-bool ColliderSystem::EverMeet(std::size_t a, std::size_t b) const {
-  const std::uint16_t node_a = m_tree.NodeOf(a);
-  const std::uint16_t node_b = m_tree.NodeOf(b);
-  return (m_shapes[a].has_body || m_shapes[b].has_body) &&
-         (QuadTree::IsOnPath(node_a, node_b) || QuadTree::IsOnPath(node_b, node_a));
-}
-
-/// Lists the tests that are due, in the order in which walking the tree for each shape meets them.
-void ColliderSystem::FindCandidates() {
-  const std::span<const OverlapPair> pairs = m_finder.Find(m_bounds);
-  m_settled.assign(pairs.size(), false);
-  m_unsorted.clear();
-  for (std::uint32_t pair = 0; pair < pairs.size(); ++pair) {
-    const auto [a, b] = pairs[pair];
-    if (!m_shapes[a].has_body && !m_shapes[b].has_body) continue;
-    if ((m_shapes[a].mask & m_shapes[b].mask) == 0) continue;
-    const std::uint16_t node_a = m_tree.NodeOf(a);
-    const std::uint16_t node_b = m_tree.NodeOf(b);
-    if (QuadTree::IsOnPath(node_b, node_a)) m_unsorted.push_back({a, b, pair});
-    if (QuadTree::IsOnPath(node_a, node_b)) m_unsorted.push_back({b, a, pair});
-  }
-  SortCandidates();
-}
-
-/// By A, then as GoesBefore says: a counting sort, then a sort of the few that each A has.
-void ColliderSystem::SortCandidates() {
-  m_starts.assign(m_shapes.size() + 1, 0);
-  for (const Candidate& candidate : m_unsorted) ++m_starts[candidate.a];
-  for (std::size_t a = 1; a < m_starts.size(); ++a) m_starts[a] += m_starts[a - 1];
-  m_candidates.resize(m_unsorted.size());
-  for (const Candidate& candidate : m_unsorted) m_candidates[--m_starts[candidate.a]] = candidate;
-  for (std::size_t a = 0; a + 1 < m_starts.size(); ++a) {
-    if (m_starts[a + 1] - m_starts[a] < 2) continue;
-    std::sort(m_candidates.begin() + m_starts[a], m_candidates.begin() + m_starts[a + 1],
-              [this](const Candidate& x, const Candidate& y) { return GoesBefore(x, y); });
-  }
-}
-
-/// Of two candidates of one A: the one whose B stands deeper in the tree, and in one node the one
-/// that comes first in the table.
-bool ColliderSystem::GoesBefore(const Candidate& one, const Candidate& other) const {
-  const int level_one = QuadTree::LevelOf(m_tree.NodeOf(one.b));
-  const int level_other = QuadTree::LevelOf(m_tree.NodeOf(other.b));
-  return level_one != level_other ? level_one > level_other : one.b < other.b;
-}
-
-/// Runs the tests. A pair in one node is due from both sides. What the first side found the second
-/// does not report again, and shapes that do not overlap do so from neither side; but overlapping
-/// polygons may lack contact points from one side alone.
+/// Runs the tests. A pair in one node is due from both sides, but the second test is needed only
+/// where the first found an overlap with too few contact points, which polygons may have from one
+/// side alone.
 void ColliderSystem::FindContacts() {
   constexpr std::size_t kAhead = 6;
-  for (std::size_t i = 0; i < m_candidates.size(); ++i) {
-    if (i + kAhead < m_candidates.size()) PrefetchShapes(m_candidates[i + kAhead]);
-    const Candidate& candidate = m_candidates[i];
+  const std::span<const Candidate> candidates = m_candidates.Find();
+  m_settled.assign(m_candidates.PairCount(), false);
+  for (std::size_t i = 0; i < candidates.size(); ++i) {
+    if (i + kAhead < candidates.size()) PrefetchShapes(candidates[i + kAhead]);
+    const Candidate& candidate = candidates[i];
     if (m_settled[candidate.pair]) continue;
     const Shape& a = m_shapes[candidate.a];
     const Shape& b = m_shapes[candidate.b];

@@ -9,21 +9,17 @@
 #include "core/messages.h"
 #include "core/system.h"
 #include "objects/componentmanager.h"
+#include "physics/candidatefinder.h"
 #include "physics/components/colliderholder.h"
 #include "physics/components/rigidbody.h"
 #include "physics/components/transform.h"
-#include "physics/contacttests.h"
-#include "physics/overlapfinder.h"
-#include "physics/quadtree.h"
 
 namespace ZOVEngine {
 
 /// The system that places all shapes, finds the pairs that touch, and broadcasts their contacts.
 ///
-/// A holder meets the shapes that stand in its own node of the quad tree, then those of the nodes
-/// above it, deepest first, in the order of the table; the one that meets a pair first is A. That
-/// order is what the contacts' order and sides come from. Overlapping bounds are found by a uniform
-/// grid, which is faster than walking the tree and does not show.
+/// The order of the contacts, and which side of each is A, comes from the quad tree over the
+/// shapes; CandidateFinder describes it.
 ///
 /// The system also owns the collision groups and masks. The file Resources/CollisionInfo.json is
 /// read by the constructor and written back by the destructor, names in sorted order. A category
@@ -50,56 +46,41 @@ class ColliderSystem final : public UnpausedSystem {
   /// Sets the debug flag of every holder; reached by name through reflection.
   void SetDebug(bool debug);
   /// The tree of the last step, for the debug overlay.
-  const QuadTree& Tree() const { return m_tree; }
+  const QuadTree& Tree() const { return m_candidates.Tree(); }
 
   std::map<std::string, int> m_groups = {{"Default", 1}};
   std::map<std::string, int> m_masks = {{"Default", 1}};
 
  private:
-  /// An active holder of the step, with what the pairing asks of it.
+  /// An active holder of the step, with what its tests ask of it.
   struct Shape {
     ColliderHolder* holder;
     const iCollider* collider;
-    const void* outline;  ///< what the tests read besides the collider: its vertices, if it has any
+    const void* outline;   ///< the vertices, or the collider itself if it has none; to prefetch
     std::uint32_t object;  ///< object id
     std::uint32_t kind;    ///< row and column of the pair tests
-    int mask;
-    bool has_mask;  ///< the mask table names the category
-    bool has_body;
-  };
-  /// A test that is due: shape A against shape B, for the overlapping pair of that number.
-  struct Candidate {
-    std::uint32_t a, b;
-    std::uint32_t pair;
   };
 
   void ReadMasks();
   void WriteMasks() const;
   void UpdateShapes();
   void AddShape(ColliderHolder* holder);
-  int MaskOf(const std::string& category, bool* known);
+  void LookUpMask(const std::string& category);
   void NameUnknownCategories();
-  bool EverMeet(std::size_t a, std::size_t b) const;
-  void FindCandidates();
-  void SortCandidates();
-  bool GoesBefore(const Candidate& one, const Candidate& other) const;
   void FindContacts();
   void PrefetchShapes(const Candidate& candidate) const;
 
   std::shared_ptr<ComponentManager<ColliderHolder>> m_holders;
   std::shared_ptr<ComponentManager<Transform>> m_transforms;
   std::shared_ptr<ComponentManager<RigidBody>> m_bodies;
-  QuadTree m_tree;
-  OverlapFinder m_finder;
   CollidedObjects m_message;
-  std::vector<Shape> m_shapes;   ///< the active holders in table order
-  std::vector<Bounds> m_bounds;  ///< of m_shapes
-  std::vector<Candidate> m_candidates;
-  std::vector<Candidate> m_unsorted;
-  std::vector<std::uint32_t> m_starts;  ///< of each A's candidates, and the end
-  std::vector<bool> m_settled;          ///< by pair: the other side needs no test
+  std::vector<Shape> m_shapes;         ///< the active holders in table order
+  CandidateFinder m_candidates;        ///< over m_shapes
+  std::vector<std::size_t> m_unknown;  ///< shapes of a category that has no mask
+  std::vector<bool> m_settled;         ///< by pair: the other side needs no test
+  // The last category of the step that was looked up: neighbours in the table often share theirs.
   const std::string* m_last_category = nullptr;
-  int m_last_mask = 0;
+  std::int32_t m_last_mask = 0;
   bool m_last_known = false;
 };
 
