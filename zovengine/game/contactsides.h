@@ -6,12 +6,14 @@
 namespace ZOVEngine {
 
 /// The two objects of a contact, for a component that cannot know which of them is its own.
+///
+/// The end of a contact is told a step late, so a side may have been destroyed meanwhile: then it
+/// is null, and BothActive is false. Ask that first; the other queries need both sides.
 struct ContactSides {
   explicit ContactSides(const ContactInfo& contact)
-      : a(g_game_obj_factory->m_objects.at(contact.objectA)),
-        b(g_game_obj_factory->m_objects.at(contact.objectB)) {}
+      : a(FindSide(contact.objectA)), b(FindSide(contact.objectB)) {}
 
-  bool BothActive() const { return a->active && b->active; }
+  bool BothActive() const { return a != nullptr && b != nullptr && a->active && b->active; }
   bool Include(const GameObj* object) const { return a == object || b == object; }
   template <class T>
   bool EitherHas() const {
@@ -32,6 +34,12 @@ struct ContactSides {
 
   GameObj* a;
   GameObj* b;
+
+ private:
+  static GameObj* FindSide(std::uint32_t id) {
+    const auto& objects = g_game_obj_factory->m_objects;
+    return id < objects.size() ? objects[id] : nullptr;
+  }
 };
 
 }  // namespace ZOVEngine

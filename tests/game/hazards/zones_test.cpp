@@ -182,7 +182,8 @@ std::string Walker() {
 
 class WalkThrough {
  public:
-  explicit WalkThrough(std::vector<std::string> zones) : stage(With(std::move(zones)), false) {
+  explicit WalkThrough(std::vector<std::string> zones, bool walker_first = false)
+      : stage(With(std::move(zones), walker_first), false) {
     for (GameObj* child : stage.Find("level")->children) {
       if (child->name != "walker") child->GetComponent<RigidBody>()->m_active = false;
     }
@@ -194,8 +195,8 @@ class WalkThrough {
   UnitStage stage;
 
  private:
-  static std::vector<std::string> With(std::vector<std::string> zones) {
-    zones.push_back(Walker());
+  static std::vector<std::string> With(std::vector<std::string> zones, bool walker_first) {
+    zones.insert(walker_first ? zones.begin() : zones.end(), Walker());
     return zones;
   }
 };
@@ -213,6 +214,25 @@ TEST(ZonesInALevel, AUnitWalksThroughAndIsMarkedInside) {
     EXPECT_EQ(walk.Status(), "default") << kind;
     EXPECT_EQ(walk.stage.Of<RigidBody>("walker").m_vel, Vector3D(600, 0, 0)) << kind;
     EXPECT_NEAR(walk.X(), 100.0f, 0.1f) << kind;
+  }
+}
+
+/// Destroys `gone` while the walker stands in a zone, and runs the steps that end their contact.
+/// The last object takes the id that gets free, so the order of the two counts.
+void DestroyInContact(const std::string& gone, const std::string& kind, bool walker_first) {
+  WalkThrough walk({ZoneAt("zone", kind, 0)}, walker_first);
+  for (int i = 0; i < 10 && walk.Status() == "default"; ++i) walk.stage.world.Step();
+  ASSERT_NE(walk.Status(), "default") << "they touch";
+  g_game_obj_factory->Destroy(walk.stage.Find(gone)->id);
+  EXPECT_NO_THROW(walk.stage.world.Step(3)) << gone << " in " << kind;
+}
+
+TEST(ZonesInALevel, AContactEndsQuietlyWhenASideIsDestroyed) {
+  for (const char* kind : {"EnvironmentDamage", "EnvironmentRough"}) {
+    for (const bool walker_first : {true, false}) {
+      DestroyInContact("walker", kind, walker_first);
+      DestroyInContact("zone", kind, walker_first);
+    }
   }
 }
 

@@ -62,8 +62,10 @@ void ProjectilePierce::GoThrough(Unit* unit, ContactInfo* contact) {
 /// Stay comes before Enter and before the impulse: the shot is not slowed where it enters a unit.
 void ProjectilePierce::OnCollisionStay(ContactInfo* contact) {
   const ContactSides sides(*contact);
-  const bool zone = HasKind<StatusZone>(*sides.a) || HasKind<StatusZone>(*sides.b);
-  if (zone || !sides.BothActive() || HitUnit(sides) != nullptr) contact->ignored = true;
+  if (!sides.BothActive() || HasKind<StatusZone>(*sides.a) || HasKind<StatusZone>(*sides.b) ||
+      HitUnit(sides) != nullptr) {
+    contact->ignored = true;
+  }
 }
 
 }  // namespace ZOVEngine
