@@ -1,6 +1,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <array>
+#include <cmath>
+
 #include "core/messages.h"
 #include "game/objectquery.h"
 #include "game/turns/gamecontroller.h"
@@ -39,6 +42,9 @@ class Level04 : public ::testing::Test {
   GameObj* Field() { return FirstChildNamed(m_world.Find("level"), "DeathField"); }
   float AlphaOf(GameObj* object) { return object->GetComponent<Render>()->m_colour[3]; }
   GameObj* Piece(const char* name) { return FirstChildNamed(m_boss, name); }
+  /// How far the boss's shots start from its middle (unit: world units).
+  float Muzzle() { return Piece("Weapon0Barrel")->GetComponent<Transform>()->m_world_scale.y; }
+  void ExpectFan(const std::array<const char*, 3>& names, int steps);
 
   /// Skips turns until `holds`; false if that takes too long.
   template <class Condition>
@@ -101,6 +107,36 @@ TEST_F(Level04, TheBossFiresAFanOfThree) {
   EXPECT_TRUE(flies("RightProjPhase1"));
   EXPECT_FALSE(flies("LeftProjPhase2"));
   EXPECT_EQ(Controller().m_round, 1) << "not in the first round";
+}
+
+/// Expects the boss's three shots on their lines, `steps` after they were fired, and the boss where
+/// it was.
+void Level04::ExpectFan(const std::array<const char*, 3>& names, int steps) {
+  ASSERT_TRUE(SkipUntil([&] { return Piece(names[0])->active; }));
+  const auto& boss = *m_boss->GetComponent<Transform>();
+  const Vector3D place = boss.m_local_pos;
+  const float ahead = DegreesToRadians(boss.m_world_rotate + 90.0f);
+  m_world.Step(steps);
+  EXPECT_EQ(boss.m_local_pos, place) << "it is not pushed";
+  const float angles[] = {ahead, ahead - 0.25f, ahead + 0.25f};
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    const GameObj* shot = Piece(names[i]);
+    ASSERT_TRUE(shot->active) << names[i];
+    const Vector3D flown = Piece(names[i])->GetComponent<Transform>()->m_world_pos - place;
+    const float aside = flown.y * std::cos(angles[i]) - flown.x * std::sin(angles[i]);
+    const float muzzle_aside = Muzzle() * std::sin(ahead - angles[i]);
+    EXPECT_NEAR(aside, muzzle_aside, 0.1f) << names[i];
+    EXPECT_GT(flown.Length(), Muzzle() + 50.0f) << names[i];
+  }
+}
+
+TEST_F(Level04, TheBossesThreeShotsKeepTheirLines) {
+  ExpectFan({"MiddleProj", "LeftProjPhase1", "RightProjPhase1"}, 10);
+}
+
+TEST_F(Level04, TheThreeShellsOfItsSecondPhaseKeepTheirLines) {
+  Boss().m_health = Boss().m_max_health / 2;
+  ExpectFan({"MiddleProj", "LeftProjPhase2", "RightProjPhase2"}, 10);
 }
 
 TEST_F(Level04, ThePhaseChangesAtRestAndShieldAndFieldFadeIn) {

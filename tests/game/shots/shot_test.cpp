@@ -626,5 +626,76 @@ TYPED_TEST(EveryShot, OnlyAPiercingShotDiesWithItsShooter) {
   EXPECT_EQ(stage.shot->active, (!std::is_same_v<TypeParam, ProjectilePierce>));
 }
 
+// Shots that pass through others
+
+/// Sends the shot of a stage slowly along x, without the force of its launch.
+template <class T>
+void Drift(const ShotStage& stage, const std::string& name, const Vector3D& from, float speed) {
+  stage.Of<T>(name).Fire(from, Vector3D());
+  stage.Of<RigidBody>(name).m_forces.clear();
+  stage.Of<RigidBody>(name).m_vel = Vector3D(speed, 0, 0);
+}
+
+/// Has a First and a Second drift through each other, which takes some 15 steps.
+template <class First, class Second>
+void ExpectToPassSlowly() {
+  const std::string second = NatureOf<Second>().name;
+  ShotStage stage(
+      {.kind = NatureOf<First>().name,
+       .more = {SolidUnitAt(UnitKind::kEnemy, "other", 300, 0, {ShotOf("second", second)})}});
+  stage.Bind("second");
+  Drift<First>(stage, "shot", Vector3D(-20, 0, 1), 60.0f);
+  Drift<Second>(stage, "second", Vector3D(20, 4, 1), -60.0f);
+  stage.world.Step(40);
+  EXPECT_EQ(stage.Of<RigidBody>("shot").m_vel, Vector3D(60, 0, 0)) << second;
+  EXPECT_EQ(stage.Of<RigidBody>("second").m_vel, Vector3D(-60, 0, 0)) << second;
+  EXPECT_NEAR(stage.Of<Transform>("shot").m_world_pos.x, 20.0f, 0.01f) << second;
+  EXPECT_NEAR(stage.Of<Transform>("shot").m_world_pos.y, 0.0f, 0.01f) << second;
+  EXPECT_NEAR(stage.Of<Transform>("second").m_world_pos.y, 4.0f, 0.01f) << second;
+}
+
+TEST(PassingShots, KeepTheirLinesHoweverLongTheyTouch) {
+  ExpectToPassSlowly<ProjectileDefault, ProjectileDefault>();
+  ExpectToPassSlowly<ProjectileDefault, ProjectileExplosion>();
+  ExpectToPassSlowly<ProjectileExplosion, ProjectileDefault>();
+  ExpectToPassSlowly<ProjectileExplosion, ProjectileExplosion>();
+}
+
+template <class Shot>
+void ExpectToLeaveBossSlowly() {
+  ShotStage stage({.kind = NatureOf<Shot>().name, .shooter = UnitKind::kBoss});
+  Drift<Shot>(stage, "shot", Vector3D(-290, 3, 1), 60.0f);
+  stage.world.Step(40);
+  EXPECT_EQ(stage.Of<RigidBody>("shooter").m_vel, Vector3D(0, 0, 0)) << NatureOf<Shot>().name;
+  EXPECT_EQ(stage.Of<Transform>("shooter").m_local_pos, Vector3D(-300, 0, 1));
+  EXPECT_EQ(stage.Of<RigidBody>("shot").m_vel, Vector3D(60, 0, 0));
+  EXPECT_NEAR(stage.Of<Transform>("shot").m_world_pos.x, -250.0f, 0.01f);
+}
+
+TEST(PassingShots, ABossIsNotPushedByItsOwnShotHoweverSlow) {
+  ExpectToLeaveBossSlowly<ProjectileDefault>();
+  ExpectToLeaveBossSlowly<ProjectileExplosion>();
+}
+
+template <class Shot>
+bool StaysIgnored(const ShotStage& stage, const std::string& other) {
+  ContactInfo contact = stage.Between(other, "shot");
+  stage.Of<Shot>("shot").OnCollisionStay(&contact);
+  return contact.ignored;
+}
+
+TEST(PassingShots, ALastingContactWithAnythingElseIsFelt) {
+  const std::vector<std::string> more = {ThingAt("wall", 0, 0, 40),
+                                         SolidUnitAt(UnitKind::kEnemy, "unit", 0, 100)};
+  const ShotStage stage({.kind = "ProjectileDefault", .more = more});
+  Drift<ProjectileDefault>(stage, "shot", Vector3D(-200, 0, 1), 60.0f);
+  for (const char* other : {"wall", "unit"}) {
+    EXPECT_FALSE(StaysIgnored<ProjectileDefault>(stage, other)) << other;
+  }
+  EXPECT_EQ(stage.Health("unit"), 5) << "a lasting contact is no hit";
+  stage.Find("wall")->SetActive(false);
+  EXPECT_TRUE(StaysIgnored<ProjectileDefault>(stage, "wall"));
+}
+
 }  // namespace
 }  // namespace ZOVEngine

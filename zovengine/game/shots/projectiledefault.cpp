@@ -28,6 +28,10 @@ bool ProjectileDefault::PassesThrough(const ContactSides& sides) const {
          (m_curr_range < kBossMuzzle && TouchesOwnBoss(sides));
 }
 
+void ProjectileDefault::OnCollisionStay(ContactInfo* contact) {
+  IgnoreIfPassable(ContactSides(*contact), contact);
+}
+
 void ProjectileDefault::Hit(const ContactSides& sides, ContactInfo*) {
   FlashLight(m_owner, m_base_light);
   EmitFeedback(m_owner);

@@ -16,6 +16,7 @@ class ProjectileDefault final : public WoundingShot {
   using WoundingShot::WoundingShot;
 
   void Update(float dt) override;
+  void OnCollisionStay(ContactInfo* contact) override;
   WeaponLabel Label() const override { return {"WeaponFloat_Basic", 2.32f}; }
 
  private:

@@ -65,6 +65,10 @@ bool ProjectileExplosion::PassesThrough(const ContactSides& sides) const {
          sides.BothHave<ProjectileExplosion>() || TouchesOwnBoss(sides);
 }
 
+void ProjectileExplosion::OnCollisionStay(ContactInfo* contact) {
+  IgnoreIfPassable(ContactSides(*contact), contact);
+}
+
 void ProjectileExplosion::Hit(const ContactSides&, ContactInfo*) {
   RequireTables();
   ShakeCamera(m_owner, kBigShake);

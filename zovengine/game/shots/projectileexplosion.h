@@ -22,6 +22,7 @@ class ProjectileExplosion final : public AreaShot {
   static void Inspected(Visitor& visit);
 
   void Update(float dt) override;
+  void OnCollisionStay(ContactInfo* contact) override;
   WeaponLabel Label() const override { return {"WeaponFloat_Explosion", 3.813f}; }
 
   float m_knockback = 10.0f;  ///< the blast is this times 100, at all distances

@@ -53,11 +53,13 @@ void Shot::Fire(const Vector3D& position, const Vector3D& direction) {
 
 void Shot::OnCollisionEnter(ContactInfo* contact) {
   const ContactSides sides(*contact);
-  if (PassesThrough(sides)) {
-    contact->ignored = true;
-  } else {
-    Hit(sides, contact);
-  }
+  if (!IgnoreIfPassable(sides, contact)) Hit(sides, contact);
+}
+
+bool Shot::IgnoreIfPassable(const ContactSides& sides, ContactInfo* contact) const {
+  if (!PassesThrough(sides)) return false;
+  contact->ignored = true;
+  return true;
 }
 
 bool Shot::PassesThrough(const ContactSides& sides) const {

@@ -54,6 +54,9 @@ class Shot : public QuietComponent {
   /// Whether the contact is to be ignored: for every kind one with a hazard that lets things pass,
   /// or of something switched off.
   virtual bool PassesThrough(const ContactSides& sides) const;
+  /// Has the contact ignored, and returns true, if the shot passes through. A kind that answers
+  /// OnCollisionStay with it is not pushed aside as long as it passes through something.
+  bool IgnoreIfPassable(const ContactSides& sides, ContactInfo* contact) const;
   /// What a contact does that the shot does not pass through.
   virtual void Hit(const ContactSides& sides, ContactInfo* contact) = 0;
 
