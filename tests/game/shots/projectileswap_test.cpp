@@ -65,6 +65,24 @@ TEST_F(SwappingShot, BothSpawnAnewWithTheirSound) {
   }
 }
 
+TEST_F(SwappingShot, TheDeadAreMovedButDoNotStandUp) {
+  stage.Of<Enemy>("foe").m_alive = false;
+  stage.Of<StateC>("foe").m_state = "death";
+  stage.Enter(shot, "shot", "foe");
+  EXPECT_EQ(stage.Of<StateC>("foe").m_state, "death");
+  EXPECT_EQ(PlaceOf("foe"), kShooterPlace);
+  EXPECT_EQ(stage.Of<StateC>("shooter").m_state, "spawn") << "it lives";
+}
+
+TEST_F(SwappingShot, AUnitThatDiedInItsTurnDoesNotStandUpEither) {
+  stage.Of<Player>("shooter").m_alive = false;
+  stage.Of<StateC>("shooter").m_state = "death";
+  stage.Enter(shot, "shot", "foe");
+  EXPECT_EQ(stage.Of<StateC>("shooter").m_state, "death");
+  EXPECT_EQ(PlaceOf("foe"), kShooterPlace);
+  EXPECT_EQ(stage.Of<StateC>("foe").m_state, "spawn");
+}
+
 TEST_F(SwappingShot, ALooseBodyWithoutSoundAndStateTradesPlacesToo) {
   EXPECT_TRUE(stage.Enter(shot, "shot", "crate").ignored);
   EXPECT_EQ(PlaceOf("shooter"), Vector3D(90, 80, 1));

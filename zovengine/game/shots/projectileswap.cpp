@@ -11,8 +11,10 @@
 namespace ZOVEngine {
 namespace {
 
+/// Lets an object appear anew. The dead go on with their death.
 void Respawn(GameObj* object) {
-  SetState(object, "spawn");
+  const Unit* unit = FindUnit(object);
+  if (unit == nullptr || unit->m_alive) SetState(object, "spawn");
   PlaySound(object, "unit_spawn.ogg");
 }
 
