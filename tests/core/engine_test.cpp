@@ -87,6 +87,7 @@ TEST_F(EngineTest, ANewEngineRunsUnpausedAndEmpty) {
   const Engine fresh;
   EXPECT_TRUE(fresh.running);
   EXPECT_FALSE(fresh.paused);
+  EXPECT_FALSE(fresh.step_paused);
   EXPECT_THAT(fresh.systems, IsEmpty());
 }
 
@@ -209,6 +210,15 @@ TEST_F(EngineTest, ClearingPausedInAStepTakesEffectInTheNext) {
   first.on_step = [&] { engine.paused = false; };
   RunStep(engine, [] {});
   EXPECT_THAT(log, ElementsAre("first paused", "second paused"));
+}
+
+TEST_F(EngineTest, AStepSaysHowItRunsWhateverIsAskedForMeanwhile) {
+  for (const bool pause : {true, false}) {
+    engine.paused = !pause;
+    first.on_step = [&] { engine.paused = pause; };
+    second.on_step = [&] { EXPECT_EQ(engine.step_paused, !pause); };
+    RunStep(engine, [] {});
+  }
 }
 
 TEST_F(EngineTest, PausedIsReadAfterTheHeadOfTheStep) {

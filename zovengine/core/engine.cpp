@@ -16,9 +16,9 @@ void Engine::Broadcast(Message* message) {
 
 void RunStep(Engine& engine, const std::function<void()>& head_of_step) {
   head_of_step();
-  const bool paused = engine.paused;
+  engine.step_paused = engine.paused;
   for (System* system : engine.systems) {
-    if (paused) {
+    if (engine.step_paused) {
       system->PausedUpdate(kStep);
     } else {
       system->Update(kStep);

@@ -167,17 +167,72 @@ TEST(DeathField, SwitchedOffObjectsOnlyPass) {
   }
 }
 
-TEST(DeathField, AUnitThatStaysInItIsWoundedOnce) {
+/// A player unit of 8 health that lies in a field of 3 damage.
+std::vector<std::string> FieldOverPlayer() {
   UnitParts parts;
   parts.without = {"unit_damaged", "Weapon0Projectile", "Weapon1Projectile"};
-  const std::string field = Record("DeathField", {{"Transform", TransformAt(110, 50, 1, 40)},
-                                                  {"ColliderHolder", HolderOf("Circle")},
-                                                  {"DeathField", R"({"m_damage": 3})"}});
-  UnitStage stage({field, UnitRecord(UnitKind::kPlayer, "player", parts)}, false);
+  return {Record("DeathField", {{"Transform", TransformAt(110, 50, 1, 40)},
+                                {"ColliderHolder", HolderOf("Circle")},
+                                {"DeathField", R"({"m_damage": 3})"}}),
+          UnitRecord(UnitKind::kPlayer, "player", parts)};
+}
+
+TEST(DeathField, AUnitThatStaysInItIsWoundedOnce) {
+  UnitStage stage(FieldOverPlayer(), false);
   const Vector3D before = stage.Of<Transform>("player").m_local_pos;
   for (int i = 0; i < 10; ++i) stage.world.Step();
   EXPECT_EQ(stage.Of<Player>("player").m_health, 5);
   EXPECT_EQ(stage.Of<Transform>("player").m_local_pos, before) << "and is not pushed out";
+}
+
+// A contact that began in the step before a pause is told to begin in every step of the pause.
+
+TEST(DeathField, InAPauseNobodyIsHurt) {
+  UnitStage stage(FieldOverPlayer(), false);
+  stage.world.Step();
+  ASSERT_EQ(stage.Of<Player>("player").m_health, 5);
+  g_engine->paused = true;
+  stage.world.Step(10);
+  EXPECT_EQ(stage.Of<Player>("player").m_health, 5);
+  g_engine->paused = false;
+  stage.world.Step(10);
+  EXPECT_EQ(stage.Of<Player>("player").m_health, 5);
+}
+
+/// Sets or clears the engine's pause in the course of a step, as a key does.
+class PauseKey final : public UnpausedSystem {
+  RTTR_ENABLE(UnpausedSystem)
+
+ public:
+  explicit PauseKey(bool pause) : m_pause(pause) {}
+  void Init() override {}
+  void Update(float) override { g_engine->paused = m_pause; }
+  void SendMessage(Message*) override {}
+
+ private:
+  bool m_pause;
+};
+
+void StepWithPauseKey(UnitStage* stage, bool pause) {
+  PauseKey key(pause);
+  g_engine->systems.insert(g_engine->systems.begin(), &key);
+  stage->world.Step();
+  g_engine->systems.erase(g_engine->systems.begin());
+}
+
+TEST(DeathField, AUnitThatEntersInTheStepInWhichAPauseIsAskedForIsWounded) {
+  UnitStage stage(FieldOverPlayer(), false);
+  StepWithPauseKey(&stage, true);
+  EXPECT_EQ(stage.Of<Player>("player").m_health, 5) << "the step still runs";
+}
+
+TEST(DeathField, TheStepInWhichAPauseIsEndedHurtsNobody) {
+  UnitStage stage(FieldOverPlayer(), false);
+  stage.world.Step();
+  g_engine->paused = true;
+  stage.world.Step();
+  StepWithPauseKey(&stage, false);
+  EXPECT_EQ(stage.Of<Player>("player").m_health, 5) << "the step still pauses";
 }
 
 TEST(DeathField, ABossWithoutAPlaceIsNotFollowed) {

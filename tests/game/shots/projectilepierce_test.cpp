@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "core/engine.h"
 #include "game/shots/shotstage.h"
 
 namespace ZOVEngine {
@@ -180,6 +181,18 @@ TEST_F(PiercingShot, TurnsWithItsFlightAndLeavesItsTrailAlone) {
   EXPECT_FLOAT_EQ(stage.Of<Transform>("shot").m_local_rotate, -180.0f);
   EXPECT_EQ(stage.PartOf<Transform>("bullet_trail").m_local_rotate, 0.0f);
   EXPECT_EQ(stage.PartOf<ParticleSystemC>("bullet_trail").m_start_rot[0], 0.0f);
+}
+
+// A contact that began in the step before a pause is told to begin in every step of the pause.
+TEST_F(PiercingShot, InAPauseItWoundsNobody) {
+  ASSERT_TRUE(stage.StepUntil([this] { return stage.IsWhite("unit"); }));
+  ASSERT_EQ(stage.Of<Enemy>("unit").m_health, 4);
+  g_engine->paused = true;
+  stage.world.Step(10);
+  EXPECT_EQ(stage.Of<Enemy>("unit").m_health, 4);
+  g_engine->paused = false;
+  stage.world.Step(10);
+  EXPECT_EQ(stage.Of<Enemy>("unit").m_health, 4);
 }
 
 TEST(ProjectilePierce, DiesWithAnEnemyToo) {

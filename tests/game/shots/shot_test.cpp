@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <rttr/type>
 
+#include "core/engine.h"
 #include "game/hazards/environmentdestructible.h"
 #include "game/shots/projectilebounce.h"
 #include "game/shots/projectiledefault.h"
@@ -554,6 +555,15 @@ TYPED_TEST(EveryShot, ADestructibleThingThatIsToldFirstCracks) {
   stage.Enter(thing, "thing", "shot");
   stage.Enter(this->Component(stage), "thing", "shot");
   EXPECT_EQ(thing.m_health, 3 - this->nature.crack_before);
+}
+
+TYPED_TEST(EveryShot, InAPauseADestructibleThingKeepsItsHealth) {
+  ShotStage stage(this->Parts({ThingAt("thing", 0, 0, 40, {{"EnvironmentDestructible", "{}"}})}));
+  this->FireRight(stage);
+  ASSERT_TRUE(stage.StepUntil([&] { return !stage.shot->active || this->Velocity(stage).x < 0; }));
+  g_engine->paused = true;
+  stage.world.Step(10);
+  EXPECT_EQ(stage.Of<EnvironmentDestructible>("thing").m_health, 3 - this->nature.crack);
 }
 
 TYPED_TEST(EveryShot, ABossAtTheMuzzleIsSparedOrHit) {

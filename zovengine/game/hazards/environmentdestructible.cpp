@@ -1,5 +1,6 @@
 #include "game/hazards/environmentdestructible.h"
 
+#include "core/engine.h"
 #include "game/componentkinds.h"
 #include "game/contactsides.h"
 #include "game/objectquery.h"
@@ -57,7 +58,7 @@ void EnvironmentDestructible::OnCollisionEnter(ContactInfo* contact) {
 }
 
 void EnvironmentDestructible::LoseHealth(std::int64_t damage) {
-  m_health = AfterDamage(m_health, damage);
+  if (!g_engine->step_paused) m_health = AfterDamage(m_health, damage);
 }
 
 }  // namespace ZOVEngine

@@ -19,7 +19,8 @@ class EnvironmentDestructible final : public QuietComponent {
   void Update(float dt) override;
   void OnCollisionEnter(ContactInfo* contact) override;
 
-  /// Takes `damage` off the health, which may fall below 0 and stays within the range of an int.
+  /// Takes `damage` off the health, which may fall below 0 and stays within the range of an int;
+  /// nothing in a pause, as Unit::LoseHealth.
   void LoseHealth(std::int64_t damage);
 
   int m_health = 3;

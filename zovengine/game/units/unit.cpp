@@ -5,6 +5,7 @@
 
 #include "audio/audiosource.h"
 #include "core/base/random.h"
+#include "core/engine.h"
 #include "game/componentkinds.h"
 #include "game/objectquery.h"
 #include "game/shots/shot.h"
@@ -73,7 +74,7 @@ void ShrinkHits(GameObj* shot) {
 }
 
 void Unit::LoseHealth(std::int64_t damage) {
-  m_health = AfterDamage(m_health, damage);
+  if (!g_engine->step_paused) m_health = AfterDamage(m_health, damage);
 }
 
 void Unit::TakeHit(std::int64_t damage) {

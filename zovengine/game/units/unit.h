@@ -30,7 +30,8 @@ class Unit : public LogicComponent {
 
   void OnMessage(Message*) override {}
 
-  /// Takes `damage` off the health, which may fall below 0 and stays within the range of an int.
+  /// Takes `damage` off the health, which may fall below 0 and stays within the range of an int. In
+  /// a pause nobody is hurt: contacts may be told to begin in each of its steps.
   void LoseHealth(std::int64_t damage);
   /// LoseHealth for a hit that shows: the unit burns white until its own step ends the flash.
   void TakeHit(std::int64_t damage);
