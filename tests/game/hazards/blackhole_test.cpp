@@ -232,6 +232,42 @@ TEST(EnvironmentBlackhole, ABodyOnItsVeryCentreIsDrawnNowhere) {
   EXPECT_THAT(hole.ForcesOn("hole"), IsEmpty()) << "nor does it draw itself";
 }
 
+TEST(EnvironmentBlackhole, ABodyBetweenTwoHolesIsDrawnByBothWithTheSameForce) {
+  const Components kind = {{"Transform", TransformAt(60, 0)}, {"EnvironmentBlackhole", kHole}};
+  // The nearer hole draws no more than the other.
+  Hole hole({Record("second", kind), BodyRecord("body", 20, 0)});
+  hole.Update();
+  hole.stage.Of<EnvironmentBlackhole>("second").Update(kStep);
+  ASSERT_THAT(hole.ForcesOn("body"), SizeIs(2));
+  const auto pull = [&](std::size_t i) {
+    const DirectionalForce& force = *hole.ForcesOn("body").at(i);
+    return force.direction * force.magnitude;
+  };
+  EXPECT_NEAR(pull(0).x, -1000.0f, 0.01f);
+  EXPECT_NEAR(pull(1).x, 1000.0f, 0.01f);
+}
+
+TEST(EnvironmentBlackhole, ABodyBetweenTwoEqualHolesStays) {
+  const Components kind = {{"Transform", TransformAt(60, 0)}, {"EnvironmentBlackhole", kHole}};
+  Hole hole({Record("second", kind), BodyRecord("body", 20, 0)});
+  hole.stage.world.Step(30);
+  EXPECT_NEAR(hole.stage.Of<Transform>("body").m_world_pos.x, 20.0f, 0.01f);
+  hole.stage.Of<EnvironmentBlackhole>("second").m_suction_force = 11.0f;
+  hole.stage.world.Step(30);
+  EXPECT_GT(hole.stage.Of<Transform>("body").m_world_pos.x, 25.0f) << "the stronger one has it";
+}
+
+TEST(EnvironmentBlackhole, InAPauseItNeitherTurnsNorPulls) {
+  Hole hole({BodyRecord("body", 20, 0)});
+  hole.stage.world.Step();
+  const float turned = hole.stage.Of<Transform>("hole").m_local_rotate;
+  ASSERT_THAT(hole.ForcesOn("body"), SizeIs(1));
+  g_engine->paused = true;
+  hole.stage.world.Step(10);
+  EXPECT_EQ(hole.stage.Of<Transform>("hole").m_local_rotate, turned);
+  EXPECT_THAT(hole.ForcesOn("body"), SizeIs(1)) << "nor is the one of before used up";
+}
+
 // What touches it
 
 TEST(EnvironmentBlackhole, EveryUnitThatTouchesItLosesAllHealth) {

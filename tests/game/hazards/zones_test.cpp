@@ -217,6 +217,19 @@ TEST(ZonesInALevel, AUnitWalksThroughAndIsMarkedInside) {
   }
 }
 
+TEST(ZonesInALevel, APauseKeepsTheStatusOfAUnitInside) {
+  WalkThrough walk({ZoneAt("zone", "EnvironmentDamage", 0)});
+  for (int i = 0; i < 10 && walk.Status() == "default"; ++i) walk.stage.world.Step();
+  const int health = walk.stage.Of<Player>("walker").m_health;
+  g_engine->paused = true;
+  walk.stage.world.Step(10);
+  EXPECT_EQ(walk.Status(), "damaged");
+  EXPECT_EQ(walk.stage.Of<Player>("walker").m_health, health);
+  g_engine->paused = false;
+  for (int i = 0; i < 20; ++i) walk.stage.world.Step();
+  EXPECT_EQ(walk.Status(), "default");
+}
+
 /// Destroys `gone` while the walker stands in a zone, and runs the steps that end their contact.
 /// The last object takes the id that gets free, so the order of the two counts.
 void DestroyInContact(const std::string& gone, const std::string& kind, bool walker_first) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "game/hazards/environmentblackhole.h"
 #include "game/shots/shotstage.h"
 
 namespace ZOVEngine {
@@ -36,7 +37,8 @@ class SwappingShot : public ::testing::Test {
        .more = {SolidUnitAt(UnitKind::kEnemy, "foe", 0, 50),
                 SolidUnitAt(UnitKind::kPlayer, "friend", 0, -50),
                 ThingAt("crate", 90, 80, 20, {{"RigidBody", kLively}}), ThingAt("wall", 100, 0, 40),
-                Record("ghost", {{"Transform", TransformAt(7, 7)}, {"RigidBody", kLively}})},
+                Record("ghost", {{"Transform", TransformAt(7, 7)}, {"RigidBody", kLively}}),
+                ThingAt("hole", 0, 200, 40, {{"EnvironmentBlackhole", "{}"}})},
        .with_controller = true}};
   ProjectileSwap& shot = stage.Of<ProjectileSwap>("shot");
 };
@@ -81,6 +83,29 @@ TEST_F(SwappingShot, AUnitThatDiedInItsTurnDoesNotStandUpEither) {
   EXPECT_EQ(stage.Of<StateC>("shooter").m_state, "death");
   EXPECT_EQ(PlaceOf("foe"), kShooterPlace);
   EXPECT_EQ(stage.Of<StateC>("foe").m_state, "spawn");
+}
+
+TEST_F(SwappingShot, InAHoleItEndsAndNobodyMoves) {
+  auto& hole = stage.Of<EnvironmentBlackhole>("hole");
+  for (const bool shot_first : {true, false}) {
+    stage.shot->SetActive(true);
+    if (shot_first) EXPECT_FALSE(stage.Enter(shot, "shot", "hole").ignored);
+    EXPECT_FALSE(stage.Enter(hole, "shot", "hole").ignored);
+    EXPECT_FALSE(stage.shot->active);
+    if (!shot_first) EXPECT_TRUE(stage.Enter(shot, "shot", "hole").ignored) << "it is gone";
+    EXPECT_EQ(PlaceOf("shooter"), kShooterPlace);
+    EXPECT_EQ(PlaceOf("hole"), Vector3D(0, 200, 1));
+    EXPECT_EQ(stage.Of<StateC>("shooter").m_state, "default");
+  }
+}
+
+TEST_F(SwappingShot, AHoleThatDriftsTradesPlacesAndSwallowsNothing) {
+  stage.Find("hole")->AddComponent<RigidBody>();
+  EXPECT_TRUE(stage.Enter(shot, "shot", "hole").ignored);
+  stage.Enter(stage.Of<EnvironmentBlackhole>("hole"), "shot", "hole");
+  EXPECT_EQ(PlaceOf("shooter"), Vector3D(0, 200, 1));
+  EXPECT_EQ(PlaceOf("hole"), kShooterPlace);
+  EXPECT_EQ(stage.Health("shooter"), 5) << "they have not touched";
 }
 
 TEST_F(SwappingShot, ALooseBodyWithoutSoundAndStateTradesPlacesToo) {

@@ -53,6 +53,8 @@ struct Nature {
   bool passes_own_kind = false;
   bool spins = false;
   bool late_muzzle = false;
+  int hits_of_two = 1;         ///< units that it touches in one step
+  bool hits_by_blast = false;  ///< a unit in reach, whatever it touches first
 };
 
 const std::vector<std::string> kWoundingKeys = {"m_max_range", "m_curr_range", "m_damage",
@@ -90,7 +92,8 @@ Nature NatureOf<ProjectilePierce>() {
           .inspected = kWoundingFields,
           .ends_at_unit = false,
           .crack_before = 1,
-          .late_muzzle = true};
+          .late_muzzle = true,
+          .hits_of_two = 2};
 }
 template <>
 Nature NatureOf<ProjectileBounce>() {
@@ -113,7 +116,8 @@ Nature NatureOf<ProjectileSwap>() {
           .inspected = {{"m_max_range", "Max Range"}, {"m_speed", "Speed"}},
           .rebounds = true,
           .damage = 0,
-          .spins = true};
+          .spins = true,
+          .hits_of_two = 0};
 }
 template <>
 Nature NatureOf<ProjectileExplosion>() {
@@ -128,7 +132,9 @@ Nature NatureOf<ProjectileExplosion>() {
           .crack = 1,
           .crack_before = 1,
           .spares_boss = true,
-          .passes_own_kind = true};
+          .passes_own_kind = true,
+          .hits_of_two = 2,
+          .hits_by_blast = true};
 }
 template <>
 Nature NatureOf<ProjectileVacuum>() {
@@ -142,7 +148,8 @@ Nature NatureOf<ProjectileVacuum>() {
                     {"m_aoe", ""},
                     {"m_suction_force", "Suction Force"}},
       .damage = 0,
-      .spins = true};
+      .spins = true,
+      .hits_of_two = 0};
 }
 
 /// What holds for every kind of shot, or differs by its nature alone.
@@ -564,6 +571,71 @@ TYPED_TEST(EveryShot, InAPauseADestructibleThingKeepsItsHealth) {
   g_engine->paused = true;
   stage.world.Step(10);
   EXPECT_EQ(stage.Of<EnvironmentDestructible>("thing").m_health, 3 - this->nature.crack);
+}
+
+/// The number of units in the flash of a hit.
+int WhiteUnits(const ShotStage& stage, std::initializer_list<const char*> names) {
+  int white = 0;
+  for (const char* name : names) white += stage.IsWhite(name) ? 1 : 0;
+  return white;
+}
+
+// Two things lie above and below the line of flight, so that the shot touches both in one step.
+
+TYPED_TEST(EveryShot, OfTwoUnitsInOneStepItHitsTheFirstOrBoth) {
+  ShotStage stage(this->Parts({SolidUnitAt(UnitKind::kEnemy, "upper", 0, 22),
+                               SolidUnitAt(UnitKind::kPlayer, "lower", 0, -22)}));
+  this->FireRight(stage);
+  ASSERT_TRUE(stage.StepUntil([&] {
+    return !stage.shot->active || WhiteUnits(stage, {"upper", "lower"}) > 0;
+  }));
+  EXPECT_EQ(WhiteUnits(stage, {"upper", "lower"}), this->nature.hits_of_two);
+  stage.world.Step(20);
+  EXPECT_EQ(stage.Health("upper") + stage.Health("lower"),
+            10 - this->nature.hits_of_two * this->nature.damage);
+}
+
+TYPED_TEST(EveryShot, AUnitBesideAWallIsHitUnlessTheWallEndsTheShotFirst) {
+  for (const bool unit_first : {true, false}) {
+    const std::string unit = SolidUnitAt(UnitKind::kEnemy, "unit", 0, 22);
+    const std::string wall = ThingAt("wall", 0, -22, 40);
+    ShotStage stage(this->Parts({unit_first ? unit : wall, unit_first ? wall : unit}));
+    this->FireRight(stage);
+    ASSERT_TRUE(stage.StepUntil([&] {
+      return !stage.shot->active || stage.IsWhite("unit") || this->Velocity(stage).x < 0;
+    }));
+    const bool in_time = unit_first || this->nature.rebounds || this->nature.hits_by_blast;
+    EXPECT_EQ(stage.IsWhite("unit"), this->nature.hits_of_two > 0 && in_time) << unit_first;
+    EXPECT_FALSE(stage.shot->active) << "the wall or the unit has ended it";
+  }
+}
+
+TYPED_TEST(EveryShot, AUnitBesideAHoleIsHitUnlessTheHoleSwallowsTheShotFirst) {
+  const std::string unit = SolidUnitAt(UnitKind::kEnemy, "unit", 0, 22);
+  const std::string hole =
+      ThingAt("hole", 0, -22, 40, {{"EnvironmentBlackhole", R"({"m_suction_range": 0})"}});
+  for (const bool unit_first : {true, false}) {
+    ShotStage stage(this->Parts({unit_first ? unit : hole, unit_first ? hole : unit}));
+    this->FireRight(stage);
+    ASSERT_TRUE(stage.StepUntil([&] { return !stage.shot->active; }));
+    EXPECT_EQ(stage.IsWhite("unit"),
+              this->nature.hits_of_two > 0 && (unit_first || this->nature.hits_by_blast))
+        << unit_first;
+    EXPECT_GT(stage.Health("unit"), 0) << "the hole has the shot, not the unit";
+  }
+}
+
+TYPED_TEST(EveryShot, TwoWallsInOneStepThrowItBackOrTheFirstEndsIt) {
+  ShotStage stage(this->Parts({ThingAt("upper", 0, 15, 40), ThingAt("lower", 0, -15, 40)}));
+  this->FireRight(stage);
+  ASSERT_TRUE(stage.StepUntil([&] { return !stage.shot->active || this->Velocity(stage).x < 0; }));
+  EXPECT_EQ(stage.shot->active, this->nature.rebounds);
+  if constexpr (requires { this->Component(stage).m_curr_damage; }) {
+    EXPECT_EQ(this->Component(stage).m_curr_damage, 2) << "each wall arms it";
+  }
+  if (!this->nature.rebounds) return;
+  stage.world.Step(5);
+  EXPECT_NEAR(this->Velocity(stage).x, -833.3f, 0.2f) << "the second does not undo the first";
 }
 
 TYPED_TEST(EveryShot, ABossAtTheMuzzleIsSparedOrHit) {

@@ -73,6 +73,16 @@ TEST(ShotEffects, ATrailWithoutParticlesIsLeftAlone) {
   EXPECT_EQ(bare->children[1]->GetComponent<Transform>()->m_local_rotate, -60.0f);
 }
 
+TEST(ShotEffects, OfTwoShakesInOneStepTheLastCounts) {
+  ShotStage stage({.kind = "ProjectileDefault", .with_controller = true});
+  ShakeCamera(stage.shot, kBigShake);
+  stage.Of<Camera>("camera").m_elapsed = 0.4f;
+  ShakeCamera(stage.shot, kSmallShake);
+  EXPECT_EQ(stage.Shake(), kSmallShake) << "and it lasts its whole time";
+  ShakeCamera(stage.shot, kBigShake);
+  EXPECT_EQ(stage.Shake(), kBigShake);
+}
+
 TEST(ShotEffects, WithoutACameraNothingShakes) {
   ShotStage stage({.kind = "ProjectileDefault", .with_controller = true});
   stage.Of<GameController>("level").m_camera = nullptr;

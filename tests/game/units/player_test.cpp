@@ -138,6 +138,16 @@ TEST(Player, FiresTheWeaponInHandFromItsMuzzleTowardsTheMouse) {
   ExpectNear(unit.PlaceOfShot(0), 118.0f, 74.0f);
 }
 
+TEST(Player, TheMuzzleIsAsFarAsTheUnitIsHighInTheWorld) {
+  Driven unit;
+  unit.Place().m_local_scale.y = 12.0f;
+  unit.Place().m_world_scale = Vector3D(10, 60, 1);
+  unit.stage.ChildOf<Transform>("unit", "Weapon0Barrel").m_world_scale.y = 24.0f;
+  unit.Unit().Fire(Vector3D(130, 90, 1));
+  // 60 / 1.2 along (0.6, 0.8). What the shot itself derives from its unit does not count here.
+  EXPECT_EQ(unit.Shot(0)->GetComponent<Transform>()->m_world_pos, Vector3D(130, 90, 1));
+}
+
 TEST(Player, FiresTheSecondWeaponWhenThatIsInHand) {
   Driven unit;
   unit.Unit().m_selected_first_weapon = false;

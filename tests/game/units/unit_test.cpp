@@ -650,6 +650,27 @@ TYPED_TEST(BothUnits, AUnitWithoutChildrenLivesAndDies) {
   EXPECT_FALSE(this->Unit().m_alive);
 }
 
+TYPED_TEST(BothUnits, TheEndOfItsDeathSheetSwitchesItOffWithItsChildrenAndRewinds) {
+  this->MakeSpawned({}, false);
+  auto& sheet = this->stage->template Of<Animation>("unit");
+  sheet.m_death_frames = 3;
+  this->stage->world.Step();
+  this->Child("Weapon0Projectile")->SetActive(true);
+  this->Die();
+  this->stage->world.Step(5);
+  ASSERT_GT(sheet.m_currStep, 0.0f) << "it plays";
+  EXPECT_TRUE(this->Child("Weapon0Projectile")->active) << "a shot in flight flies on";
+  this->stage->world.Step(10);
+  EXPECT_FALSE(this->Object()->active);
+  for (const GameObj* child : this->Object()->children) {
+    EXPECT_FALSE(child->active) << child->name;
+  }
+  EXPECT_FALSE(this->Body().m_visible);
+  EXPECT_EQ(this->State(), "default");
+  EXPECT_EQ(sheet.m_currStep, 0.0f);
+  EXPECT_EQ(sheet.m_timer, 0.0f);
+}
+
 // What others read and write
 
 TEST(UnitQueries, AUnitIsFoundByEitherKind) {
