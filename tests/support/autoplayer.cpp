@@ -3,10 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "game/hazards/deathfield.h"
-#include "game/hazards/environmentblackhole.h"
-#include "game/hazards/environmentdamage.h"
-#include "game/hazards/environmentrough.h"
+#include "game/componentkinds.h"
+#include "game/hazards/passablehazard.h"
 #include "game/units/enemy.h"
 #include "game/units/player.h"
 #include "objects/gameobjfactory.h"
@@ -59,8 +57,7 @@ bool MeetsBox(const Vector3D& from, const Vector3D& to, const iCollider& box, fl
 
 /// Zones that one can drive and shoot through.
 bool IsPassable(const GameObj& object) {
-  return object.HasComponent<EnvironmentRough>() || object.HasComponent<EnvironmentDamage>() ||
-         object.HasComponent<DeathField>();
+  return HasKind<PassableHazard>(object);
 }
 
 bool IsAlive(GameObj* object) {
