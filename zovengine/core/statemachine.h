@@ -35,13 +35,13 @@ class State {
 /// The states and which of them runs. The logic system embeds it and steps it.
 struct StateMachine {
   std::int32_t m_current = kSplashState;
-  std::int32_t m_next = kSplashState;  ///< the id asked for
+  std::int32_t m_next = kSplashState;  ///< the requested id
   std::string m_levelPath;  ///< the last non-empty argument of ChangeState; never read back
   std::unordered_map<std::int32_t, std::unique_ptr<State>> m_states;
 
   /// The state of `id`; an id that is not in the table ends the program with a report.
   State& At(std::int32_t id) const;
-  /// Carries out a change that was asked for, then updates the current state (unit: seconds).
+  /// Carries out a requested change, then updates the current state (unit: seconds).
   void Step(float dt);
 };
 
@@ -54,7 +54,7 @@ extern std::int32_t g_start_state;
 /// The level that DefaultState loads when it is entered; set by the level buttons.
 extern std::string g_current_level_path;
 
-/// Asks for the state `id` and destroys all objects at once, the caller's own included: the caller
+/// Requests the state `id` and destroys all objects at once, the caller's own included: the caller
 /// must return from its update without touching any object. The state is entered in the logic
 /// system's next step. A change to the state that runs already only clears the objects.
 void ChangeState(std::int32_t id, const std::string& path);

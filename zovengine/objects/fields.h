@@ -189,7 +189,7 @@ ComponentRegistration<T>& RegisterFields(ComponentRegistration<T>&& registration
   [[maybe_unused]] static const bool g_registered_##Class = \
       (RegisterFields(ComponentRegistration<Class>(#Class)), true);
 
-/// Both: all that a component without anything of its own needs besides its list.
+/// Does both: enough for a component that has no code for its record besides its list.
 #define ZOV_COMPONENT_FIELDS(Class) \
   ZOV_COMPONENT_FILE(Class)         \
   ZOV_COMPONENT_INSPECTED(Class)

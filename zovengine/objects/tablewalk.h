@@ -68,7 +68,7 @@ class TableWalks : private TableWalk<T>... {
   void ForEach(Visitor visit) {
     (TableWalk<T>::ForEach(visit), ...);
   }
-  /// The same for some of the tables, in the order that is asked for.
+  /// The same for some of the tables, in the given order.
   template <class... Some, class Visitor>
   void ForEach(TypeList<Some...>, Visitor visit) {
     (TableWalk<Some>::ForEach(visit), ...);
