@@ -429,7 +429,7 @@ TEST_F(JsonDocumentTest, AnyFileCutShortIsMalformed) {
 
 // Writing
 
-/// What the body writes into the braces of one object.
+/// The text that the body writes into the braces of one object.
 std::string Written(const std::function<void(Writer&)>& body) {
   JsonWriter writer;
   writer.Out().json->StartObject();

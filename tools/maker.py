@@ -1,10 +1,10 @@
-"""What the makers of data files share: they write their files, list them, or check that they are up to date.
+"""The common part of the makers of data files: they write their files, list them, or check that they are up to date.
 
-    MAKER [NAME...]       makes what is named, or everything
+    MAKER [NAME...]       makes the named files, or all
     MAKER --check ...     writes nothing; fails with a sentence for each file that differs
     MAKER --list ...      prints the path of each file, relative to the repository
 
-A maker of texts makes them anew and compares. What is rendered depends on the versions of the programs that render it, so
+A maker of texts makes them anew and compares. A rendered file depends on the versions of the programs that render it, so
 the bytes of two machines may differ. A record beside the sources therefore keeps, for each rendered file, the hash of its
 source and its own; the check compares both and needs none of those programs.
 """
@@ -83,7 +83,7 @@ class Rendered:
         return {"source": digest(self.sources[path]), "file": digest((ROOT / path).read_bytes())}
 
     def faults(self, paths):
-        """What is wrong with these files, and which recorded files have no source."""
+        """The faults of these files, and the recorded files that have no source."""
         known = self.read()
         for path in paths:
             if not (ROOT / path).exists():

@@ -50,7 +50,7 @@ class AudioSystemTest : public ::testing::Test {
   }
   AudioSource& LoadMusic() { return Load(Sound("theme.ogg", "BGM")); }
 
-  /// What the mixer is told in one step.
+  /// The calls of the mixer in one step.
   std::vector<std::string> StepCalls() {
     world.mixer.calls.clear();
     world.Step();

@@ -173,7 +173,7 @@ TEST_F(StateMachineTest, PhysicsColliderAndRenderRunWithNoObjects) {
   EXPECT_EQ(world.device.executed, executed + 2);
 }
 
-// Who hears a broadcast
+// The receivers of a broadcast
 
 TEST_F(StateMachineTest, ABroadcastGoesToTheCurrentStateOnly) {
   LogStates();

@@ -104,9 +104,9 @@ TEST_F(Level01, FromTheStartEachTankSeesTheEnemyAcross) {
   const auto& map = Controller().m_tile_map;
   for (std::size_t k = 0; k < 2; ++k) {
     const Vector3D& from = PlaceOf(Controller().m_enemies[k]);
-    const Vector3D way = PlaceOf(Controller().m_players[k]) - from;
+    const Vector3D path = PlaceOf(Controller().m_players[k]) - from;
     for (float part = 0.0f; part <= 1.0f; part += 0.005f) {
-      const Vector3D at = from + way * part;
+      const Vector3D at = from + path * part;
       const auto column = static_cast<std::size_t>((at.x + 960.0f) / 60.0f);
       const auto row = static_cast<std::size_t>((540.0f - at.y) / 60.0f);
       ASSERT_EQ(map.m_grid[column][row], 0) << "a wall between the two";

@@ -61,7 +61,7 @@ class Quiet {
   std::streambuf* m_before;
 };
 
-/// What was seen on the way.
+/// The result of a run.
 struct Report {
   int games = 0;
   int won = 0;

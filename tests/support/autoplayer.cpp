@@ -42,15 +42,15 @@ bool MeetsBox(const Vector3D& from, const Vector3D& to, const iCollider& box, fl
   float enter = 0.0f;
   float leave = 1.0f;
   for (int axis = 0; axis < 2; ++axis) {
-    const float way = to.v[axis] - from.v[axis];
+    const float span = to.v[axis] - from.v[axis];
     const float low = box.m_min.v[axis] - margin - from.v[axis];
     const float high = box.m_max.v[axis] + margin - from.v[axis];
-    if (way == 0.0f) {
+    if (span == 0.0f) {
       if (low > 0.0f || high < 0.0f) return false;
       continue;
     }
-    enter = std::max(enter, std::min(low / way, high / way));
-    leave = std::min(leave, std::max(low / way, high / way));
+    enter = std::max(enter, std::min(low / span, high / span));
+    leave = std::min(leave, std::max(low / span, high / span));
   }
   return enter <= leave;
 }
@@ -208,9 +208,9 @@ bool AutoPlayer::IsAimedAt(const Point& place, const GameController& controller)
     if (!IsAlive(enemy)) continue;
     const auto& transform = *enemy->GetComponent<Transform>();
     const float angle = DegreesToRadians(transform.m_world_rotate + 90.0f);
-    const Point way = place - transform.m_world_pos;
-    const float along = way.x * std::cos(angle) + way.y * std::sin(angle);
-    const float aside = std::abs(way.y * std::cos(angle) - way.x * std::sin(angle));
+    const Point offset = place - transform.m_world_pos;
+    const float along = offset.x * std::cos(angle) + offset.y * std::sin(angle);
+    const float aside = std::abs(offset.y * std::cos(angle) - offset.x * std::sin(angle));
     if (along > 0.0f && aside < kLineReach && IsClear(transform.m_world_pos, place)) return true;
   }
   return false;

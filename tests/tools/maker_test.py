@@ -1,4 +1,4 @@
-"""What the makers share: writing, listing, and the checks, in a small repository of their own."""
+"""The common part of the makers: writing, listing, and the checks, in a small repository of their own."""
 import contextlib
 import io
 import pathlib
@@ -34,7 +34,7 @@ class MakerTest(unittest.TestCase):
         return {path.relative_to(self.root).as_posix(): path.read_text() for path in self.root.rglob("*") if path.is_file()}
 
     def words(self, *arguments):
-        """What the maker prints."""
+        """The output of the maker."""
         with contextlib.redirect_stdout(io.StringIO()) as out:
             self.make(*arguments)
         return out.getvalue()

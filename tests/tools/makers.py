@@ -1,4 +1,4 @@
-"""What the tests of the makers share: the makers themselves, and what the level maker makes of a description."""
+"""The common part of the makers' tests: the makers themselves, and the files that the level maker makes of a description."""
 import importlib.machinery
 import importlib.util
 import pathlib

@@ -16,9 +16,8 @@ def name(header):
 
 
 def has_test(header):
-    """True if a test has the header's name. `gl` before it says that the test needs OpenGL."""
-    names = (f"{header.stem}_test.cpp", f"gl{header.stem}_test.cpp")
-    return any(test.rpartition("/")[2] in names for test in TESTS)
+    """True if a test has the header's name."""
+    return any(test.rpartition("/")[2] == f"{header.stem}_test.cpp" for test in TESTS)
 
 
 def bases():

@@ -1,4 +1,4 @@
-"""Hazards: what hurts or hinders units, and the cover that they hide behind."""
+"""Hazards: the things that hurt or hinder units, and the cover that they hide behind."""
 import sys
 
 from records import animation, body, collider, light, record, render, shared_square, sprite, transform

@@ -1,4 +1,5 @@
-"""What a level must not hold: above all, what would keep its turns from going on. Every message names the object."""
+"""The faults that a level must not have: above all, those that would keep its turns from going on. Every message names the
+object."""
 import json
 import math
 
@@ -62,7 +63,7 @@ def patrols(own):
 
 
 def unit_state(own, own_part):
-    """What keeps a unit from ever leaving its spawn: it could neither act nor die."""
+    """The faults that keep a unit in its spawn for ever: it could neither act nor die."""
     if not own["active"]:
         yield "is a unit that starts switched off, and could neither act nor die"
     if not own_part["m_alive"]:
@@ -154,7 +155,7 @@ def rest(own, holes):
 
 
 def whole(records):
-    """What is wrong with the level itself."""
+    """The faults of the level itself."""
     roots = [own for own, _ in walk(records) if "GameController" in own]
     if len(roots) != 1:
         yield f"has {len(roots)} objects with a GameController"

@@ -1,4 +1,4 @@
-// What is heard: the real mixer on OpenAL's loopback device, whose samples the tests keep.
+// The samples of the real mixer on OpenAL's loopback device, which the tests keep.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

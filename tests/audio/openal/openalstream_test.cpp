@@ -33,7 +33,7 @@ class OpenALStreamTest : public ::testing::Test {
     return OpenALStream::Make(SoundFile::Open("tone.wav", options), SoundGroup::kMusic);
   }
 
-  /// What is heard in some steps, none of which feeds a stream.
+  /// The samples of some steps, none of which feeds a stream.
   std::vector<float> Listen(int steps) {
     std::vector<float> heard;
     for (int i = 0; i < steps; ++i) {

@@ -1,4 +1,4 @@
-// What is heard of the audio system: the real mixer on OpenAL's loopback device, in a whole engine.
+// The samples of the audio system: the real mixer on OpenAL's loopback device, in a whole engine.
 #include "audio/audiosystem.h"
 
 #include <gtest/gtest.h>
