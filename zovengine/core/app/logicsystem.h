@@ -24,6 +24,9 @@ class LogicSystem final : public System {
 
   /// Fetches the tables, loads the archetypes, makes the states and enters the splash state.
   void Init() override;
+  /// Loads every file of `directory` whose name is a stem, a dot and "json" as the archetype of
+  /// that name. Names with two dots are skipped.
+  static void LoadArchetypes(const std::string& directory);
   /// The state step, then Update of all logic components.
   void Update(float dt) override;
   /// The state step, then Update of the components that stay live in a pause. A controller that was
@@ -31,10 +34,6 @@ class LogicSystem final : public System {
   void PausedUpdate(float dt) override;
   /// Hands the message to the current state, if there are states.
   void SendMessage(Message* message) override;
-
-  /// Loads every file of `directory` whose name is a stem, a dot and "json" as the archetype of
-  /// that name. Names with two dots are skipped.
-  static void LoadArchetypes(const std::string& directory);
 
   StateMachine m_machine;
 
