@@ -1,0 +1,86 @@
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <string>
+#include <tuple>
+
+#include "core/engine.h"
+#include "game/turns/gamecontroller.h"
+#include "physics/components/rigidbody.h"
+#include "render/components/particle.h"
+#include "support/autoplayer.h"
+#include "support/levelgame.h"
+#include "support/randomboard.h"
+#include "support/randomplayer.h"
+#include "support/reports.h"
+
+namespace carapace_test {
+namespace {
+
+using ZOVEngine::GameController;
+using ZOVEngine::GameObj;
+
+constexpr int kStandstill = 60 * 60;  ///< (unit: steps)
+constexpr int kRounds = 8;
+constexpr int kMostSteps = 60000;
+
+/// A number from the environment, or what every run takes.
+int Setting(const char* name, int usual) {
+  const char* text = std::getenv(name);
+  return text == nullptr ? usual : std::atoi(text);
+}
+
+/// What changes when the turn machine goes on.
+auto TurnMark(const GameController& controller) {
+  return std::tuple(controller.m_state, controller.m_selected, controller.m_round);
+}
+
+/// True while nothing is to be expected of the machine: a unit is controlled, the level is over, or
+/// the engine is paused.
+bool MayStandStill(const GameController& controller) {
+  return controller.m_state >= ZOVEngine::TURN_PLAYER_MOVE || ZOVEngine::g_engine->paused;
+}
+
+std::string Describe(const GameController& controller) {
+  std::string text = "state " + std::to_string(controller.m_state) + ", round " +
+                     std::to_string(controller.m_round) + ", selected " +
+                     (controller.m_selected ? controller.m_selected->name : "nothing");
+  for (const auto* body : controller.m_rigid_bodies->Components()) {
+    if (!body->m_active || body->m_owner->HasComponent<ZOVEngine::Particle>()) continue;
+    if (body->m_vel.Length() < 3.0f && std::abs(body->m_rot_vel) < 3.0f) continue;
+    text += ", " + body->m_owner->name + " moves at " + std::to_string(body->m_vel.Length()) +
+            " and turns at " + std::to_string(body->m_rot_vel);
+  }
+  return text;
+}
+
+/// Plays a random board at random. Returns how the machine stood still, or nothing.
+std::string PlayBoard(std::uint32_t seed) {
+  const RandomBoard board(seed);
+  LevelGame game(board.level, seed, board.files);
+  RandomPlayer player(&game.world, seed);
+  const GameController& controller = *AutoPlayer::Controller();
+  auto mark = TurnMark(controller);
+  int still = 0;
+  for (int step = 0; step < kMostSteps && controller.m_round < kRounds && player.Step(); ++step) {
+    if (MayStandStill(controller)) continue;
+    still = TurnMark(controller) == mark ? still + 1 : 0;
+    mark = TurnMark(controller);
+    if (still == kStandstill) return Describe(controller);
+  }
+  return "";
+}
+
+TEST(RandomBoards, NoTurnStandsStill) {
+  // Two boards on which a boss dies before others of its side.
+  const int boards = Setting("CARAPACE_BOARDS", 2);
+  const int first = Setting("CARAPACE_BOARDS_SEED", 8);
+  for (int seed = first; seed < first + boards; ++seed) {
+    std::string fault;
+    OutputOf([&] { fault = PlayBoard(static_cast<std::uint32_t>(seed)); });
+    EXPECT_EQ(fault, "") << "board " << seed;
+  }
+}
+
+}  // namespace
+}  // namespace carapace_test
