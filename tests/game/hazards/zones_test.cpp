@@ -15,6 +15,7 @@
 #include "physics/components/transform.h"
 #include "support/kinds.h"
 #include "support/reports.h"
+#include "support/scene.h"
 #include "support/unitrecords.h"
 
 namespace ZOVEngine {
@@ -163,6 +164,20 @@ TYPED_TEST(Zones, AContactOfAUnitWithSomethingElseMarksNobody) {
   this->zone.OnCollisionEnter(&contact);
   EXPECT_EQ(this->player, "default");
   EXPECT_EQ(this->enemy, "default");
+}
+
+// In the picture
+
+template <class T>
+class DrawnZones : public ::testing::Test {};
+
+TYPED_TEST_SUITE(DrawnZones, KindsOf<StatusZone>, ZoneNames);
+
+TYPED_TEST(DrawnZones, LieBeneathUnits) {
+  carapace_test::Scene scene;
+  scene.AddSprite("unit", "one");
+  scene.AddSprite("zone", "two")->template AddComponent<TypeParam>();
+  EXPECT_EQ(scene.DrawTextures(), (std::vector<int>{2, 1}));
 }
 
 // In a running level

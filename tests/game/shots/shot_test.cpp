@@ -6,6 +6,7 @@
 
 #include "core/engine.h"
 #include "game/hazards/environmentdestructible.h"
+#include "game/hazards/passablehazard.h"
 #include "game/shots/projectilebounce.h"
 #include "game/shots/projectiledefault.h"
 #include "game/shots/projectileexplosion.h"
@@ -460,8 +461,8 @@ TYPED_TEST(EveryShot, AContactBeforeItsFirstStepIsAContactLikeOthers) {
 
 // What it meets
 
-TYPED_TEST(EveryShot, FliesThroughRoughGroundDamageFieldsAndDeathFields) {
-  for (const char* zone : {"EnvironmentRough", "EnvironmentDamage", "DeathField"}) {
+TYPED_TEST(EveryShot, FliesThroughEveryHazardThatLetsThingsPass) {
+  for (const std::string& zone : NamesOfClasses(KindsOf<PassableHazard>())) {
     ShotStage stage(this->Parts({ThingAt("zone", 0, 0, 40, {{zone, "{}"}})}));
     this->FireRight(stage);
     ASSERT_TRUE(stage.StepUntil([&] { return this->RightEdge(stage) > 60.0f; })) << zone;
@@ -476,14 +477,16 @@ TYPED_TEST(EveryShot, FliesThroughRoughGroundDamageFieldsAndDeathFields) {
 }
 
 TYPED_TEST(EveryShot, AContactWithAZoneOrWithWhatIsOffIsIgnored) {
-  ShotStage stage(this->Parts({ThingAt("rough", 0, 0, 40, {{"EnvironmentRough", "{}"}}),
-                               ThingAt("damage", 0, 0, 40, {{"EnvironmentDamage", "{}"}}),
-                               ThingAt("field", 0, 0, 40, {{"DeathField", "{}"}}),
-                               SolidUnitAt(UnitKind::kEnemy, "unit", 0, 0)}));
+  std::vector<std::string> others = NamesOfClasses(KindsOf<PassableHazard>());
+  std::vector<std::string> things;
+  for (const std::string& zone : others) things.push_back(ThingAt(zone, 0, 0, 40, {{zone, "{}"}}));
+  things.push_back(SolidUnitAt(UnitKind::kEnemy, "unit", 0, 0));
+  ShotStage stage(this->Parts(things));
   this->FireRight(stage);
   stage.Douse();
   stage.Find("unit")->SetActive(false);
-  for (const char* other : {"rough", "damage", "field", "unit"}) {
+  others.push_back("unit");
+  for (const std::string& other : others) {
     EXPECT_TRUE(stage.Enter(this->Component(stage), "shot", other).ignored) << other;
     EXPECT_TRUE(stage.Enter(this->Component(stage), other, "shot").ignored) << other;
   }

@@ -3,14 +3,18 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <optional>
 #include <stdexcept>
 #include <string>
 #include <type_traits>
+#include <vector>
 
 #include "core/base/random.h"
+#include "game/componentkinds.h"
+#include "game/shots/shot.h"
 #include "game/turns/gamecontroller.h"
 #include "game/units/enemy.h"
 #include "game/units/player.h"
@@ -21,6 +25,7 @@
 #include "render/components/font.h"
 #include "render/components/particlesystemc.h"
 #include "render/components/render.h"
+#include "support/kinds.h"
 #include "support/unitrecords.h"
 #include "ui/elements/uielement.h"
 
@@ -29,6 +34,8 @@ namespace {
 
 using carapace_test::AsksFor;
 using carapace_test::Hush;
+using carapace_test::KindsOf;
+using carapace_test::NamesOfClasses;
 using carapace_test::Record;
 using carapace_test::ShotRecord;
 using carapace_test::SpriteRecord;
@@ -269,13 +276,19 @@ TYPED_TEST(BothUnits, TheLabelNamesTheWeaponInHand) {
   }
 }
 
+/// The component of this class, or null.
+const Shot* FindShot(GameObj* weapon, const std::string& name) {
+  const Shot* found = nullptr;
+  ForEachKind<Shot>(weapon, [&](const Shot* shot) {
+    if (g_game_obj_factory->TypeName(&typeid(*shot)) == name) found = shot;
+  });
+  return found;
+}
+
 /// Of several shots in one weapon the last by class name names it, in whatever order it has them.
 TYPED_TEST(BothUnits, OfSeveralShotsInOneWeaponTheLastByNameNamesIt) {
-  const std::vector<std::string> names = {
-      "ProjectileBounce", "ProjectileDefault", "ProjectileExplosion", "ProjectilePierce",
-      "ProjectilePush",   "ProjectileSwap",    "ProjectileVacuum"};
-  const std::vector<std::string> labels = {"Bounce", "Basic", "Explosion", "Pierce",
-                                           "Push",   "Swap",  "Vacuum"};
+  std::vector<std::string> names = NamesOfClasses(KindsOf<Shot>());
+  std::sort(names.begin(), names.end());
   for (std::size_t i = 1; i < names.size(); ++i) {
     for (const bool last_first : {true, false}) {
       this->stage.reset();
@@ -283,7 +296,9 @@ TYPED_TEST(BothUnits, OfSeveralShotsInOneWeaponTheLastByNameNamesIt) {
                   .more = {Record("Weapon0Projectile", {{names[last_first ? i : i - 1], "{}"},
                                                         {names[last_first ? i - 1 : i], "{}"}})}});
       this->Unit().ShowWeaponLabel();
-      EXPECT_EQ(this->Unit().m_weapon_label_tex, "WeaponFloat_" + labels[i]);
+      const Shot* last = FindShot(this->Child("Weapon0Projectile"), names[i]);
+      ASSERT_NE(last, nullptr);
+      EXPECT_EQ(this->Unit().m_weapon_label_tex, last->Label().texture) << names[i];
     }
   }
 }
