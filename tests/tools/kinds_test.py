@@ -26,6 +26,13 @@ def kinds(folder):
     return found
 
 
+def records(objects):
+    """All object records of a level, children too."""
+    for own in objects:
+        yield own
+        yield from records(own["Childs"])
+
+
 class Kinds(unittest.TestCase):
     def assert_named(self, names, path, form):
         """The file has the form with each of the names in place of {}."""
@@ -93,6 +100,16 @@ class Hazards(Kinds):
 
     def test_are_in_a_level(self):
         self.assert_placed(kinds(HAZARDS), LEVELS)
+
+    def test_can_be_touched(self):
+        """An unknown category gets an empty mask when the game runs: nothing would ever meet the hazard."""
+        collisions = json.loads(read("Resources/CollisionInfo.json"))
+        masks = dict(zip(collisions["str_bm"], collisions["int_bm"]))
+        for level in LEVELS:
+            for own in records(json.loads(level.read_text(encoding="utf-8"))["GameObjFactory"]):
+                if kinds(HAZARDS).keys() & own.keys():
+                    with self.subTest(level=level.parts[-3], name=own["name"]):
+                        self.assertTrue(masks.get(own["ColliderHolder"]["bitmask_category"]), "nothing touches it")
 
     def test_have_tests_of_their_own(self):
         tests = "".join(path.read_text(encoding="utf-8") for path in (ROOT / "tests/game/hazards").glob("*_test.cpp"))
