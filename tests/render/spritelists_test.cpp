@@ -103,14 +103,16 @@ TEST_F(SpriteListsTest, WithoutATransformASpriteHasNone) {
   EXPECT_EQ(Fill().world[0].transform, nullptr);
 }
 
-// The memory of the destroyed object goes to the next one, and that of its Transform to the bare
-// object's.
+// The two holders take the memory of the destroyed object and of its Transform. The first one then
+// hands it to the clone, whose own Transform gets other memory.
 TEST_F(SpriteListsTest, ACloneOfACloneInTheMemoryOfTheFirstHasATransformOfItsOwn) {
-  GameObj* holder = AddBareObject();
+  GameObj* holders[] = {AddBareObject(), AddBareObject()};
   GameObj* first = scene.AddSprite("first", "one");
   GameObj* second = g_game_obj_factory->Clone(first, true);
   g_game_obj_factory->Destroy(first->id);
-  holder->AddComponent<Transform>();
+  for (GameObj* holder : holders) holder->AddComponent<Transform>();
+  ComponentTable<Transform>().Remove(holders[0]->id);
+  holders[0]->components.clear();
   GameObj* third = g_game_obj_factory->Clone(second, true);
   Fill();
   EXPECT_EQ(&lists.world[0].GetTransform(), second->GetComponent<Transform>());
