@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <vector>
 
@@ -22,13 +23,14 @@ enum SpriteTrait : std::uint32_t {
   kHasCollider = 1u << 6,
 };
 
-/// A Render component with the traits and the Transform of its object.
+/// A Render component with the traits of its object and two of its components.
 ///
-/// The Transform is found anew for each frame: a component that kept it would hand it on to its
+/// The components are found anew for each frame: a Render that kept them would hand them on to its
 /// clones.
 struct Sprite {
   Render* render = nullptr;
   Transform* transform = nullptr;  ///< null without the trait kHasTransform
+  iModel* model = nullptr;         ///< null without the trait kHasModel
   std::uint32_t traits = 0;
 
   /// The object's components; an object that lacks one ends the program with a report that names
@@ -51,5 +53,9 @@ struct SpriteLists {
   std::vector<Sprite> world;
   std::vector<Sprite> interface;
 };
+
+/// Has the processor begin to load the sprite a few places behind `index`, for a pass that walks
+/// `sprites`.
+void PrefetchAhead(const std::vector<Sprite>& sprites, std::size_t index);
 
 }  // namespace ZOVEngine

@@ -4,6 +4,7 @@
 #include <limits>
 #include <typeinfo>
 
+#include "core/base/prefetch.h"
 #include "core/base/random.h"
 #include "core/engine.h"
 #include "objects/fields.h"
@@ -66,6 +67,29 @@ void RequireComponent(const GameObj& particle, const char* name, const GameObj& 
   ZOV_ASSERT(particle.HasComponent<T>(), std::string("Archetype \"") + kArchetype + "\" has no " +
                                              name + ", which the particles of object \"" +
                                              emitter.name + "\" need");
+}
+
+/// Has the processor begin to load the particles behind `index`: far ahead the particle, then its
+/// object, then the components that an update reads. The place of a destroyed particle is null.
+void PrefetchAhead(const ParticlePool& pool, std::size_t index) {
+  constexpr std::size_t kAhead = 4;
+  if (index + 3 * kAhead >= pool.size()) return;
+  Prefetch(pool[index + 3 * kAhead]);
+  if (const Particle* particle = pool[index + 2 * kAhead]) {
+    Prefetch(&particle->m_owner->id);
+    Prefetch(&particle->m_owner->active);
+  }
+  if (const Particle* particle = pool[index + kAhead]) {
+    const std::uint32_t id = particle->m_owner->id;
+    if (const Render* render = ComponentTable<Render>().Find(id)) {
+      Prefetch(&render->m_tex);
+      Prefetch(&render->m_colour);
+    }
+    if (const Transform* transform = ComponentTable<Transform>().Find(id)) {
+      Prefetch(&transform->m_local_pos);
+      Prefetch(&transform->m_world_pos);
+    }
+  }
 }
 
 template <class Visitor>
@@ -159,7 +183,9 @@ void ParticleSystemC::Update(float dt) {
   } else {
     m_emit_accumulator = 0.0f;
   }
-  for (Particle* particle : m_particles) {
+  for (std::size_t i = 0; i < m_particles.size(); ++i) {
+    PrefetchAhead(m_particles, i);
+    Particle* particle = m_particles[i];
     if (particle == nullptr) continue;
     if (particle->m_owner->active) {
       RunParticle(*particle, dt);

@@ -40,14 +40,6 @@ void LightField::Gather(const std::vector<LightRecord>& lights, float reach) {
   }
 }
 
-NearLights LightField::Near(const WorldBox& box) const {
-  NearLights near;
-  for (const Entry& light : m_lights) {
-    if (Meets(light, box)) near.Add(light.number);
-  }
-  return near;
-}
-
 WorldBox LightField::LitPart(const WorldBox& box) const {
   if (m_reach <= 0.0f) return box;
   WorldBox lit{box.right, box.left, box.top, box.bottom};
@@ -68,9 +60,9 @@ void LightField::Narrow(const WorldBox& box) {
   }
 }
 
-NearLights LightField::NearAmong(const WorldBox& box) const {
+NearLights LightField::CollectNear(const std::vector<Entry>& lights, const WorldBox& box) const {
   NearLights near;
-  for (const Entry& light : m_narrowed) {
+  for (const Entry& light : lights) {
     if (Meets(light, box)) near.Add(light.number);
   }
   return near;

@@ -35,13 +35,13 @@ class LightField {
   void Gather(const std::vector<LightRecord>& lights, float reach);
 
   /// The lights whose circle meets the box.
-  NearLights Near(const WorldBox& box) const;
+  NearLights Near(const WorldBox& box) const { return FindNear(m_lights, box); }
   /// The part of `box` outside which no light is seen; its sides are crossed when there is none.
   WorldBox LitPart(const WorldBox& box) const;
   /// Keeps for the next calls of NearAmong only the lights that meet the box.
   void Narrow(const WorldBox& box);
   /// As Near, among the lights that the last Narrow kept.
-  NearLights NearAmong(const WorldBox& box) const;
+  NearLights NearAmong(const WorldBox& box) const { return FindNear(m_narrowed, box); }
 
   /// Number of lights, clamped to kMaxLights.
   int Size() const { return static_cast<int>(m_lights.size()); }
@@ -53,6 +53,10 @@ class LightField {
     std::uint32_t number;
   };
 
+  NearLights FindNear(const std::vector<Entry>& lights, const WorldBox& box) const {
+    return lights.empty() ? NearLights() : CollectNear(lights, box);
+  }
+  NearLights CollectNear(const std::vector<Entry>& lights, const WorldBox& box) const;
   bool Meets(const Entry& light, const WorldBox& box) const;
 
   std::vector<Entry> m_lights;

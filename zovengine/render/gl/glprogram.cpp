@@ -204,24 +204,17 @@ ProgramSet::ProgramSet(const std::string& vertex_source, const std::string& frag
               fragment_source.find("STREAMED") != std::string::npos;
 }
 
-GLProgram* ProgramSet::Streamed(LightClass lights, bool one_texture) {
-  if (!m_streams) return nullptr;
-  Form& form = m_forms[2 * static_cast<std::size_t>(lights) + (one_texture ? 1 : 0)];
-  if (!form.tried) {
-    form.tried = true;
-    form.program = Make(lights, one_texture);
-  }
-  return form.program.get();
-}
-
-std::unique_ptr<GLProgram> ProgramSet::Make(LightClass lights, bool one_texture) const {
+void ProgramSet::Try(LightClass lights, bool one_texture, Form* form) const {
+  form->tried = true;
   const std::string prologue = Prologue(lights, one_texture);
   bool linked = false;
   const GLuint name = LinkProgram(WithPrologue(m_vertex_source, prologue),
                                   WithPrologue(m_fragment_source, prologue), false, &linked);
-  if (linked) return std::make_unique<GLProgram>(name);
-  glDeleteProgram(name);
-  return nullptr;
+  if (linked) {
+    form->program = std::make_unique<GLProgram>(name);
+  } else {
+    glDeleteProgram(name);
+  }
 }
 
 std::string ProgramSet::Prologue(LightClass lights, bool one_texture) const {

@@ -114,7 +114,12 @@ class ProgramSet {
   GLProgram* Plain() { return m_plain.get(); }
   /// The form that draws streamed vertices lit by `lights`, with one texture or a choice; null when
   /// there is none.
-  GLProgram* Streamed(LightClass lights, bool one_texture);
+  GLProgram* Streamed(LightClass lights, bool one_texture) {
+    if (!m_streams) return nullptr;
+    Form& form = m_forms[2 * static_cast<std::size_t>(lights) + (one_texture ? 1 : 0)];
+    if (!form.tried) Try(lights, one_texture, &form);
+    return form.program.get();
+  }
   /// True when streamed forms index their textures, so that one form serves any number of them.
   bool PicksByNumber() const { return m_by_number; }
   /// The name that the plain form got, linked or not.
@@ -126,7 +131,7 @@ class ProgramSet {
     std::unique_ptr<GLProgram> program;
   };
 
-  std::unique_ptr<GLProgram> Make(LightClass lights, bool one_texture) const;
+  void Try(LightClass lights, bool one_texture, Form* form) const;
   std::string Prologue(LightClass lights, bool one_texture) const;
 
   std::string m_vertex_source;

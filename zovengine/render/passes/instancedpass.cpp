@@ -27,7 +27,9 @@ Matrix4x4 InstanceMatrix(const Transform& transform) {
 void InstancedPass(const std::vector<Sprite>& particles, Painter& painter) {
   std::vector<Matrix4x4>& instances = painter.GetFrame().instances;
   const Render* first = nullptr;
-  for (const Sprite& sprite : particles) {
+  for (std::size_t i = 0; i < particles.size(); ++i) {
+    PrefetchAhead(particles, i);
+    const Sprite& sprite = particles[i];
     if (!sprite.render->m_visible) continue;
     ZOV_ASSERT(instances.size() < kMaxInstances, "More than 150000 instanced particles");
     if (first == nullptr) first = sprite.render;

@@ -1,6 +1,7 @@
 #include "render/passes/placement.h"
 
 #include <string>
+#include <string_view>
 
 #include "objects/componentmanager.h"
 
@@ -21,7 +22,8 @@ Placement SpritePlacement(const Transform& transform) {
 }
 
 Program SpriteProgram(const Render& render) {
-  return render.m_shader == "default" ? Program::kDefault : Program::kLight;
+  constexpr std::string_view kUnlit = "default";
+  return render.m_shader == kUnlit ? Program::kDefault : Program::kLight;
 }
 
 Transform& RequireTransform(GameObj* object, const char* component) {

@@ -60,7 +60,9 @@ void DrawSprite(const Sprite& sprite, const char* plain_state, const Placement& 
 }  // namespace
 
 void WorldPass(const std::vector<Sprite>& sprites, const SpriteStep& step, Painter& painter) {
-  for (const Sprite& sprite : sprites) {
+  for (std::size_t i = 0; i < sprites.size(); ++i) {
+    PrefetchAhead(sprites, i);
+    const Sprite& sprite = sprites[i];
     if (!sprite.render->m_visible) continue;
     const Placement placement = SpritePlacement(sprite.GetTransform());
     DrawSprite(sprite, "damaged", placement, step, painter);
