@@ -1,5 +1,5 @@
-// A step of 20,000 live particles: what their update, their motion and their picture cost the main
-// thread.
+// A step of 20,000 live particles: the cost of their update, their motion and their drawing on the
+// main thread.
 //
 // The systems and the device are the game's own, in a hidden window; four particle systems of
 // 5,000, each with a texture of its own, are kept full, so that some 170 particles die and are born

@@ -166,7 +166,7 @@ TEST(ParticleMotion, ARebornParticleStartsFromRestAndFromTheEmitter) {
   ASSERT_LT(fountain.Nth(0).m_age, 0.2f);
   EXPECT_NEAR(fountain.PlaceOf(0).m_world_pos.x, 0.01f, 1e-5f);
   EXPECT_EQ(fountain.PlaceOf(0).m_local_rotate, 0.0f);
-  EXPECT_EQ(fountain.Nth(0).m_distance, 0.0f) << "the way back to the emitter is no part of it";
+  EXPECT_EQ(fountain.Nth(0).m_distance, 0.0f) << "the jump back to the emitter is no part of it";
 }
 
 TEST(ParticleMotion, AnInactiveParticleStaysWhereItEnded) {

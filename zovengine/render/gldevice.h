@@ -33,8 +33,8 @@ class GLDevice {
  public:
   virtual ~GLDevice() = default;
 
-  /// Loads the GL entry points. Returns an empty string, or a sentence for the user that names what
-  /// the context lacks (the game needs OpenGL 3.3).
+  /// Loads the GL entry points. Returns an empty string, or a sentence for the user about a context
+  /// that is too old (the game needs OpenGL 3.3).
   virtual std::string Start() = 0;
 
   /// Viewport (0, 0, width, height) and a fixed-function perspective (field of view 45 degrees,

@@ -68,7 +68,7 @@ float WindowAspect() {
 /// Right-handed perspective with depth from -1 to 1.
 Matrix4x4 Perspective(float aspect) {
   ZOV_ASSERT(std::isfinite(aspect) && std::abs(aspect) > std::numeric_limits<float>::epsilon(),
-             "The aspect of the window, " + std::to_string(aspect) + ", gives no picture");
+             "The aspect of the window, " + std::to_string(aspect) + ", gives no projection");
   const glm::mat4 columns = glm::perspectiveRH_NO(kFieldOfView, aspect, kNear, kFar);
   Matrix4x4 out;
   for (int r = 0; r < 4; ++r) {

@@ -111,7 +111,7 @@ class RenderSystem final : public UnpausedSystem {
   void DrawTree();
   void TakeContacts(const CollidedObjects& message);
 
-  Painter m_painter;      ///< the frame and what lasts between its draws
+  Painter m_painter;      ///< the frame, and the state that lasts between its draws
   SpriteLists m_sprites;  ///< the sprites of the frame by pass
   std::vector<TreeRectangle> m_tree_rectangles;
 };

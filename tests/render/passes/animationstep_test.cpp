@@ -12,7 +12,7 @@ namespace {
 
 using namespace ZOVEngine;
 
-/// One animated object and the way to its parts.
+/// One animated object with short names for its parts.
 class AnimationStepTest : public testing::Test {
  protected:
   void Make(const std::string& state, const std::string& name = "object") {

@@ -9,7 +9,7 @@ namespace ZOVEngine {
 
 class Painter;
 
-/// What the sprites of a frame share.
+/// Values that all sprites of a frame share.
 struct SpriteStep {
   float dt = 0.0f;                ///< by which animations go on (unit: seconds)
   std::int32_t selected_id = -1;  ///< object that shows its highlight texture

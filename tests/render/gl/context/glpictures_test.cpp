@@ -47,17 +47,18 @@ bool IsBlack(const Picture& picture) {
   return std::all_of(picture.bytes.begin(), picture.bytes.end(), [](auto v) { return v == 0; });
 }
 
-/// Compares every way of the device with the plain one, and that with the committed picture.
+/// Compares the pictures of all the device's options with the plain one, and that with the
+/// committed one.
 void ExpectSamePicture(const std::string& name, const Frame& frame) {
   const Picture plain = DrawnPlainly(frame);
   EXPECT_EQ(MismatchWithCommitted(name, plain, kCommittedTolerance), "");
   using Choice = GLOptions::TextureChoice;
-  const std::pair<const char*, GLOptions> kWays[] = {
+  const std::pair<const char*, GLOptions> kOptions[] = {
       {"_by_number", {Choice::kByNumber, true}},
       {"_by_comparison", {Choice::kByComparison, true}},
       {"_unstreamed", {Choice::kByDriver, false}}};
-  for (const auto& [way, options] : kWays) {
-    EXPECT_EQ(Mismatch(name + way, DrawnByDevice(frame, options), plain, kTolerance), "");
+  for (const auto& [suffix, options] : kOptions) {
+    EXPECT_EQ(Mismatch(name + suffix, DrawnByDevice(frame, options), plain, kTolerance), "");
   }
 }
 

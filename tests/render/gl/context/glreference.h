@@ -13,7 +13,7 @@
 
 namespace carapace_test {
 
-/// The plain way to draw a frame, which the device is compared with.
+/// Draws a frame with one call for each command; tests compare the device with it.
 ///
 /// One draw call for every command and every glyph, a buffer upload before each, every uniform
 /// looked up by name at each use, a texture object for every glyph. Uses the shipped shaders as
