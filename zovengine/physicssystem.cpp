@@ -45,7 +45,7 @@ namespace {
 // With static storage, so that recording it allocates nothing.
 const std::string kPhysicsRecord = "Physics";
 
-GameObj* ObjectOf(std::uint32_t id) {
+GameObj* LevelObject(std::uint32_t id) {
   return g_game_obj_factory->m_objects.at(id);
 }
 
@@ -62,14 +62,14 @@ void AddForce(const AddForceToObject& message) {
   force->lifetime = message.duration;
   force->direction = message.direction;
   force->magnitude = message.magnitude;
-  ObjectOf(message.objectId)->GetComponent<RigidBody>()->m_forces.push_back(std::move(force));
+  LevelObject(message.objectId)->GetComponent<RigidBody>()->m_forces.push_back(std::move(force));
 }
 
 void AddTorque(const AddTorqueToObject& message) {
   auto torque = MakeForce<RotationalForce>();
   torque->lifetime = message.duration;
   torque->torque = message.torque;
-  ObjectOf(message.objectId)->GetComponent<RigidBody>()->m_torques.push_back(std::move(torque));
+  LevelObject(message.objectId)->GetComponent<RigidBody>()->m_torques.push_back(std::move(torque));
 }
 
 }  // namespace
@@ -98,9 +98,9 @@ void PhysicsSystem::MoveBodies(float dt, bool paused) {
   UpdateWorldTransforms();
 }
 
-/// Tells both objects of each contact of the step before last that did not come again. An object
-/// that was destroyed since is not told. Nobody else can see the transforms before the bodies have
-/// moved, so they are derived here only when there is someone to tell.
+/// Calls OnCollisionExit on both objects of each contact of the step before last that was not found
+/// again, except on objects that were destroyed since. Only these calls can see the world
+/// transforms before the bodies have moved, so they are derived here only if there is such a call.
 void PhysicsSystem::DispatchExits() {
   bool derived = false;
   for (std::size_t i = 0; i < previous.size(); ++i) {
@@ -109,7 +109,7 @@ void PhysicsSystem::DispatchExits() {
     for (const std::uint32_t id : ids) {
       // A callback that clears all objects empties the list.
       if (i >= previous.size() || id >= g_game_obj_factory->m_objects.size()) break;
-      GameObj* object = ObjectOf(id);
+      GameObj* object = LevelObject(id);
       if (object->logicComponents == 0) continue;
       if (!derived) UpdateWorldTransforms();
       derived = true;
@@ -128,12 +128,12 @@ void PhysicsSystem::SendMessage(Message* message) {
       break;
     case kRotateObject: {
       const auto& rotate = dynamic_cast<RotateObject&>(*message);
-      ObjectOf(rotate.objectId)->GetComponent<Transform>()->m_local_rotate += rotate.delta;
+      LevelObject(rotate.objectId)->GetComponent<Transform>()->m_local_rotate += rotate.delta;
       break;
     }
     case kScaleObject: {
       const auto& scale = dynamic_cast<ScaleObject&>(*message);
-      ObjectOf(scale.objectId)->GetComponent<Transform>()->m_local_scale += scale.delta;
+      LevelObject(scale.objectId)->GetComponent<Transform>()->m_local_scale += scale.delta;
       break;
     }
     case kCollidedObjects:

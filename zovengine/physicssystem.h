@@ -16,13 +16,14 @@ namespace ZOVEngine {
 
 /// The system that moves every object with a RigidBody.
 ///
-/// Each step it derives the world transforms, tells who is no longer in contact, and integrates the
-/// bodies; later in the step the collider system's CollidedObjects message has it resolve the
-/// contacts and tell the logic components of both sides. There is no gravity and no iteration: a
-/// body moves by its velocity, by timed forces, and by what a contact does to it, once, in the
-/// order of the contacts. `current` holds the contacts made in this step, `previous` those of the
-/// step before; both name objects by id and are emptied when all objects are destroyed. While the
-/// engine is paused the lists are not rotated, so a lasting contact begins anew in every step.
+/// Each step it reports the contacts that ended, integrates the bodies and derives the world
+/// transforms. Later in the step it receives the collider system's CollidedObjects message,
+/// resolves the contacts and calls the logic components of both sides. There is no gravity and no
+/// iteration: a body moves by its velocity, by timed forces and by its contacts, each of which is
+/// resolved once, in the order of the message. `current` holds the contacts made in this step,
+/// `previous` those of the step before; both name objects by id and are emptied when all objects
+/// are destroyed. While the engine is paused the lists are not rotated, so a lasting contact begins
+/// anew in every step.
 class PhysicsSystem final : public System {
   RTTR_ENABLE(System)
 

@@ -121,11 +121,11 @@ TEST(CandidateFinder, EverMeetLooksAtNodesAndBodiesAlone) {
 std::vector<std::string> WalkedNames(const std::vector<Entry>& entries, const QuadTree& tree) {
   std::vector<std::string> names;
   for (std::size_t a = 0; a < entries.size(); ++a) {
-    for (int level = QuadTree::LevelOf(tree.NodeOf(a)); level >= 0; --level) {
+    for (int level = QuadTree::Level(tree.Node(a)); level >= 0; --level) {
       for (std::size_t b = 0; b < entries.size(); ++b) {
-        const std::uint16_t node = tree.NodeOf(b);
-        if (b == a || QuadTree::LevelOf(node) != level) continue;
-        if (!QuadTree::IsOnPath(node, tree.NodeOf(a))) continue;
+        const std::uint16_t node = tree.Node(b);
+        if (b == a || QuadTree::Level(node) != level) continue;
+        if (!QuadTree::IsOnPath(node, tree.Node(a))) continue;
         if (!entries[a].has_body && !entries[b].has_body) continue;
         if ((entries[a].mask & entries[b].mask) == 0) continue;
         if (!entries[a].bounds.Overlaps(entries[b].bounds)) continue;

@@ -85,7 +85,7 @@ struct GrownNode {
   void Compare(const QuadTree& tree) const {
     EXPECT_EQ(tree.HasChildren(number), !children.empty()) << "node " << number;
     EXPECT_TRUE(std::is_sorted(objects.begin(), objects.end()));
-    for (const std::size_t object : objects) EXPECT_EQ(tree.NodeOf(object), number);
+    for (const std::size_t object : objects) EXPECT_EQ(tree.Node(object), number);
     for (const auto& child : children) child->Compare(tree);
   }
 };
@@ -102,7 +102,7 @@ TEST(QuadTree, TenObjectsDoNotSplitANode) {
   QuadTree tree;
   tree.Build(std::vector<Bounds>(10, Square(100, 100, 5)));
   EXPECT_FALSE(tree.HasChildren(0));
-  EXPECT_EQ(tree.NodeOf(9), 0);
+  EXPECT_EQ(tree.Node(9), 0);
 }
 
 TEST(QuadTree, ElevenObjectsSplitANode) {
@@ -111,8 +111,8 @@ TEST(QuadTree, ElevenObjectsSplitANode) {
   QuadTree tree;
   tree.Build(bounds);
   EXPECT_TRUE(tree.HasChildren(0));
-  EXPECT_EQ(tree.NodeOf(0), 1) << "low x, high y";
-  EXPECT_EQ(tree.NodeOf(10), 2) << "high x, high y";
+  EXPECT_EQ(tree.Node(0), 1) << "low x, high y";
+  EXPECT_EQ(tree.Node(10), 2) << "high x, high y";
   EXPECT_FALSE(tree.HasChildren(1)) << "ten went there";
 }
 
@@ -122,22 +122,22 @@ TEST(QuadTree, TheLowerChildrenFollowFromTheRight) {
   bounds.push_back(Square(-100, -100, 5));
   QuadTree tree;
   tree.Build(bounds);
-  EXPECT_EQ(tree.NodeOf(9), 3) << "high x, low y";
-  EXPECT_EQ(tree.NodeOf(10), 4) << "low x, low y";
+  EXPECT_EQ(tree.Node(9), 3) << "high x, low y";
+  EXPECT_EQ(tree.Node(10), 4) << "low x, low y";
 }
 
 TEST(QuadTree, StraddlersSplitANodeAndStayInIt) {
   QuadTree tree;
   tree.Build(std::vector<Bounds>(11, Square(0, 100, 5)));
   EXPECT_TRUE(tree.HasChildren(0));
-  EXPECT_EQ(tree.NodeOf(10), 0);
+  EXPECT_EQ(tree.Node(10), 0);
 }
 
 TEST(QuadTree, NodesOfLevelFiveNeverSplit) {
   QuadTree tree;
   tree.Build(std::vector<Bounds>(500, Square(-950, 530, 1)));
-  EXPECT_EQ(QuadTree::LevelOf(tree.NodeOf(0)), 5);
-  EXPECT_FALSE(tree.HasChildren(tree.NodeOf(0)));
+  EXPECT_EQ(QuadTree::Level(tree.Node(0)), 5);
+  EXPECT_FALSE(tree.HasChildren(tree.Node(0)));
 }
 
 TEST(QuadTree, IrregularBoundsThatTouchAMidlineStayAboveToo) {
@@ -157,8 +157,8 @@ TEST(QuadTree, AnObjectThatTouchesAMidlineStaysAbove) {
   bounds.push_back({10, 0.001f, 20, 10});
   QuadTree tree;
   tree.Build(bounds);
-  for (const std::size_t i : {11u, 12u, 13u, 14u}) EXPECT_EQ(tree.NodeOf(i), 0) << i;
-  EXPECT_NE(tree.NodeOf(15), 0) << "wholly above the midline";
+  for (const std::size_t i : {11u, 12u, 13u, 14u}) EXPECT_EQ(tree.Node(i), 0) << i;
+  EXPECT_NE(tree.Node(15), 0) << "wholly above the midline";
 }
 
 TEST(QuadTree, OneGrownObjectByObjectIsTheSame) {

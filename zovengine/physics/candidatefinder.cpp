@@ -24,7 +24,7 @@ std::span<const Candidate> CandidateFinder::Find() {
 
 Candidate CandidateFinder::Make(std::uint32_t a, std::uint32_t b, std::uint32_t pair) const {
   const auto above_deepest =
-      static_cast<std::uint32_t>(QuadTree::kMaxLevels - QuadTree::LevelOf(m_tree.NodeOf(b)));
+      static_cast<std::uint32_t>(QuadTree::kMaxLevels - QuadTree::Level(m_tree.Node(b)));
   return {a, b, pair, (above_deepest << kRankShift) | b};
 }
 
@@ -43,8 +43,8 @@ void CandidateFinder::Collect() {
   for (std::uint32_t pair = 0; pair < pairs.size(); ++pair) {
     const auto [a, b] = pairs[pair];
     if (!MayTouch(a, b)) continue;
-    const std::uint16_t node_a = m_tree.NodeOf(a);
-    const std::uint16_t node_b = m_tree.NodeOf(b);
+    const std::uint16_t node_a = m_tree.Node(a);
+    const std::uint16_t node_b = m_tree.Node(b);
     // Every test is stored and only a due one counted: no branch to mispredict.
     m_unsorted[m_count] = Make(a, b, pair);
     m_count += QuadTree::IsOnPath(node_b, node_a) ? 1 : 0;
@@ -69,8 +69,8 @@ void CandidateFinder::SortByA() {
 }
 
 bool CandidateFinder::EverMeet(std::size_t a, std::size_t b) const {
-  const std::uint16_t node_a = m_tree.NodeOf(a);
-  const std::uint16_t node_b = m_tree.NodeOf(b);
+  const std::uint16_t node_a = m_tree.Node(a);
+  const std::uint16_t node_b = m_tree.Node(b);
   return (m_filters[a].has_body || m_filters[b].has_body) &&
          (QuadTree::IsOnPath(node_a, node_b) || QuadTree::IsOnPath(node_b, node_a));
 }

@@ -107,7 +107,7 @@ constexpr PairTest kPairTests[kShapeKinds][kShapeKinds] = {
 };
 
 /// The kind of a type name, or kShapeKinds for a name that is none.
-ShapeKind KindOf(std::string_view type) {
+ShapeKind ToKind(std::string_view type) {
   if (type == "Box") return kBox;
   if (type == "Circle") return kCircle;
   return type == "Polygon" ? kPolygon : kShapeKinds;
@@ -133,11 +133,11 @@ void CheckShape(const ColliderHolder& holder, std::uint32_t kind) {
                         holder.m_collider_type + "\"");
 }
 
-const PolygonCollider& PolygonOf(const iCollider& shape) {
+const PolygonCollider& AsPolygon(const iCollider& shape) {
   return static_cast<const PolygonCollider&>(shape);
 }
 
-Bounds BoundsOf(const iCollider& shape) {
+Bounds WorldBounds(const iCollider& shape) {
   return {shape.m_min.x, shape.m_min.y, shape.m_max.x, shape.m_max.y};
 }
 
@@ -166,11 +166,11 @@ bool ColliderSystem::CheckCollision(ColliderHolder* a, ColliderHolder* b, Contac
   const int mask_a = m_masks[a->bitmask_category];
   const int mask_b = m_masks[b->bitmask_category];
   if ((mask_a & mask_b) == 0) return false;
-  const ShapeKind kind_a = KindOf(a->m_collider_type);
-  const ShapeKind kind_b = KindOf(b->m_collider_type);
+  const ShapeKind kind_a = ToKind(a->m_collider_type);
+  const ShapeKind kind_b = ToKind(b->m_collider_type);
   CheckShape(*a, kind_a);
   CheckShape(*b, kind_b);
-  if (!BoundsOf(*a->m_collider).Overlaps(BoundsOf(*b->m_collider))) return false;
+  if (!WorldBounds(*a->m_collider).Overlaps(WorldBounds(*b->m_collider))) return false;
   return TestFor(kind_a, kind_b)(*a, *b, contact);
 }
 
@@ -192,21 +192,21 @@ void ColliderSystem::UpdateShapes() {
 }
 
 void ColliderSystem::AddShape(ColliderHolder* holder) {
-  const ShapeKind kind = KindOf(holder->m_collider_type);
+  const ShapeKind kind = ToKind(holder->m_collider_type);
   CheckShape(*holder, kind);
   const iCollider* collider = holder->m_collider.get();
   const void* outline = collider;
-  if (kind != kCircle) outline = PolygonOf(*collider).m_world_vertices.data();
+  if (kind != kCircle) outline = AsPolygon(*collider).m_world_vertices.data();
   const std::uint32_t object = holder->m_owner->id;
   LookUpMask(holder->bitmask_category);
   if (!m_last_known) m_unknown.push_back(m_shapes.size());
   m_shapes.push_back({holder, collider, outline, object, kind});
   const bool has_body = m_bodies->Find(object) != nullptr;
-  if (kind == kBox && PolygonOf(*collider).m_world_vertices.size() >= 4) {
-    m_candidates.AddBox(BoundsOf(*collider), m_last_mask, has_body,
-                        OutlineOf(PolygonOf(*collider)));
+  if (kind == kBox && AsPolygon(*collider).m_world_vertices.size() >= 4) {
+    m_candidates.AddBox(WorldBounds(*collider), m_last_mask, has_body,
+                        Outline(AsPolygon(*collider)));
   } else {
-    m_candidates.Add(BoundsOf(*collider), m_last_mask, has_body);
+    m_candidates.Add(WorldBounds(*collider), m_last_mask, has_body);
   }
 }
 

@@ -9,12 +9,12 @@ namespace {
 constexpr std::size_t kFewestSlots = 64;
 
 /// One key for both orders of two ids.
-std::uint64_t KeyOf(std::uint32_t one, std::uint32_t other) {
+std::uint64_t PairKey(std::uint32_t one, std::uint32_t other) {
   return (std::uint64_t{std::min(one, other)} << 32) | std::max(one, other);
 }
 
 /// Fibonacci hashing: the upper half of the product with 2^64 divided by the golden ratio.
-std::size_t HashOf(std::uint64_t key) {
+std::size_t Hash(std::uint64_t key) {
   return static_cast<std::size_t>((key * 0x9E3779B97F4A7C15u) >> 32);
 }
 
@@ -37,13 +37,13 @@ void ContactList::swap(ContactList& other) noexcept {
 
 bool ContactList::Contains(std::uint32_t one, std::uint32_t other) {
   CatchUp();
-  return !m_slots.empty() && m_slots[Find(KeyOf(one, other))].round == m_round;
+  return !m_slots.empty() && m_slots[Find(PairKey(one, other))].round == m_round;
 }
 
 /// The slot of `key`, or the free one where it would go.
 std::size_t ContactList::Find(std::uint64_t key) const {
   const std::size_t mask = m_slots.size() - 1;
-  std::size_t at = HashOf(key) & mask;
+  std::size_t at = Hash(key) & mask;
   while (m_slots[at].round == m_round && m_slots[at].key != key) at = (at + 1) & mask;
   return at;
 }
@@ -52,7 +52,7 @@ void ContactList::CatchUp() {
   for (; m_indexed < m_pairs.size(); ++m_indexed) {
     if (2 * (m_taken + 1) > m_slots.size()) Grow();
     const ContactPair& pair = m_pairs[m_indexed];
-    const std::uint64_t key = KeyOf(pair.objectA, pair.objectB);
+    const std::uint64_t key = PairKey(pair.objectA, pair.objectB);
     Slot& slot = m_slots[Find(key)];
     if (slot.round == m_round) continue;
     slot = {key, m_round};

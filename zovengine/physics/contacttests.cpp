@@ -9,11 +9,11 @@ namespace {
 
 constexpr float kFarthest = std::numeric_limits<float>::max();
 
-const PolygonCollider& PolygonOf(const ColliderHolder& holder) {
+const PolygonCollider& AsPolygon(const ColliderHolder& holder) {
   return static_cast<const PolygonCollider&>(*holder.m_collider);
 }
 
-const CircleCollider& CircleOf(const ColliderHolder& holder) {
+const CircleCollider& AsCircle(const ColliderHolder& holder) {
   return static_cast<const CircleCollider&>(*holder.m_collider);
 }
 
@@ -200,7 +200,7 @@ void StoreDistance(const Vector3D& d, const NearPoint& near, ContactInfo* contac
 
 }  // namespace
 
-BoxOutline OutlineOf(const PolygonCollider& box) {
+BoxOutline Outline(const PolygonCollider& box) {
   const Vector3D* const v = box.m_world_vertices.data();
   return {Lanes{v[0].x, v[1].x, v[2].x, v[3].x}, Lanes{v[0].y, v[1].y, v[2].y, v[3].y}};
 }
@@ -211,7 +211,7 @@ bool AreApart(const BoxOutline& a, const BoxOutline& b) {
 
 bool SatBox(const PolygonCollider& a, const PolygonCollider& b, ContactInfo* contact) {
   if (a.m_world_vertices.size() < 4 || b.m_world_vertices.size() < 4) return false;
-  const BoxAxes axes(OutlineOf(a), OutlineOf(b));
+  const BoxAxes axes(Outline(a), Outline(b));
   if (axes.Apart()) return false;
   LeastOverlap least;
   const Lanes overlaps = axes.Overlaps();
@@ -277,19 +277,19 @@ bool BuildManifold(const PolygonCollider& a, const PolygonCollider& b, ContactIn
 }
 
 bool TestBoxBox(const ColliderHolder& a, const ColliderHolder& b, ContactInfo* contact) {
-  return SatBox(PolygonOf(a), PolygonOf(b), contact) &&
-         BuildManifold(PolygonOf(a), PolygonOf(b), contact);
+  return SatBox(AsPolygon(a), AsPolygon(b), contact) &&
+         BuildManifold(AsPolygon(a), AsPolygon(b), contact);
 }
 
 bool TestPolygonPolygon(const ColliderHolder& a, const ColliderHolder& b, ContactInfo* contact) {
-  if (PolygonOf(a).m_world_vertices.empty() || PolygonOf(b).m_world_vertices.empty()) return false;
-  return SatPolygon(PolygonOf(a), PolygonOf(b), contact) &&
-         BuildManifold(PolygonOf(a), PolygonOf(b), contact);
+  if (AsPolygon(a).m_world_vertices.empty() || AsPolygon(b).m_world_vertices.empty()) return false;
+  return SatPolygon(AsPolygon(a), AsPolygon(b), contact) &&
+         BuildManifold(AsPolygon(a), AsPolygon(b), contact);
 }
 
 bool TestCircleCircle(const ColliderHolder& a, const ColliderHolder& b, ContactInfo* contact) {
-  const CircleCollider& one = CircleOf(a);
-  const CircleCollider& other = CircleOf(b);
+  const CircleCollider& one = AsCircle(a);
+  const CircleCollider& other = AsCircle(b);
   const Vector3D between = one.m_center - other.m_center;
   const float distance2 = Dot(between, between);
   const float reach = one.m_radius + other.m_radius;
@@ -302,8 +302,8 @@ bool TestCircleCircle(const ColliderHolder& a, const ColliderHolder& b, ContactI
 }
 
 bool TestCirclePolygon(const ColliderHolder& a, const ColliderHolder& b, ContactInfo* contact) {
-  const CircleCollider& circle = CircleOf(a);
-  const std::vector<Vector3D>& vertices = PolygonOf(b).m_world_vertices;
+  const CircleCollider& circle = AsCircle(a);
+  const std::vector<Vector3D>& vertices = AsPolygon(b).m_world_vertices;
   if (vertices.empty()) return false;
   const Vector3D& c = circle.m_center;
   const float r = circle.m_radius;

@@ -35,7 +35,7 @@ struct BoxOutline {
 };
 
 /// The outline of a box that has at least four vertices.
-BoxOutline OutlineOf(const PolygonCollider& box);
+BoxOutline Outline(const PolygonCollider& box);
 /// True if a line along an edge separates two boxes; touching boxes are not apart. The order of the
 /// two does not matter.
 bool AreApart(const BoxOutline& a, const BoxOutline& b);

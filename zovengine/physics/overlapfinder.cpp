@@ -14,12 +14,12 @@ constexpr float kSlack = 1.001f;
 
 constexpr std::uint32_t kNotFiled = ~std::uint32_t{0};  ///< the cell of an object that is not small
 
-float ExtentOf(const Bounds& b) {
+float Extent(const Bounds& b) {
   return std::max(b.max_x - b.min_x, b.max_y - b.min_y);
 }
 
 /// The cell of a coordinate, those outside the grid counted to its border.
-int CellOf(float offset, float per_unit, int count) {
+int NearestCell(float offset, float per_unit, int count) {
   const float cell = offset * per_unit;
   const float last = static_cast<float>(count - 1);
   const float not_below = cell > 0.0f ? cell : 0.0f;
@@ -43,14 +43,14 @@ void OverlapFinder::ChooseGrid(const std::vector<Bounds>& bounds) {
   // No object counts for more than the field, so that one of infinite size does not spoil the grid.
   float sum = 0.0f;
   for (const Bounds& b : bounds) {
-    const float extent = b.IsRegular() ? ExtentOf(b) : 0.0f;
+    const float extent = b.IsRegular() ? Extent(b) : 0.0f;
     sum += extent < QuadTree::kWidth ? extent : QuadTree::kWidth;
   }
   const float mean = bounds.empty() ? 0.0f : sum / static_cast<float>(bounds.size());
   const float largest_small = mean * kSmallPerMean;
   float side = kSmallestCell;
   for (const Bounds& b : bounds) {
-    const float extent = ExtentOf(b);
+    const float extent = Extent(b);
     if (extent <= largest_small && extent > side) side = extent;
   }
   m_grid.side = side;
@@ -60,11 +60,11 @@ void OverlapFinder::ChooseGrid(const std::vector<Bounds>& bounds) {
 }
 
 int OverlapFinder::Grid::Column(float x) const {
-  return CellOf(x - QuadTree::kMinX, per_unit, columns);
+  return NearestCell(x - QuadTree::kMinX, per_unit, columns);
 }
 
 int OverlapFinder::Grid::Row(float y) const {
-  return CellOf(y - QuadTree::kMinY, per_unit, rows);
+  return NearestCell(y - QuadTree::kMinY, per_unit, rows);
 }
 
 /// Finds the cell of each small object and counts the objects of each cell.
@@ -79,7 +79,7 @@ void OverlapFinder::CountCells(const std::vector<Bounds>& bounds) {
     std::uint32_t cell = kNotFiled;
     if (!b.IsRegular()) {
       m_irregular.push_back(i);
-    } else if (!(ExtentOf(b) <= grid.side)) {
+    } else if (!(Extent(b) <= grid.side)) {
       m_large.push_back(i);
     } else {
       cell = grid.Cell(grid.Row(b.min_y), grid.Column(b.min_x));

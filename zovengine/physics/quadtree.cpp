@@ -9,7 +9,7 @@ namespace ZOVEngine {
 const std::array<std::uint8_t, QuadTree::kNodes> QuadTree::kLevels = [] {
   std::array<std::uint8_t, kNodes> levels{};
   for (int level = 0; level <= kMaxLevels; ++level) {
-    for (std::size_t i = FirstNodeOfLevel(level); i < FirstNodeOfLevel(level + 1); ++i) {
+    for (std::size_t i = FirstNode(level); i < FirstNode(level + 1); ++i) {
       levels[i] = static_cast<std::uint8_t>(level);
     }
   }
@@ -20,7 +20,7 @@ const std::array<QuadTree::Leaves, QuadTree::kNodes> QuadTree::kLeaves = [] {
   std::array<Leaves, kNodes> leaves{};
   for (std::size_t node = 0; node < kNodes; ++node) {
     const int below = 2 * (kMaxLevels - kLevels[node]);
-    const std::size_t place = node - FirstNodeOfLevel(kLevels[node]);
+    const std::size_t place = node - FirstNode(kLevels[node]);
     leaves[node] = {static_cast<std::uint16_t>(place << below),
                     static_cast<std::uint16_t>((place + 1) << below)};
   }
@@ -74,7 +74,7 @@ constexpr Lanes kLastBorder = {kCells - 1, kCells - 1, kCells - 1, kCells - 1};
 
 /// The cells of both corners. That of the low corner is the number of inner borders below it, that
 /// of the high one the number of inner borders below it or at it.
-LaneMask CellsOf(const Bounds& b) {
+LaneMask CornerCells(const Bounds& b) {
   const Lanes corners = {b.min_x, b.min_y, b.max_x, b.max_y};
   const Lanes at = Lesser(kLastBorder, Greater(kFirstBorder, (corners - kField) * kPerCell));
   // The last border that the corner can be beyond, and whether it is.
@@ -107,15 +107,15 @@ constexpr auto kStops = [] {
   std::array<Stop, kCells> stops{};
   for (unsigned differing = 0; differing < kCells; ++differing) {
     const auto levels_left = static_cast<int>(std::bit_width(differing));
-    stops[differing] = {FirstNodeOfLevel(QuadTree::kMaxLevels - levels_left),
+    stops[differing] = {FirstNode(QuadTree::kMaxLevels - levels_left),
                         static_cast<std::uint16_t>(2 * levels_left)};
   }
   return stops;
 }();
 
 /// The deepest node of bounds with the low corner below the high one.
-std::uint16_t DeepestOfRegular(const Bounds& b) {
-  const LaneMask cells = CellsOf(b);
+std::uint16_t DeepestRegularNode(const Bounds& b) {
+  const LaneMask cells = CornerCells(b);
   const auto low_x = static_cast<unsigned>(cells[0]);
   const auto low_y = static_cast<unsigned>(cells[1]);
   const auto high_x = static_cast<unsigned>(cells[2]);
@@ -128,7 +128,7 @@ std::uint16_t DeepestOfRegular(const Bounds& b) {
 }
 
 /// The deepest node of any bounds, level by level.
-std::uint16_t DeepestByLevels(const Bounds& b) {
+std::uint16_t DeepestNodeByLevels(const Bounds& b) {
   Cell cell;
   std::uint16_t node = 0;
   for (int level = 0; level < QuadTree::kMaxLevels; ++level) {
@@ -143,7 +143,7 @@ std::uint16_t DeepestByLevels(const Bounds& b) {
 }  // namespace
 
 std::uint16_t QuadTree::DeepestNode(const Bounds& bounds) {
-  return bounds.IsRegular() ? DeepestOfRegular(bounds) : DeepestByLevels(bounds);
+  return bounds.IsRegular() ? DeepestRegularNode(bounds) : DeepestNodeByLevels(bounds);
 }
 
 void QuadTree::Build(const std::vector<Bounds>& bounds) {
@@ -160,7 +160,7 @@ void QuadTree::Build(const std::vector<Bounds>& bounds) {
 /// From the counts of the deepest nodes: which nodes split, and for each node that could be, which
 /// existing one holds its objects.
 void QuadTree::Split() {
-  constexpr std::size_t kParents = FirstNodeOfLevel(kMaxLevels);
+  constexpr std::size_t kParents = FirstNode(kMaxLevels);
   for (std::size_t node = kParents; node-- > 0;) {
     const std::int32_t* const children = &m_counts[4 * node + 1];
     m_counts[node] += children[0] + children[1] + children[2] + children[3];

@@ -26,11 +26,12 @@ struct Bounds {
 };
 
 /// The number of nodes above a level of a full tree of fours, which is the level's first node.
-constexpr std::uint16_t FirstNodeOfLevel(int level) {
+constexpr std::uint16_t FirstNode(int level) {
   return static_cast<std::uint16_t>(((1 << (2 * level)) - 1) / 3);
 }
 
-/// The tree over the visible field that decides which pairs meet, in which order, and who is A.
+/// The tree over the visible field that decides which pairs of shapes are tested, in which order,
+/// and which shape of a pair is A.
 ///
 /// A node of more than kMaxObjects objects splits into four, down to level kMaxLevels; an object
 /// that straddles a midline stays where it straddles. Objects outside the field go through the same
@@ -51,9 +52,9 @@ class QuadTree {
   /// The node in which `bounds` would stand if all nodes had children.
   static std::uint16_t DeepestNode(const Bounds& bounds);
   /// The node that holds object `i` of the last Build.
-  std::uint16_t NodeOf(std::size_t i) const { return m_nodes[i]; }
+  std::uint16_t Node(std::size_t i) const { return m_nodes[i]; }
   /// The level of a node, the root's being 0.
-  static int LevelOf(std::uint16_t node) { return kLevels[node]; }
+  static int Level(std::uint16_t node) { return kLevels[node]; }
   /// True if `upper` is `node` itself or on its path to the root.
   static bool IsOnPath(std::uint16_t upper, std::uint16_t node) {
     // Without branches: a processor could not predict them for neighbours.
@@ -68,7 +69,7 @@ class QuadTree {
       const std::function<void(const Vector3D& min, const Vector3D& max)>& visit) const;
 
  private:
-  static constexpr std::size_t kNodes = FirstNodeOfLevel(kMaxLevels + 1);
+  static constexpr std::size_t kNodes = FirstNode(kMaxLevels + 1);
   /// The range of nodes of the deepest level below a node, counted from that level's first.
   struct Leaves {
     std::uint16_t first, end;
