@@ -3,6 +3,7 @@
 
 #include <cmath>
 #include <memory>
+#include <random>
 
 #include "gameobj.h"
 #include "physics/components/colliderholder.h"
@@ -509,6 +510,56 @@ TEST(ClipSegment, KeepsWhatLiesOnTheSideOfTheNormal) {
   EXPECT_EQ(lower[1], Vector3D(1, 2, 1));
   EXPECT_EQ(ClipSegment(p1, p2, x, 4).size(), 1u) << "only an end touches";
   EXPECT_EQ(ClipSegment(p1, p2, x, 5).size(), 0u);
+}
+
+// Separating lines
+
+const PolygonCollider& OutlineShape(const ColliderHolder& holder) {
+  return dynamic_cast<const PolygonCollider&>(*holder.m_collider);
+}
+
+bool AreBoxesApart(const ColliderHolder& a, const ColliderHolder& b) {
+  return AreApart(Outline(OutlineShape(a)), Outline(OutlineShape(b)));
+}
+
+TEST(AreApart, TouchingBoxesAreNot) {
+  const Shape box = Shape::Box(0, 0, 2, 2);
+  EXPECT_FALSE(AreBoxesApart(box, Shape::Box(2, 0, 2, 2)));
+  EXPECT_FALSE(AreBoxesApart(box, Shape::Box(2, 2, 2, 2)));
+  EXPECT_TRUE(AreBoxesApart(box, Shape::Box(2.01f, 0, 2, 2)));
+}
+
+TEST(AreApart, ALineBetweenTurnedBoxesSeparatesThemThoughTheirBoundsOverlap) {
+  const Shape diamond = Shape::Box(0, 0, 2, 2, 45);
+  EXPECT_TRUE(AreBoxesApart(diamond, Shape::Box(1.9f, 1.9f, 2, 2)));
+  EXPECT_TRUE(AreBoxesApart(Shape::Box(1.9f, 1.9f, 2, 2), diamond));
+}
+
+TEST(AreApart, RandomBoxesAreApartWhereTheContactTestFindsNoOverlapInEitherOrder) {
+  std::mt19937 random(11);
+  const auto between = [&random](float low, float high) {
+    return low + (high - low) * static_cast<float>(random() % 10001) / 10000.0f;
+  };
+  const auto random_box = [&between] {
+    const float x = between(-3, 3);
+    const float y = between(-3, 3);
+    const float width = between(0, 4);
+    const float height = between(0, 4);
+    return Shape::Box(x, y, width, height, between(-180, 180));
+  };
+  int apart = 0;
+  constexpr int kPairs = 2000;
+  for (int pair = 0; pair < kPairs; ++pair) {
+    const Shape a = random_box();
+    const Shape b = random_box();
+    ContactInfo contact;
+    const bool overlap = SatBox(OutlineShape(a), OutlineShape(b), &contact);
+    ASSERT_EQ(AreBoxesApart(a, b), !overlap) << pair;
+    ASSERT_EQ(AreBoxesApart(b, a), !overlap) << pair;
+    apart += overlap ? 0 : 1;
+  }
+  EXPECT_GT(apart, kPairs / 5);
+  EXPECT_LT(apart, kPairs * 4 / 5);
 }
 
 }  // namespace
