@@ -27,11 +27,11 @@ class PhysicsBreakage : public PhysicsFixture {
     right = Add({.name = "right", .at = Vector3D(301, 300, 1), .shape = "Circle"});
   }
   void ExpectWitnessesMeet() {
-    PositionOf(left) = Vector3D(300, 300, 1);
+    LocalPosition(left) = Vector3D(300, 300, 1);
     ContactListener::calls.clear();
     world.Step();
     EXPECT_THAT(ContactListener::calls, Contains("left Stay"));
-    EXPECT_EQ(PositionOf(left), Vector3D(299, 300, 1)) << "pushed out by the depth of 1";
+    EXPECT_EQ(LocalPosition(left), Vector3D(299, 300, 1)) << "pushed out by the depth of 1";
   }
   GameObj* AddOdd(const std::string& shape, const std::string& vertices = {}) {
     return Add({.name = "odd", .body = Mover(5, 5), .shape = shape, .vertices = vertices});
@@ -60,8 +60,8 @@ TEST_F(PhysicsBreakage, PlacesAndAnglesThatAreNoNumbersOrTooLarge) {
   const float infinite = std::numeric_limits<float>::infinity();
   for (const float value : {nan, infinite, -infinite, 3e38f, -3e38f, 0.0f, -10.0f, 1e-40f}) {
     for (const char* shape : {"Box", "Circle"}) {
-      PositionOf(AddOdd(shape)).x = value;
-      PositionOf(AddOdd(shape)).y = value;
+      LocalPosition(AddOdd(shape)).x = value;
+      LocalPosition(AddOdd(shape)).y = value;
       Of<Transform>(AddOdd(shape)).m_local_rotate = value;
     }
   }
@@ -89,18 +89,18 @@ TEST_F(PhysicsBreakage, SizesBeyondTheWorldTouchEverybody) {
   }
   world.Step(5);
   EXPECT_EQ(spy->messages, 5);
-  EXPECT_EQ(PositionOf(right), Vector3D(301, 300, 1)) << "what has no body stays";
+  EXPECT_EQ(LocalPosition(right), Vector3D(301, 300, 1)) << "what has no body stays";
 }
 
 TEST_F(PhysicsBreakage, VelocitiesForcesAndMassesThatAreNoNumbersOrTooLarge) {
   AddWitnesses();
   const float nan = std::numeric_limits<float>::quiet_NaN();
   for (const float value : {nan, 3e38f, -3e38f}) {
-    BodyOf(AddOdd("Circle")).m_vel.x = value;
-    BodyOf(AddOdd("Circle")).m_rot_vel = value;
-    BodyOf(AddOdd("Box")).m_inv_mass = value;
-    BodyOf(AddOdd("Box")).m_drag = value;
-    BodyOf(AddOdd("Box")).m_angular_drag = value;
+    GetBody(AddOdd("Circle")).m_vel.x = value;
+    GetBody(AddOdd("Circle")).m_rot_vel = value;
+    GetBody(AddOdd("Box")).m_inv_mass = value;
+    GetBody(AddOdd("Box")).m_drag = value;
+    GetBody(AddOdd("Box")).m_angular_drag = value;
     const std::uint32_t id = AddOdd("Circle")->id;
     world.Send(AddForceToObject(id, Vector3D(value, 1, 0), value, value));
     world.Send(AddTorqueToObject(id, value, 1.0f));

@@ -154,7 +154,7 @@ class PairingTest : public PhysicsFixture {
     world.Step();
     return Pairs();
   }
-  /// Static boxes far from each other in the lower left of the field, which meet nobody.
+  /// Static boxes far from each other in the lower left of the field, which touch nothing.
   void AddBystanders(int count) {
     for (int i = 0; i < count; ++i) {
       Add({.name = "x", .at = Vector3D(-900.0f + 70.0f * static_cast<float>(i), -500, 1)});
@@ -192,7 +192,7 @@ TEST_F(PairingTest, APairIsReportedOnceThoughItIsFoundFromBothEnds) {
   EXPECT_THAT(StepPairs(), ElementsAre("a-b", "a-c", "b-c"));
 }
 
-TEST_F(PairingTest, EveryStepBroadcastsOneMessageThoughNobodyMeets) {
+TEST_F(PairingTest, EveryStepBroadcastsOneMessageEvenWithoutContacts) {
   world.Step();
   EXPECT_EQ(spy->messages, 1);
   EXPECT_THAT(spy->contacts, IsEmpty());
@@ -208,7 +208,7 @@ TEST_F(PairingTest, CategoriesMeetWhenTheirMasksShareABit) {
   ColliderHolder& other = Of<ColliderHolder>(world.Find("b"));
   for (const auto& [category, count] :
        {std::pair{"Three", 1u}, std::pair{"None", 0u}, std::pair{"One", 1u}}) {
-    PositionOf(world.Find("a")) = Vector3D(0, 0, 1);
+    LocalPosition(world.Find("a")) = Vector3D(0, 0, 1);
     other.bitmask_category = category;
     EXPECT_EQ(StepPairs().size(), count) << category;
   }
@@ -218,11 +218,11 @@ TEST_F(PairingTest, AMaskThatChangesCountsFromTheNextStep) {
   AddTwo(Mover());
   EXPECT_EQ(StepPairs().size(), 1u);
   g_collider_system->m_masks["Default"] = 0;
-  PositionOf(world.Find("a")) = Vector3D(0, 0, 1);
+  LocalPosition(world.Find("a")) = Vector3D(0, 0, 1);
   EXPECT_THAT(StepPairs(), IsEmpty());
 }
 
-TEST_F(PairingTest, AnUnknownCategoryMeetsNobodyAndIsWrittenWithTheMask0) {
+TEST_F(PairingTest, AnUnknownCategoryTouchesNothingAndIsWrittenWithTheMask0) {
   AddTwo(Mover(), "Stranger");
   EXPECT_THAT(StepPairs(), IsEmpty());
   ASSERT_EQ(g_collider_system->m_masks.count("Stranger"), 1u);
@@ -302,8 +302,8 @@ TEST_F(PairingTest, CheckCollisionChoosesTheTestByTheTwoKinds) {
     ASSERT_THAT(Pairs(), ElementsAre("a-b")) << kinds.a << kinds.b;
     EXPECT_EQ(spy->contacts[0].penetration, kinds.depth) << kinds.a << kinds.b;
     EXPECT_EQ(spy->contacts[0].normal, Vector3D(-1, 0, 0)) << kinds.a << kinds.b;
-    EXPECT_EQ(PositionOf(a), Vector3D(-0.5f, 0, 1));
-    EXPECT_EQ(PositionOf(b), Vector3D(1.5f, 0, 1));
+    EXPECT_EQ(LocalPosition(a), Vector3D(-0.5f, 0, 1));
+    EXPECT_EQ(LocalPosition(b), Vector3D(1.5f, 0, 1));
     g_game_obj_factory->ClearObjects();
   }
 }
@@ -360,7 +360,7 @@ TEST_F(PairingTest, ShapesFollowTheirWorldTransforms) {
   Add({.name = "a", .body = Mover()});
   GameObj* b = Add({.name = "b", .at = Vector3D(50, 0, 1)});
   EXPECT_THAT(StepPairs(), IsEmpty());
-  PositionOf(b) = Vector3D(1.5f, 0, 1);
+  LocalPosition(b) = Vector3D(1.5f, 0, 1);
   EXPECT_THAT(StepPairs(), ElementsAre("a-b"));
 }
 
@@ -551,8 +551,8 @@ TEST_F(PairingTest, APairThatMissesOneWayIsTriedTheOtherWay) {
   ASSERT_EQ(spy->contacts[0].contactPoints.size(), 2u);
   EXPECT_EQ(spy->contacts[0].contactPoints[0], Vector3D(1, 0, 1));
   EXPECT_FLOAT_EQ(spy->contacts[0].contactPoints[1].x, 13.0f / 7.0f);
-  EXPECT_EQ(PositionOf(triangle), Vector3D(0.5f, -5, 1));
-  EXPECT_EQ(PositionOf(square), Vector3D(-0.5f, 0, 1));
+  EXPECT_EQ(LocalPosition(triangle), Vector3D(0.5f, -5, 1));
+  EXPECT_EQ(LocalPosition(square), Vector3D(-0.5f, 0, 1));
 }
 
 // Besides

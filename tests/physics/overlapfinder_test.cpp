@@ -44,7 +44,7 @@ class Scenes {
     const float y = Between(-reach_y, reach_y);
     return {x, y, x + Between(0, largest), y + Between(0, largest)};
   }
-  /// Several ranges of sizes and places, among them such that lie outside the field.
+  /// Several ranges of sizes and places, some of them outside the field.
   std::vector<Bounds> Scene(int number) {
     std::vector<Bounds> bounds;
     const int count = 2 + static_cast<int>(m_random() % 200);

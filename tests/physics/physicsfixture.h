@@ -17,7 +17,7 @@
 
 namespace carapace_test {
 
-/// A logic component that writes down who was told of which contact, as "name Enter".
+/// A logic component that records each call about a contact, as "name Enter".
 class ContactListener final : public ZOVEngine::EmptyLogicComponent {
   RTTR_ENABLE(ZOVEngine::EmptyLogicComponent)
 
@@ -117,10 +117,10 @@ class PhysicsFixture : public ::testing::Test {
   static T& Of(ZOVEngine::GameObj* object) {
     return *object->GetComponent<T>();
   }
-  static ZOVEngine::RigidBody& BodyOf(ZOVEngine::GameObj* object) {
+  static ZOVEngine::RigidBody& GetBody(ZOVEngine::GameObj* object) {
     return Of<ZOVEngine::RigidBody>(object);
   }
-  static ZOVEngine::Vector3D& PositionOf(ZOVEngine::GameObj* object) {
+  static ZOVEngine::Vector3D& LocalPosition(ZOVEngine::GameObj* object) {
     return Of<ZOVEngine::Transform>(object).m_local_pos;
   }
 

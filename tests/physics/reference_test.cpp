@@ -25,7 +25,7 @@ using namespace ZOVEngine;
 
 /// The first difference between the engine and the plain reading, in words.
 ///
-/// Positive and negative zero count as equal, and so do two values that are no numbers.
+/// Positive and negative zero count as equal, and so do two values that are not numbers.
 class Difference {
  public:
   void Enter(const char* list, std::size_t index = 0) {
