@@ -139,10 +139,7 @@ void CarryAlong(Transform* t, const Transform& a) {
 
 }  // namespace
 
-void Transform::DeriveWorld() {
-  m_world_pos = m_local_pos;
-  m_world_rotate = m_local_rotate;
-  m_world_scale = m_local_scale;
+void Transform::FollowAncestors() {
   for (GameObj* ancestor = m_owner->parent; ancestor != nullptr; ancestor = ancestor->parent) {
     const Transform* a = FindTransform(ancestor);
     if (a == nullptr) continue;

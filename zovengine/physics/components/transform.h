@@ -2,6 +2,7 @@
 
 #include "core/base/matrix4x4.h"
 #include "core/base/vector3d.h"
+#include "gameobj.h"
 #include "objects/gamecomponentbase.h"
 
 namespace ZOVEngine {
@@ -36,7 +37,13 @@ class Transform final : public GameComponentBase {
   /// becomes 1 + pivot.z, deliberately whatever it was; the rotation is not wrapped.
   void RotateAround(Vector3D pivot, float degrees);
   /// Derives the world set from the local values of this object and its ancestors.
-  void DeriveWorld();
+  void DeriveWorld() {
+    m_world_pos = m_local_pos;
+    m_world_rotate = m_local_rotate;
+    m_world_scale = m_local_scale;
+    // Inline up to here: most objects have no parent, and each is derived twice a step.
+    if (m_owner->parent != nullptr) FollowAncestors();
+  }
 
   Vector3D m_local_pos{0.0f, 0.0f, 1.0f};
   Vector3D m_local_scale{1.0f, 1.0f, 1.0f};
@@ -48,6 +55,9 @@ class Transform final : public GameComponentBase {
   float m_world_rotate = 0.0f;       ///< (unit: degrees)
   bool CanBeDragged = false;         ///< for the editor; not persisted
   bool m_rotate_with_parent = true;  ///< the parent's rotation moves and turns this object
+
+ private:
+  void FollowAncestors();
 };
 
 }  // namespace ZOVEngine
