@@ -5,6 +5,8 @@
 #include <tuple>
 
 #include "core/engine.h"
+#include "game/componentkinds.h"
+#include "game/shots/shot.h"
 #include "game/turns/gamecontroller.h"
 #include "physics/components/rigidbody.h"
 #include "render/components/particle.h"
@@ -21,8 +23,10 @@ using ZOVEngine::GameController;
 using ZOVEngine::GameObj;
 
 constexpr int kStandstill = 60 * 60;  ///< (unit: steps)
+/// As long as a range of 3000 lasts at 3 units a second (unit: steps).
+constexpr int kLongestFlight = 3000 * 60 / 3;
 constexpr int kRounds = 8;
-constexpr int kMostSteps = 60000;
+constexpr int kMostSteps = 120000;
 
 /// A number from the environment, or what every run takes.
 int Setting(const char* name, int usual) {
@@ -39,6 +43,18 @@ auto TurnMark(const GameController& controller) {
 /// the engine is paused.
 bool MayStandStill(const GameController& controller) {
   return controller.m_state >= ZOVEngine::TURN_PLAYER_MOVE || ZOVEngine::g_engine->paused;
+}
+
+/// True while a shot is in the air. One that rebounds from loose bodies grows slow, and the turn
+/// waits until its range is out.
+bool IsShotFlying(const GameController& controller) {
+  for (const auto* body : controller.m_rigid_bodies->Components()) {
+    if (body->m_active && body->m_vel.Length() >= 3.0f &&
+        ZOVEngine::HasKind<ZOVEngine::Shot>(*body->m_owner)) {
+      return true;
+    }
+  }
+  return false;
 }
 
 std::string Describe(const GameController& controller) {
@@ -62,11 +78,15 @@ std::string PlayBoard(std::uint32_t seed) {
   const GameController& controller = *AutoPlayer::Controller();
   auto mark = TurnMark(controller);
   int still = 0;
+  int flight = 0;
   for (int step = 0; step < kMostSteps && controller.m_round < kRounds && player.Step(); ++step) {
     if (MayStandStill(controller)) continue;
-    still = TurnMark(controller) == mark ? still + 1 : 0;
+    if (TurnMark(controller) != mark) still = flight = 0;
     mark = TurnMark(controller);
-    if (still == kStandstill) return Describe(controller);
+    const bool flying = IsShotFlying(controller);
+    flight += flying ? 1 : 0;
+    still = flying ? 0 : still + 1;
+    if (still == kStandstill || flight == kLongestFlight) return Describe(controller);
   }
   return "";
 }
