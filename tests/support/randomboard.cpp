@@ -33,15 +33,16 @@ struct Point {
   float x, y;
 };
 
-/// How far the pushes of a turn carry an enemy, its arrival included. Each waypoint that it reaches
-/// gives it all of them anew, so a patrol needs a leg that is longer, or its turn has no end.
+/// How far the pushes of a turn carry an enemy, the arrival at both ends included: it counts as at
+/// a waypoint from the arrival distance on and sets off from there. Each waypoint that it reaches
+/// gives it all pushes anew, so a patrol needs a leg that is longer, or its turn has no end.
 float ReachOfTurn(const Json& piece) {
   const Json& enemy = piece["Enemy"];
   const Json& body = piece["RigidBody"];
   const float pushes = std::ceil(enemy["m_move_limit"].GetFloat() * 60.0f);
   const float resistance = body["m_mass"].GetFloat() * body["m_drag"].GetFloat();
   return pushes * enemy["m_move_speed"].GetFloat() * 100.0f / resistance +
-         enemy["m_snap_range"].GetFloat();
+         2.0f * enemy["m_snap_range"].GetFloat();
 }
 
 float Distance(const Point& a, const Point& b) {
