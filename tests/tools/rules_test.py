@@ -162,16 +162,16 @@ class Rules(unittest.TestCase):
         self.assert_only_fault("level/enemy1 has neighbouring waypoints within 60 units, its arrival distance")
 
     def test_an_enemy_that_reaches_each_waypoint_within_its_pushes(self):
-        # A push carries it 90 units, and it arrives 60 units before a point.
-        self.enemy["Enemy"]["m_waypoints"] = [[660, 275, 1], [660, 120, 1]]
+        # A push carries it nearly 90 units. It arrives 60 units before a point, and sets off from as far behind one.
+        self.enemy["Enemy"]["m_waypoints"] = [[660, 330, 1], [660, 120, 1]]
         self.assertEqual(self.faults(), [])
-        self.enemy["Enemy"]["m_waypoints"] = [[660, 265, 1], [660, 120, 1]]
+        self.enemy["Enemy"]["m_waypoints"] = [[660, 329, 1], [660, 120, 1]]
         self.assert_only_fault("level/enemy1 reaches each next waypoint before its pushes are spent, and its move would never end")
         self.enemy["Enemy"].update(m_waypoints=[[660, 360, 1], [660, 120, 1]], m_move_limit=2 / 60 - 0.005)
         self.assert_only_fault("level/enemy1 reaches each next waypoint before its pushes are spent, and its move would never end")
 
     def test_one_long_leg_ends_the_move(self):
-        self.enemy["Enemy"]["m_waypoints"] = [[660, 360, 1], [660, 270, 1], [660, 100, 1]]
+        self.enemy["Enemy"]["m_waypoints"] = [[660, 360, 1], [660, 270, 1], [660, 50, 1]]
         self.assertEqual(self.faults(), [])
 
     def test_an_image_without_its_place_or_geometry(self):

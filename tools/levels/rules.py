@@ -36,12 +36,12 @@ def is_unit(own):
 
 
 def push_length(own):
-    """How far one push carries an enemy until drag has stopped it; in truth 1 or 2 units less."""
+    """How far one push carries an enemy until drag has stopped it, less the 1 unit that it never gets to go."""
     body = own.get("RigidBody", {"m_mass": 0, "m_drag": 0})
     resistance = body["m_mass"] * body["m_drag"]
     if resistance <= 0:
         return 0
-    return own["Enemy"]["m_move_speed"] * FORCE_PER_SPEED / resistance * (1 - body["m_drag"] / STEPS_A_SECOND)
+    return own["Enemy"]["m_move_speed"] * FORCE_PER_SPEED / resistance * (1 - body["m_drag"] / STEPS_A_SECOND) - 1
 
 
 def patrols(own):
@@ -58,7 +58,8 @@ def patrols(own):
         yield f"has neighbouring waypoints within {snap:g} units, its arrival distance"
     elif legs:
         pushes = math.ceil(own["Enemy"]["m_move_limit"] * STEPS_A_SECOND)
-        if pushes > 0 and max(legs) - pushes * push_length(own) < snap:
+        # It counts as at a point from the arrival distance on, and sets off from there.
+        if pushes > 0 and max(legs) - pushes * push_length(own) < 2 * snap:
             yield f"reaches each next waypoint before its pushes are spent, and its move would never end"
 
 
