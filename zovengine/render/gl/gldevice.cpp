@@ -77,8 +77,10 @@ class RealGLDevice final : public GLDevice {
  private:
   bool PicksByNumber() const;
   void CreateSpriteArray();
+  void CreateCornerArray();
   void CreateInstanceArray();
-  void PointAtVertices();
+  template <class Vertex>
+  void PointAtVertices(GLuint buffer);
   void PointAtInstances(std::uint32_t first);
   void Upload(GLuint buffer, std::size_t bytes, const void* data);
   void MakeMipmaps(GLuint texture);
@@ -103,8 +105,8 @@ class RealGLDevice final : public GLDevice {
   std::uint64_t m_frame_number = 0;
   std::vector<float> m_packed_lights;
   bool m_ready = false;
-  GLuint m_sprite_array = 0, m_instance_array = 0;
-  GLuint m_vertex_buffer = 0, m_index_buffer = 0, m_instance_buffer = 0;
+  GLuint m_sprite_array = 0, m_corner_array = 0, m_instance_array = 0;
+  GLuint m_vertex_buffer = 0, m_corner_buffer = 0, m_index_buffer = 0, m_instance_buffer = 0;
   std::uint32_t m_pointed_instance = 0;
 };
 
@@ -147,9 +149,10 @@ void RealGLDevice::CreateResources(const Matrix4x4& projection) {
   Release();
   m_projection = projection;
   ++m_projection_number;
-  GLuint* buffers[] = {&m_vertex_buffer, &m_index_buffer, &m_instance_buffer};
+  GLuint* buffers[] = {&m_vertex_buffer, &m_corner_buffer, &m_index_buffer, &m_instance_buffer};
   for (GLuint* buffer : buffers) glGenBuffers(1, buffer);
   CreateSpriteArray();
+  CreateCornerArray();
   CreateInstanceArray();
   glPixelStorei(GL_UNPACK_ALIGNMENT, 1);
   glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
@@ -207,10 +210,10 @@ void RealGLDevice::Release() {
   m_state.UseVertexArray(0);
   m_state.UseArrayBuffer(0);
   m_state.UseUploadBuffer(0);
-  const GLuint arrays[] = {m_sprite_array, m_instance_array};
-  const GLuint buffers[] = {m_vertex_buffer, m_instance_buffer, m_index_buffer};
-  glDeleteVertexArrays(2, arrays);
-  glDeleteBuffers(3, buffers);
+  const GLuint arrays[] = {m_sprite_array, m_corner_array, m_instance_array};
+  const GLuint buffers[] = {m_vertex_buffer, m_corner_buffer, m_instance_buffer, m_index_buffer};
+  glDeleteVertexArrays(3, arrays);
+  glDeleteBuffers(4, buffers);
 }
 
 bool RealGLDevice::PicksByNumber() const {
@@ -225,7 +228,7 @@ bool RealGLDevice::PicksByNumber() const {
 void RealGLDevice::CreateSpriteArray() {
   glGenVertexArrays(1, &m_sprite_array);
   m_state.UseVertexArray(m_sprite_array);
-  PointAtVertices();
+  PointAtVertices<StreamVertex>(m_vertex_buffer);
   const GLsizei stride = sizeof(StreamVertex);
   for (const GLuint attribute : {kTint, kUnit, kNear}) glEnableVertexAttribArray(attribute);
   glVertexAttribPointer(kTint, 4, GL_FLOAT, GL_FALSE, stride, Offset(offsetof(StreamVertex, tint)));
@@ -233,10 +236,19 @@ void RealGLDevice::CreateSpriteArray() {
   glVertexAttribIPointer(kNear, 2, GL_UNSIGNED_INT, stride, Offset(offsetof(StreamVertex, near)));
 }
 
+void RealGLDevice::CreateCornerArray() {
+  glGenVertexArrays(1, &m_corner_array);
+  m_state.UseVertexArray(m_corner_array);
+  PointAtVertices<CornerVertex>(m_corner_buffer);
+  glEnableVertexAttribArray(kNear);
+  glVertexAttribIPointer(kNear, 2, GL_UNSIGNED_INT, sizeof(CornerVertex),
+                         Offset(offsetof(CornerVertex, near)));
+}
+
 void RealGLDevice::CreateInstanceArray() {
   glGenVertexArrays(1, &m_instance_array);
   m_state.UseVertexArray(m_instance_array);
-  PointAtVertices();
+  PointAtVertices<StreamVertex>(m_vertex_buffer);
   for (const GLuint attribute : {kModel + 0u, kModel + 1u, kModel + 2u, kModel + 3u}) {
     glEnableVertexAttribArray(attribute);
     glVertexAttribDivisor(attribute, 1);
@@ -244,16 +256,18 @@ void RealGLDevice::CreateInstanceArray() {
   PointAtInstances(0);
 }
 
-/// Sets the index buffer, positions and texture coordinates of the array in use.
-void RealGLDevice::PointAtVertices() {
+/// Sets the index buffer, positions and texture coordinates of the array in use, which are those of
+/// the records of type Vertex in `buffer`.
+template <class Vertex>
+void RealGLDevice::PointAtVertices(GLuint buffer) {
   glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, m_index_buffer);
-  m_state.UseArrayBuffer(m_vertex_buffer);
+  m_state.UseArrayBuffer(buffer);
   glEnableVertexAttribArray(kPosition);
   glEnableVertexAttribArray(kUv);
-  const GLsizei stride = sizeof(StreamVertex);
+  const GLsizei stride = sizeof(Vertex);
   glVertexAttribPointer(kPosition, 3, GL_FLOAT, GL_FALSE, stride,
-                        Offset(offsetof(StreamVertex, position)));
-  glVertexAttribPointer(kUv, 2, GL_FLOAT, GL_FALSE, stride, Offset(offsetof(StreamVertex, uv)));
+                        Offset(offsetof(Vertex, position)));
+  glVertexAttribPointer(kUv, 2, GL_FLOAT, GL_FALSE, stride, Offset(offsetof(Vertex, uv)));
 }
 
 /// Points the instance array, which is in use, at the records from `first` on.
@@ -276,6 +290,7 @@ void RealGLDevice::Upload(GLuint buffer, std::size_t bytes, const void* data) {
 
 void RealGLDevice::UploadPlan() {
   Upload(m_vertex_buffer, m_planner.Vertices().Bytes(), m_planner.Vertices().Data());
+  Upload(m_corner_buffer, m_planner.Corners().Bytes(), m_planner.Corners().Data());
   Upload(m_index_buffer, m_planner.Indices().Bytes(), m_planner.Indices().Data());
   Upload(m_instance_buffer, m_planner.Instances().Bytes(), m_planner.Instances().Data());
 }
@@ -293,7 +308,7 @@ void RealGLDevice::Draw(const DrawRun& run, const Frame& frame) {
   const void* first = Offset(run.first_index * sizeof(std::uint32_t));
   m_state.CountDraw();
   if (run.instance_count == 0) {
-    m_state.UseVertexArray(m_sprite_array);
+    m_state.UseVertexArray(run.corners ? m_corner_array : m_sprite_array);
     glDrawElements(run.mode, count, GL_UNSIGNED_INT, first);
     return;
   }

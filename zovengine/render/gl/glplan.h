@@ -21,6 +21,14 @@ struct StreamVertex {
   std::uint32_t near[2];  ///< see NearLights
 };
 
+/// A corner of a particle as the streamed form of the instanced program takes it. Tint and texture
+/// unit are the same for all particles of a run.
+struct CornerVertex {
+  float position[3];  ///< in the world
+  float uv[2];
+  std::uint32_t near[2];  ///< see NearLights
+};
+
 /// A particle as the plain form of the instanced program takes it.
 struct InstanceRecord {
   float columns[16];  ///< of the model matrix
@@ -34,6 +42,7 @@ struct DrawRun {
   GLenum mode = GL_TRIANGLES;
   std::uint32_t first_index = 0;
   std::uint32_t index_count = 0;
+  bool corners = false;        ///< the indices count CornerVertex records
   std::size_t first_bind = 0;  ///< in the binds of TextureUnits
   std::size_t bind_count = 0;
   std::uint32_t first_instance = 0;

@@ -99,9 +99,8 @@ WorldBox Bounds(const Matrix4x4& model) {
   return {model.m[3] - wide, model.m[3] + wide, model.m[7] - high, model.m[7] + high};
 }
 
-/// Places a corner of the unit quad by `model`. The quad is flat, so its z plays no part; tint and
-/// texture unit stay unset, because instances share theirs.
-void PlaceCorner(const Matrix4x4& model, const StreamVertex& corner, StreamVertex* out) {
+/// Places a corner of the unit quad by `model`. The quad is flat, so its z plays no part.
+void PlaceCorner(const Matrix4x4& model, const StreamVertex& corner, CornerVertex* out) {
   const float x = corner.position[0];
   const float y = corner.position[1];
   for (int i = 0; i < 3; ++i) {
@@ -131,6 +130,7 @@ void FramePlanner::Reset(const Frame& frame, const Reaches& reaches) {
   m_units->StartFrame();
   m_runs.clear();
   m_vertices.Clear();
+  m_corners.Clear();
   m_indices.Clear();
   m_instances.Clear();
   m_run_open = m_streamed_run_open = false;
@@ -228,12 +228,13 @@ void FramePlanner::AddInstances(const DrawCommand& command) {
   if (!program) return AddPlainInstances(command);
   // Placed here and not by an instanced draw: a software rasteriser starts anew for each instance,
   // which costs it more than the instance's four corners do.
-  StreamVertex* vertices = m_vertices.Grab(std::size_t{4} * command.count);
-  const LightClass lights = PlaceInstances(command, vertices);
+  const auto first = static_cast<std::uint32_t>(m_corners.Size());
+  const LightClass lights = PlaceInstances(command, m_corners.Grab(std::size_t{4} * command.count));
   if (GLProgram* exact = Forms(Program::kInstance).Streamed(lights, true)) program = exact;
   OpenCommandRun(command, program, false, GL_TRIANGLES);
+  m_runs.back().corners = true;
   m_runs.back().unit = m_units->Take(command.texture);
-  for (std::uint32_t i = 0; i < command.count; ++i) AddQuadIndices(vertices + std::size_t{4} * i);
+  AddQuadIndices(first, command.count);
   CloseRun();
 }
 
@@ -249,7 +250,7 @@ void FramePlanner::AddPlainInstances(const DrawCommand& command) {
   m_runs.back().instance_count = command.count;
   StreamVertex* corners = m_vertices.Grab(4);
   UnitQuad(command.window, corners);
-  AddQuadIndices(corners);
+  AddQuadIndices(VertexNumber(corners));
   CloseRun();
 }
 
@@ -258,7 +259,7 @@ void FramePlanner::AddPlainQuad(const DrawCommand& command) {
   OpenPlainRun(command, GL_TRIANGLES);
   StreamVertex* corners = m_vertices.Grab(4);
   UnitQuad(command.window, corners);
-  AddQuadIndices(corners);
+  AddQuadIndices(VertexNumber(corners));
 }
 
 void FramePlanner::AddPlainMesh(const DrawCommand& command, GLenum mode,
@@ -289,7 +290,7 @@ void FramePlanner::FinishQuad(const DrawCommand& command, StreamVertex* corners)
   }
   OpenStreamedRun(key);
   SetUnit(corners, 4, TakeUnit(key, command.texture));
-  AddQuadIndices(corners);
+  AddQuadIndices(VertexNumber(corners));
 }
 
 void FramePlanner::FinishMesh(const DrawCommand& command, GLenum mode, StreamVertex* vertices,
@@ -321,7 +322,7 @@ void FramePlanner::AddCellsOfClass(const DrawCommand& command, const StreamVerte
     StreamVertex* vertices = m_vertices.Grab(4);
     std::copy_n(placed, 4, vertices);
     SetUnit(vertices, 4, TakeUnit(key, command.texture));
-    AddQuadIndices(vertices);
+    AddQuadIndices(VertexNumber(vertices));
   }
 }
 
@@ -336,21 +337,21 @@ void FramePlanner::AddGlyph(const GlyphQuad& glyph, const GlyphRectangle& rectan
     at[2] = glyph.z;
     SetTint(corners + i, colour);
   }
-  AddQuadIndices(corners);
+  AddQuadIndices(VertexNumber(corners));
 }
 
-LightClass FramePlanner::PlaceInstances(const DrawCommand& command, StreamVertex* vertices) {
+LightClass FramePlanner::PlaceInstances(const DrawCommand& command, CornerVertex* corners) {
   const LightField& lights = m_lights[static_cast<std::size_t>(Program::kInstance)];
   StreamVertex quad[4];
   UnitQuad(command.window, quad);
   LightClass most = LightClass::kNone;
-  for (std::uint32_t i = 0; i < command.count; ++i, vertices += 4) {
+  for (std::uint32_t i = 0; i < command.count; ++i, corners += 4) {
     const Matrix4x4& model = m_frame->instances[command.first + i];
     const NearLights near = lights.Near(Bounds(model));
     most = std::max(most, near.Class());
     for (int corner = 0; corner < 4; ++corner) {
-      PlaceCorner(model, quad[corner], &vertices[corner]);
-      std::copy_n(near.packed, 2, vertices[corner].near);
+      PlaceCorner(model, quad[corner], &corners[corner]);
+      std::copy_n(near.packed, 2, corners[corner].near);
     }
   }
   return most;
@@ -425,10 +426,11 @@ int FramePlanner::TakeUnit(const RunKey& key, GLuint texture) {
   return m_last_unit;
 }
 
-void FramePlanner::AddQuadIndices(const StreamVertex* first) {
-  const std::uint32_t base = VertexNumber(first);
-  std::uint32_t* indices = m_indices.Grab(6);
-  for (int i = 0; i < 6; ++i) indices[i] = base + kQuadPattern[i];
+void FramePlanner::AddQuadIndices(std::uint32_t first, std::uint32_t quads) {
+  std::uint32_t* indices = m_indices.Grab(std::size_t{6} * quads);
+  for (std::uint32_t quad = 0; quad < quads; ++quad, first += 4, indices += 6) {
+    for (int i = 0; i < 6; ++i) indices[i] = first + kQuadPattern[i];
+  }
 }
 
 void FramePlanner::AddIndices(const DrawCommand& command, std::uint32_t first_vertex) {

@@ -36,6 +36,7 @@ class FramePlanner {
 
   const std::vector<DrawRun>& Runs() const { return m_runs; }
   const Stream<StreamVertex>& Vertices() const { return m_vertices; }
+  const Stream<CornerVertex>& Corners() const { return m_corners; }
   const Stream<std::uint32_t>& Indices() const { return m_indices; }
   const Stream<InstanceRecord>& Instances() const { return m_instances; }
 
@@ -70,7 +71,7 @@ class FramePlanner {
                        const std::vector<LitCell>& cells, LightClass lights);
   void AddGlyph(const GlyphQuad& glyph, const GlyphRectangle& rectangle, const float colour[4]);
   void AddPlainInstances(const DrawCommand& command);
-  LightClass PlaceInstances(const DrawCommand& command, StreamVertex* vertices);
+  LightClass PlaceInstances(const DrawCommand& command, CornerVertex* corners);
 
   DrawRun& BeginRun(GLenum mode);
   void OpenStreamedRun(const RunKey& key);
@@ -80,7 +81,7 @@ class FramePlanner {
   void CloseRun();
   void ChooseForm(DrawRun* run);
   int TakeUnit(const RunKey& key, GLuint texture);
-  void AddQuadIndices(const StreamVertex* first);
+  void AddQuadIndices(std::uint32_t first, std::uint32_t quads = 1);
   void AddIndices(const DrawCommand& command, std::uint32_t first_vertex);
 
   bool StreamsSprites(Program program);
@@ -103,6 +104,7 @@ class FramePlanner {
   const DrawCommand* m_background = nullptr;
   std::vector<DrawRun> m_runs;
   Stream<StreamVertex> m_vertices;
+  Stream<CornerVertex> m_corners;
   Stream<std::uint32_t> m_indices;
   Stream<InstanceRecord> m_instances;
   RunKey m_key;

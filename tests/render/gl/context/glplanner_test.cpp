@@ -54,7 +54,11 @@ class FramePlannerTest : public testing::Test {
   const StreamVertex& VertexAt(std::size_t index) const {
     return m_planner.Vertices().Data()[m_planner.Indices().Data()[index]];
   }
-  void ExpectPosition(const StreamVertex& vertex, float x, float y, float z) {
+  const ZOVEngine::CornerVertex& CornerAt(std::size_t index) const {
+    return m_planner.Corners().Data()[m_planner.Indices().Data()[index]];
+  }
+  template <class Vertex>
+  void ExpectPosition(const Vertex& vertex, float x, float y, float z) {
     EXPECT_FLOAT_EQ(vertex.position[0], x);
     EXPECT_FLOAT_EQ(vertex.position[1], y);
     EXPECT_FLOAT_EQ(vertex.position[2], z);
@@ -311,7 +315,23 @@ TEST_F(FramePlannerTest, InstancesArePlacedInOneRunWithTheirSharedColour) {
   EXPECT_EQ(runs[0].index_count, 180u);
   EXPECT_EQ(runs[0].instance_count, 0u) << "placed here, not by an instanced draw";
   EXPECT_EQ(runs[0].command, frame.commands.data());
-  ExpectPosition(VertexAt(6 * 29), 292.0f, 4.0f, 0.0f);
+  EXPECT_TRUE(runs[0].corners);
+  EXPECT_EQ(m_planner.Vertices().Size(), 0u);
+  ExpectPosition(CornerAt(6 * 29), 292.0f, 4.0f, 0.0f);
+}
+
+TEST_F(FramePlannerTest, InstancesBetweenSpritesLeaveTheirVerticesToThem) {
+  Frame frame = InstancedFrame(3);
+  frame.commands.insert(frame.commands.begin(), QuadCommand(0, 0, 100, 100, 3));
+  frame.commands.push_back(frame.commands[1]);
+  frame.commands.push_back(QuadCommand(400, 0, 100, 100, 3));
+  const auto& runs = Plan(frame);
+  ASSERT_EQ(runs.size(), 4u);
+  EXPECT_EQ(m_planner.Vertices().Size(), 8u);
+  EXPECT_EQ(m_planner.Corners().Size(), 24u);
+  EXPECT_EQ(m_planner.Indices().Data()[runs[2].first_index],
+            12u + m_planner.Indices().Data()[runs[1].first_index]);
+  ExpectPosition(VertexAt(runs[3].first_index), 450.0f, 50.0f, 1.0f);
 }
 
 TEST_F(FramePlannerTest, TheInstanceWithTheMostLightsChoosesTheClassOfAll) {
@@ -320,8 +340,8 @@ TEST_F(FramePlannerTest, TheInstanceWithTheMostLightsChoosesTheClassOfAll) {
   const auto& runs = Plan(frame);
   ASSERT_EQ(runs.size(), 1u);
   EXPECT_EQ(runs[0].program, Set(Program::kInstance).Streamed(LightClass::kTwo, true));
-  EXPECT_EQ(VertexAt(0).near[0] & 255u, static_cast<std::uint32_t>(ZOVEngine::kMaxLights));
-  EXPECT_EQ(VertexAt(6 * 29).near[0] & 255u, 0u);
+  EXPECT_EQ(CornerAt(0).near[0] & 255u, static_cast<std::uint32_t>(ZOVEngine::kMaxLights));
+  EXPECT_EQ(CornerAt(6 * 29).near[0] & 255u, 0u);
 }
 
 TEST_F(FramePlannerTest, WithoutStreamedFormsInstancesAreOneInstancedDraw) {
