@@ -41,6 +41,7 @@ std::uint32_t GlyphAtlas::Add(GLState& state, int width, int height, const std::
     PlaceOnShelf(wide, high, &left, &top);
   }
   state.EditTexture(m_page);
+  glPixelStorei(GL_UNPACK_ALIGNMENT, 1);  // rows of single bytes
   glTexSubImage2D(GL_TEXTURE_2D, 0, left, top, wide, high, GL_RED, GL_UNSIGNED_BYTE,
                   WithBorder(width, height, coverage).data());
   const auto across = [this](int texel) {

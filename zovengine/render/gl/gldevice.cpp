@@ -189,7 +189,6 @@ void RealGLDevice::MakeMipmaps(GLuint texture) {
 }
 
 std::uint32_t RealGLDevice::UploadGlyph(int width, int height, const std::uint8_t* coverage) {
-  glPixelStorei(GL_UNPACK_ALIGNMENT, 1);
   return m_atlas.Add(m_state, width, height, coverage);
 }
 
