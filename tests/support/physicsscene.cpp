@@ -248,7 +248,7 @@ std::string Number(float value) {
 }
 
 std::string Vector(const Vector3D& v) {
-  return "[" + Number(v.x) + ", " + Number(v.y) + ", " + Number(v.z) + "]";
+  return std::string("[") + Number(v.x) + ", " + Number(v.y) + ", " + Number(v.z) + "]";
 }
 
 std::string TransformRecord(const PlainTransform& t) {
