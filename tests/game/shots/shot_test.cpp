@@ -41,7 +41,7 @@ using ::testing::ElementsAreArray;
 /// What is peculiar to a kind of shot. A kind without one does not link.
 struct Nature {
   const char* name;
-  WeaponLabel label;
+  WeaponLook look;
   std::vector<std::string> keys;
   std::vector<std::pair<const char*, const char*>> inspected;
   float max_range = 2000.0f;
@@ -68,7 +68,7 @@ Nature NatureOf();
 template <>
 Nature NatureOf<ProjectileDefault>() {
   return {.name = "ProjectileDefault",
-          .label = {"WeaponFloat_Basic", 2.32f},
+          .look = {"BASIC", "Gun_Basic", "WeaponFloat_Basic", 2.32f},
           .keys = kWoundingKeys,
           .inspected = kWoundingFields,
           .rebounds = true,
@@ -80,7 +80,7 @@ Nature NatureOf<ProjectileDefault>() {
 template <>
 Nature NatureOf<ProjectilePush>() {
   return {.name = "ProjectilePush",
-          .label = {"WeaponFloat_Push", 2.32f},
+          .look = {"PUSH", "Gun_Push", "WeaponFloat_Push", 2.32f},
           .keys = kWoundingKeys,
           .inspected = kWoundingFields,
           .crack_before = 1};
@@ -88,7 +88,7 @@ Nature NatureOf<ProjectilePush>() {
 template <>
 Nature NatureOf<ProjectilePierce>() {
   return {.name = "ProjectilePierce",
-          .label = {"WeaponFloat_Pierce", 3.104f},
+          .look = {"PIERCE", "Gun_Pierce", "WeaponFloat_Pierce", 3.104f},
           .keys = kWoundingKeys,
           .inspected = kWoundingFields,
           .ends_at_unit = false,
@@ -99,7 +99,7 @@ Nature NatureOf<ProjectilePierce>() {
 template <>
 Nature NatureOf<ProjectileBounce>() {
   return {.name = "ProjectileBounce",
-          .label = {"WeaponFloat_Bounce", 3.104f},
+          .look = {"BOUNCE", "Gun_Bounce", "WeaponFloat_Bounce", 3.104f},
           .keys = {"m_max_range", "m_curr_range", "m_speed", "m_min_damage", "m_max_damage"},
           .inspected = {{"m_max_range", "Max Range"},
                         {"m_speed", "Speed"},
@@ -112,7 +112,7 @@ Nature NatureOf<ProjectileBounce>() {
 template <>
 Nature NatureOf<ProjectileSwap>() {
   return {.name = "ProjectileSwap",
-          .label = {"WeaponFloat_Swap", 2.32f},
+          .look = {"SWAP", "Gun_Swap", "WeaponFloat_Swap", 2.32f},
           .keys = {"m_max_range", "m_curr_range", "m_speed"},
           .inspected = {{"m_max_range", "Max Range"}, {"m_speed", "Speed"}},
           .rebounds = true,
@@ -123,7 +123,7 @@ Nature NatureOf<ProjectileSwap>() {
 template <>
 Nature NatureOf<ProjectileExplosion>() {
   return {.name = "ProjectileExplosion",
-          .label = {"WeaponFloat_Explosion", 3.813f},
+          .look = {"EXPLOSION", "Gun_Explode", "WeaponFloat_Explosion", 3.813f},
           .keys = {"m_max_range", "m_curr_range", "m_damage", "m_speed", "m_aoe", "m_knockback"},
           .inspected = {{"m_max_range", "Max Range"},
                         {"m_speed", "Speed"},
@@ -141,7 +141,7 @@ template <>
 Nature NatureOf<ProjectileVacuum>() {
   return {
       .name = "ProjectileVacuum",
-      .label = {"WeaponFloat_Vacuum", 3.104f},
+      .look = {"VACUUM", "Gun_Vacuum", "WeaponFloat_Vacuum", 3.104f},
       .keys = {"m_max_range", "m_curr_range", "m_damage", "m_speed", "m_aoe", "m_suction_force"},
       .inspected = {{"m_max_range", "Max Range"},
                     {"m_speed", "Speed"},
@@ -268,9 +268,11 @@ TYPED_TEST(EveryShot, TheInspectorChangesTheFieldThatItNames) {
 
 TYPED_TEST(EveryShot, ItsLabelNamesIt) {
   const TypeParam shot(nullptr);
-  EXPECT_STREQ(shot.Label().texture, this->nature.label.texture);
-  EXPECT_EQ(shot.Label().width, this->nature.label.width);
-  EXPECT_EQ(shot.Label().height, 1.104f);
+  EXPECT_STREQ(shot.Look().name, this->nature.look.name);
+  EXPECT_STREQ(shot.Look().gun, this->nature.look.gun);
+  EXPECT_STREQ(shot.Look().label, this->nature.look.label);
+  EXPECT_EQ(shot.Look().label_width, this->nature.look.label_width);
+  EXPECT_EQ(shot.Look().label_height, 1.104f);
   EXPECT_EQ(shot.HasLateMuzzleEffect(), this->nature.late_muzzle);
 }
 

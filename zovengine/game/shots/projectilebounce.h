@@ -16,7 +16,9 @@ class ProjectileBounce final : public Shot {
   ZOV_DECLARE_FIELDS()
   void Update(float dt) override;
   void Fire(const Vector3D& position, const Vector3D& direction) override;
-  WeaponLabel Label() const override { return {"WeaponFloat_Bounce", 3.104f}; }
+  WeaponLook Look() const override {
+    return {"BOUNCE", "Gun_Bounce", "WeaponFloat_Bounce", 3.104f};
+  }
 
   int m_min_damage = 0;   ///< of a hit without a rebound
   int m_max_damage = 3;   ///< of a hit after many

@@ -17,7 +17,7 @@ class ProjectileDefault final : public WoundingShot {
 
   void Update(float dt) override;
   void OnCollisionStay(ContactInfo* contact) override;
-  WeaponLabel Label() const override { return {"WeaponFloat_Basic", 2.32f}; }
+  WeaponLook Look() const override { return {"BASIC", "Gun_Basic", "WeaponFloat_Basic", 2.32f}; }
 
  private:
   bool PassesThrough(const ContactSides& sides) const override;

@@ -23,7 +23,9 @@ class ProjectileExplosion final : public AreaShot {
 
   void Update(float dt) override;
   void OnCollisionStay(ContactInfo* contact) override;
-  WeaponLabel Label() const override { return {"WeaponFloat_Explosion", 3.813f}; }
+  WeaponLook Look() const override {
+    return {"EXPLOSION", "Gun_Explode", "WeaponFloat_Explosion", 3.813f};
+  }
 
   float m_knockback = 10.0f;  ///< the blast is this times 100, at all distances
   std::shared_ptr<ComponentManager<EnvironmentDestructible>> m_destructibles;

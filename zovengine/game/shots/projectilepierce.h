@@ -16,7 +16,9 @@ class ProjectilePierce final : public WoundingShot {
 
   void Update(float dt) override;
   void OnCollisionStay(ContactInfo* contact) override;
-  WeaponLabel Label() const override { return {"WeaponFloat_Pierce", 3.104f}; }
+  WeaponLook Look() const override {
+    return {"PIERCE", "Gun_Pierce", "WeaponFloat_Pierce", 3.104f};
+  }
   bool HasLateMuzzleEffect() const override { return true; }
 
  private:

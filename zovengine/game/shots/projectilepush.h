@@ -14,7 +14,7 @@ class ProjectilePush final : public WoundingShot {
   using WoundingShot::WoundingShot;
 
   void Update(float dt) override;
-  WeaponLabel Label() const override { return {"WeaponFloat_Push", 2.32f}; }
+  WeaponLook Look() const override { return {"PUSH", "Gun_Push", "WeaponFloat_Push", 2.32f}; }
 
  private:
   void Hit(const ContactSides& sides, ContactInfo* contact) override;

@@ -14,7 +14,7 @@ class ProjectileSwap final : public Shot {
   using Shot::Shot;
 
   void Update(float dt) override;
-  WeaponLabel Label() const override { return {"WeaponFloat_Swap", 2.32f}; }
+  WeaponLook Look() const override { return {"SWAP", "Gun_Swap", "WeaponFloat_Swap", 2.32f}; }
 
  private:
   void Hit(const ContactSides& sides, ContactInfo* contact) override;

@@ -17,7 +17,9 @@ class ProjectileVacuum final : public AreaShot {
   static void Inspected(Visitor& visit);
 
   void Update(float dt) override;
-  WeaponLabel Label() const override { return {"WeaponFloat_Vacuum", 3.104f}; }
+  WeaponLook Look() const override {
+    return {"VACUUM", "Gun_Vacuum", "WeaponFloat_Vacuum", 3.104f};
+  }
 
   float m_suction_force = 10.0f;  ///< the pull is this times 100, at all distances
 

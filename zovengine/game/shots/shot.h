@@ -8,11 +8,15 @@ namespace ZOVEngine {
 class Unit;
 struct ContactSides;
 
-/// What stands beside a unit that shows its weapon: a texture, and its size in the unit's scale.
-struct WeaponLabel {
-  const char* texture;
-  float width;
-  float height = 1.104f;
+/// What names a weapon to the player: its name and the texture of its gun in the interface, and the
+/// label that rises beside a unit that shows its weapon, with its size in the unit's scale. A gun
+/// has two textures, with "_Green" and "_Red" behind its name.
+struct WeaponLook {
+  const char* name;
+  const char* gun;
+  const char* label;
+  float label_width;
+  float label_height = 1.104f;
 };
 
 /// What all kinds of shot share: sleep, launch, range, and what they fly through.
@@ -38,8 +42,7 @@ class Shot : public QuietComponent {
   /// drag to about 0.83 of the speed.
   virtual void Fire(const Vector3D& position, const Vector3D& direction);
 
-  /// The label that names the weapon.
-  virtual WeaponLabel Label() const = 0;
+  virtual WeaponLook Look() const = 0;
   /// Whether a second muzzle effect follows the shot after a while.
   virtual bool HasLateMuzzleEffect() const { return false; }
   /// What a destructible thing loses when the shot touches it.

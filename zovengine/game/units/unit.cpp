@@ -310,9 +310,9 @@ void Unit::ShowWeaponLabel() {
   m_show_weapon_label = true;
   GameObj* held = HeldShot();
   if (const Shot* shot = held != nullptr ? FindNamingShot(held) : nullptr) {
-    const WeaponLabel label = shot->Label();
-    m_weapon_label_tex = label.texture;
-    m_weapon_label_size = {label.width, label.height};
+    const WeaponLook look = shot->Look();
+    m_weapon_label_tex = look.label;
+    m_weapon_label_size = {look.label_width, look.label_height};
   }
   ForEachChildWith<Render>(m_owner, kLabelName, [this](Render* label) {
     label->m_owner->SetActive(true);
