@@ -7,7 +7,7 @@
 namespace ZOVEngine {
 namespace {
 
-void ShowPage(GameObj* screen, const std::string& glossary, const char* page) {
+void SetPage(GameObj* screen, const std::string& glossary, const char* page) {
   ForEachChildWith<Render>(screen, glossary + "_img",
                            [page](Render* image) { image->m_tex = page; });
 }
@@ -22,13 +22,13 @@ void DressTab(GameObj* screen, const std::string& tab, const char* at_rest, cons
 }  // namespace
 
 void ShowWeaponsTab(GameObj* screen, const std::string& glossary) {
-  ShowPage(screen, glossary, "Glossary_Pg1Weapons");
+  SetPage(screen, glossary, "Glossary_Pg1Weapons");
   DressTab(screen, glossary + "_weapons", "Glossary_WeaponsSelected", "Glossary_WeaponsSelected");
   DressTab(screen, glossary + "_enviro", "Glossary_EnviroDefault", "Glossary_EnviroHover");
 }
 
 void ShowSurroundingsTab(GameObj* screen, const std::string& glossary) {
-  ShowPage(screen, glossary, kSurroundingsPage);
+  SetPage(screen, glossary, kSurroundingsPage);
   DressTab(screen, glossary + "_weapons", "Glossary_WeaponsDefault", "Glossary_WeaponsHover");
   DressTab(screen, glossary + "_enviro", "Glossary_EnviroSelected", "Glossary_EnviroSelected");
 }

@@ -23,7 +23,7 @@ constexpr float kDimmed = 0.3f;         ///< alpha of what is not live or not in
 constexpr float kBarEasing = 0.45f;     ///< part of the way that the bar's left end takes in a step
 constexpr float kReachPerBlast = 1.6f;  ///< size of the circle over the reach of an explosion
 constexpr float kReachPerVacuum = 1.75f;  ///< and over that of a vacuum
-constexpr float kTurnPerStep = 0.3f;      ///< of the circle (unit: degrees)
+constexpr float kReachTurnPerStep = 0.3f;      ///< of the circle (unit: degrees)
 
 constexpr const char* kShotNames[] = {"Weapon0Projectile", "Weapon1Projectile"};
 
@@ -145,7 +145,7 @@ void ShowReach(UIElement* element) {
   GameObj* shot = player->HeldShot();
   const float reach = shot == nullptr ? 0.0f : FindReach(shot);
   circle->m_local_scale = Vector3D(reach, reach, 1.0f);
-  circle->m_local_rotate += kTurnPerStep;
+  circle->m_local_rotate += kReachTurnPerStep;
 }
 
 }  // namespace ZOVEngine
