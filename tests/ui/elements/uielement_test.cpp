@@ -34,11 +34,29 @@ TEST(UIElement, TheInspectorShowsTheName) {
 }
 
 TEST(UIElement, AStepInitialisesItAndTellsItItsLength) {
-  UIElement element(nullptr);
+  World world;
+  OutputOf([&] { world.LoadObjects(Record("bar", {{"UIElement", "{}"}})); });
+  UIElement& element = *world.Find("bar")->GetComponent<UIElement>();
   EXPECT_FALSE(element.m_init);
+  EXPECT_EQ(element.m_bar_scale, 125.0f);
+  EXPECT_EQ(element.m_bar_left, -542.5f);
+  EXPECT_EQ(element.m_bar_x, -480.0f);
   element.Update(0.25f);
   EXPECT_TRUE(element.m_init);
   EXPECT_EQ(element.m_dt, 0.25f);
+}
+
+TEST(UIElement, ItsFirstStepMeasuresItsObject) {
+  World world;
+  world.LoadObjects(Record("bar", {{"Transform", carapace_test::TransformAt(30, 0, 1, 40)},
+                                   {"UIElement", R"({"m_ui_element_name": "hp_bar"})"}}));
+  UIElement& element = *world.Find("bar")->GetComponent<UIElement>();
+  element.m_fade_armed = element.m_banner_armed = true;
+  element.Init();
+  EXPECT_EQ(element.m_bar_scale, 40.0f);
+  EXPECT_EQ(element.m_bar_x, 30.0f);
+  EXPECT_EQ(element.m_bar_left, 10.0f);
+  EXPECT_FALSE(element.m_fade_armed || element.m_banner_armed);
 }
 
 TEST(UIElement, LivesOnInAPause) {

@@ -22,8 +22,8 @@ namespace {
 constexpr float kDimmed = 0.3f;         ///< alpha of what is not live or not in hand
 constexpr float kBarEasing = 0.45f;     ///< part of the way that the bar's left end takes in a step
 constexpr float kReachPerBlast = 1.6f;  ///< size of the circle over the reach of an explosion
-constexpr float kReachPerVacuum = 1.75f;  ///< and over that of a vacuum
-constexpr float kReachTurnPerStep = 0.3f;      ///< of the circle (unit: degrees)
+constexpr float kReachPerVacuum = 1.75f;   ///< and over that of a vacuum
+constexpr float kReachTurnPerStep = 0.3f;  ///< of the circle (unit: degrees)
 
 constexpr const char* kShotNames[] = {"Weapon0Projectile", "Weapon1Projectile"};
 
