@@ -53,7 +53,7 @@ void Button::Fields(Visitor& visit) {
   visit("m_highlight_tex", &Button::m_highlight_tex);
   visit("m_click_tex", &Button::m_click_tex);
 }
-ZOV_COMPONENT_FIELDS(Button)
+ZOV_COMPONENT_FILE(Button)
 
 void Button::Init() {
   m_init = true;
