@@ -298,7 +298,7 @@ TYPED_TEST(BothUnits, OfSeveralShotsInOneWeaponTheLastByNameNamesIt) {
       this->Unit().ShowWeaponLabel();
       const Shot* last = FindShot(this->Child("Weapon0Projectile"), names[i]);
       ASSERT_NE(last, nullptr);
-      EXPECT_EQ(this->Unit().m_weapon_label_tex, last->Label().texture) << names[i];
+      EXPECT_EQ(this->Unit().m_weapon_label_tex, last->Look().label) << names[i];
     }
   }
 }
