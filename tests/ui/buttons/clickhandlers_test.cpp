@@ -93,14 +93,6 @@ TEST(ClickHandlers, TheKeyHintsHaveNone) {
   }
 }
 
-/// A button on its screen that is clicked by the mouse.
-LevelScreen Clicked(const std::string& click_name, const std::string& state = "ui_pause") {
-  LevelScreen level({ButtonRecord(click_name, state)});
-  level.Show(state);
-  level.ClickOn("button");
-  return level;
-}
-
 class ScreenChange : public TestWithParam<Change> {};
 
 TEST_P(ScreenChange, ShowsTheScreenWithAClickAndLeavesThePause) {
@@ -205,7 +197,9 @@ TEST(ClickHandlers, QuitToMenuAsksTheController) {
 }
 
 TEST(ClickHandlers, QuitEndsTheProgram) {
-  LevelScreen level = Clicked("ui_quit_yes", "ui_quit_confirm");
+  LevelScreen level({ButtonRecord("ui_quit_yes", "ui_quit_confirm")});
+  level.Show("ui_quit_confirm");
+  level.ClickOn("button");
   EXPECT_FALSE(g_engine->running);
   EXPECT_TRUE(AsksFor(level.Find("button"), kClick));
 }

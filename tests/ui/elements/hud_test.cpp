@@ -2,10 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include "game/componentkinds.h"
 #include "game/shots/projectileexplosion.h"
 #include "game/shots/projectilevacuum.h"
 #include "render/components/font.h"
-#include "support/kinds.h"
 #include "ui/elements/uielement.h"
 #include "ui/interfaceworlds.h"
 
@@ -159,10 +159,9 @@ TEST(WeaponPanel, EveryKindIsShown) {
 TEST(WeaponPanel, NamesTheWeaponsOfTheSelectedUnit) {
   for (const Weapon& weapon : kWeapons) {
     const LevelScreen first = Armed(TextRecord("ui_weapon0_font"), weapon.shot, "ProjectileSwap");
-    const LevelScreen* level = &first;
-    level->Select("own");
-    level->Update<UIElement>("piece");
-    EXPECT_EQ(level->Of<Font>("piece").m_text, weapon.name);
+    first.Select("own");
+    first.Update<UIElement>("piece");
+    EXPECT_EQ(first.Of<Font>("piece").m_text, weapon.name);
   }
   for (const Weapon& weapon : kWeapons) {
     const LevelScreen second = Armed(TextRecord("ui_weapon1_font"), "ProjectileSwap", weapon.shot);

@@ -25,7 +25,7 @@ std::string TitleAt(float y) {
 }
 
 /// The menu's first step, and `steps` more, of the controller alone.
-void Run(const MenuScreen& menu, int steps) {
+void Advance(const MenuScreen& menu, int steps) {
   menu.Update<MainMenuController>("menu", steps);
 }
 
@@ -35,7 +35,7 @@ TEST(MainMenu, ItBeginsWithTheSlideAndItsMusic) {
   EXPECT_EQ(menu.Menu().m_level_path, "Level Editor/Levels/Level01/Level01.json");
   menu.Menu().m_init = false;
   carapace_test::Hush(menu.Find("menu"));
-  Run(menu, 1);
+  Advance(menu, 1);
   EXPECT_TRUE(AsksFor(menu.Find("menu"), "maintheme01.ogg"));
 }
 
@@ -73,12 +73,12 @@ TEST(MainMenu, TheTitleRisesAt170UnitsASecondAndStopsAt200) {
   const MenuScreen menu({TitleAt(200 - 170)});
   Transform& title = menu.Of<Transform>("game_logo");
   title.m_local_pos.y = 30.0f;
-  Run(menu, 30);
+  Advance(menu, 30);
   EXPECT_NEAR(title.m_local_pos.y, 115.0f, 1e-2f);
   EXPECT_EQ(menu.Menu().m_ui_state, "menu_slide");
-  Run(menu, 29);
+  Advance(menu, 29);
   EXPECT_FALSE(menu.Menu().m_slide_done);
-  Run(menu, 3);
+  Advance(menu, 3);
   EXPECT_EQ(title.m_local_pos.y, 200.0f);
   EXPECT_TRUE(menu.Menu().m_slide_done);
   EXPECT_EQ(menu.Menu().m_ui_state, "menu_default");
@@ -89,14 +89,14 @@ TEST(MainMenu, ATitleAtExactly200StillRises) {
   Transform& title = menu.Of<Transform>("game_logo");
   title.m_local_pos.y = 200.0f;
   menu.Menu().m_slide_done = false;
-  Run(menu, 1);
+  Advance(menu, 1);
   EXPECT_GT(title.m_local_pos.y, 200.0f);
   EXPECT_FALSE(menu.Menu().m_slide_done);
 }
 
 TEST(MainMenu, WithoutATitleItStaysShut) {
   const MenuScreen menu({PieceRecord("menu_play", {}, {}, RenderOf("rest", 0.0f))});
-  Run(menu, 600);
+  Advance(menu, 600);
   EXPECT_EQ(menu.Menu().m_ui_state, "menu_slide");
   EXPECT_EQ(menu.Sprite("menu_play").m_colour[3], 0.0f);
 }
@@ -112,13 +112,13 @@ TEST(MainMenu, TheButtonsFadeInToTwiceTheirAlpha) {
     menu.Sprite(name).m_colour[3] = 0.0f;
     menu.Sprite(name).m_visible = false;
   }
-  Run(menu, 15);
+  Advance(menu, 15);
   for (const std::string& name : kFading) {
     EXPECT_TRUE(menu.Sprite(name).m_visible) << name;
     EXPECT_NEAR(menu.Sprite(name).m_colour[3], 1.0f, 1e-3f) << name;
   }
   EXPECT_FALSE(menu.Menu().m_buttons_done);
-  Run(menu, 17);
+  Advance(menu, 17);
   for (const std::string& name : kFading) EXPECT_EQ(menu.Sprite(name).m_colour[3], 2.0f) << name;
   EXPECT_TRUE(menu.Menu().m_buttons_done);
   EXPECT_EQ(menu.Sprite("menu_level_01").m_colour[3], 0.0f);
@@ -141,7 +141,7 @@ TEST(MainMenu, ALaunchedLevelStartsInTheNextStep) {
   menu.Menu().LaunchLevel("Some level.json");
   EXPECT_TRUE(menu.Menu().m_launch);
   EXPECT_EQ(g_state_machine->m_next, kMainMenuState);
-  Run(menu, 1);
+  Advance(menu, 1);
   EXPECT_EQ(g_current_level_path, "Some level.json");
   EXPECT_EQ(g_state_machine->m_next, kDefaultState);
   EXPECT_EQ(menu.world.Find("menu"), nullptr);
