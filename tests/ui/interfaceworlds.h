@@ -101,7 +101,7 @@ class LevelScreen : public TurnWorld {
 
 inline constexpr const char* kMenuUnits = "Level Editor/Levels/MainMenu/Entity/Units.json";
 
-/// The main menu with these pieces below its root "menu", entered and not yet stepped.
+/// The main menu with these pieces below its root "menu", whose controller has started.
 class MenuScreen : public Stage {
  public:
   explicit MenuScreen(const std::vector<std::string>& pieces) : Stage(WithPieces(pieces)) {
@@ -109,6 +109,7 @@ class MenuScreen : public Stage {
       ZOVEngine::ChangeState(ZOVEngine::kMainMenuState, "");
       ZOVEngine::g_state_machine->Step(0.0f);
     });
+    Menu().Init();
     Derive();
   }
 

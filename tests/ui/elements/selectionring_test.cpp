@@ -29,7 +29,7 @@ TEST(SelectionRing, ClosesInOnACommonUnitIn28Steps) {
   EXPECT_FLOAT_EQ(level.Of<Transform>("ring").m_local_scale.y, 19.3f);
   EXPECT_EQ(level.Sprite("ring").m_tex, "UI_CircleGreen");
   level.Update<UIElement>("ring", 26);
-  EXPECT_FLOAT_EQ(level.Of<Transform>("ring").m_local_scale.x, 1.1f);
+  EXPECT_NEAR(level.Of<Transform>("ring").m_local_scale.x, 1.1f, 1e-4f);
   EXPECT_EQ(level.Sprite("ring").m_tex, "UI_CircleGreen");
   EXPECT_FALSE(level.GetPlayer("own").m_show_weapon_label);
   level.Update<UIElement>("ring");
