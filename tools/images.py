@@ -2,6 +2,7 @@
 
 docs/images.md describes the sources.
 """
+import base64
 import io
 import math
 import random
@@ -22,16 +23,40 @@ for font in ("Play", "Jura"):
         sys.exit(f"the font {font} is missing")
 
 
-def fill_in(text, name, frame, frames):
-    """Replaces each {{expression}} of a source by its value for the image `name` in this frame."""
+def fill_in(entry, frame, folder, listed):
+    """The SVG text of one frame: each {{expression}} of the source is replaced by its value."""
+
+    def read(file):
+        if file not in entry.further:
+            sys.exit(f"{entry.name}: the list does not say that it is drawn from {file}")
+        return (folder / file).read_text()
+
+    def image(key, x, y, width, height, turn=0):
+        """Another image, centred at a place; a sheet shows its first frame."""
+        shown = listed[key]
+        if shown.source not in entry.further:
+            sys.exit(f"{entry.name}: the list does not say that it is drawn from {shown.source}")
+        pixels = draw(fill_in(shown, 0, folder, listed), round(width * 2), round(height * 2))
+        file = io.BytesIO()
+        PIL.Image.fromarray(pixels).save(file, "png")
+        return (f'<image transform="rotate({turn} {x} {y})" x="{x - width / 2}" y="{y - height / 2}" width="{width}" '
+                f'height="{height}" xlink:href="data:image/png;base64,{base64.b64encode(file.getvalue()).decode()}"/>')
+
     names = {
-        "name": name,
+        "name": entry.name,
+        "further": entry.further,
         "frame": frame,
-        "frames": frames,
-        "t": frame / frames,
+        "frames": entry.frames,
+        "t": frame / entry.frames,
         "math": math,
         "random": random.Random(1),
+        "read": read,
+        "image": image,
     }
+    for file in entry.further:
+        if file.endswith(".py"):
+            exec(read(file), names)
+    text = (folder / entry.source).read_text()
     for code in CODE.findall(text):
         exec(code, names)
     return VALUE.sub(lambda found: str(eval(found.group(1).strip(), names)), CODE.sub("", text))
@@ -70,13 +95,15 @@ def spread_colour(pixels, rings=4):
     return pixels
 
 
-def make(image, source, target):
-    """Renders the frames of a image side by side into a PNG file; returns the file's size in bytes."""
-    name, width, height, frames = image.name, image.width, image.height, image.frames
+def make(image, folder, target, listed):
+    """Renders the frames of an image side by side into a PNG file; returns the file's size in bytes.
+
+    `folder` holds the sources, and `listed` all images by their names.
+    """
+    width, height, frames = image.width, image.height, image.frames
     if width * frames > LARGEST_SIDE or height > LARGEST_SIDE:
-        sys.exit(f"{name}: larger than {LARGEST_SIDE} pixels")
-    text = source.read_text()
-    strip = [draw(fill_in(text, name, frame, frames), width, height) for frame in range(frames)]
+        sys.exit(f"{image.name}: larger than {LARGEST_SIDE} pixels")
+    strip = [draw(fill_in(image, frame, folder, listed), width, height) for frame in range(frames)]
     pixels = numpy.concatenate(strip, axis=1)
     opaque = pixels[..., 3].min() == 255
     target.parent.mkdir(parents=True, exist_ok=True)
