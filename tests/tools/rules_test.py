@@ -257,6 +257,16 @@ class Rules(unittest.TestCase):
         self.add(HOLE)
         self.assert_only_fault("puck is a body without a ColliderHolder, which a black hole would pull to and fro for ever")
 
+    def test_a_hole_without_reach_pulls_nothing(self):
+        self.add(PUCK)
+        del self.records[-1]["ColliderHolder"]
+        self.add(HOLE, EnvironmentBlackhole={"m_suction_range": 0.0})
+        self.assertEqual(self.faults(), [])
+
+    def test_a_button_whose_look_is_not_listed(self):
+        self.by_name["ui_pause_resume"]["Button"]["m_highlight_tex"] = "Nothing"
+        self.assert_only_fault("camera/ui_pause_resume shows Nothing, which graphics.json does not list")
+
     def test_a_thing_that_walks_for_ever(self):
         self.add(PUCK, Waypoint={"m_path": [[0, 0, 1], [90, 0, 1]], "m_limit": 5.0})
         self.assert_only_fault("puck is a Waypoint that never stands still, and every turn waits for that")

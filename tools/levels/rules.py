@@ -22,6 +22,7 @@ BOSS_CHILDREN = ("MiddleProj", "LeftProjPhase1", "RightProjPhase1", "LeftProjPha
                  "ShieldPhase2", *(f"DeathExplosion{k:02}" for k in range(11)))
 FORCE_PER_SPEED = 100  # of an enemy's push, which lasts a second
 STEPS_A_SECOND = 60
+BUTTON_TEXTURES = ("m_default_tex", "m_highlight_tex", "m_click_tex")
 
 
 def walk(records, parent=None):
@@ -123,6 +124,7 @@ def images(own, known):
             if component not in own:
                 yield f"has a Render without {component}"
         wanted = {own["Render"]["m_tex"], own["Render"]["m_hl_tex"]}
+        wanted |= {own.get("Button", {}).get(key) for key in BUTTON_TEXTURES} - {None}
         sheets = own.get("Animation", {})
         for state in ("spawn", "death", "once", "loop"):
             if sheets.get(f"m_{state}"):
@@ -138,6 +140,10 @@ def hearing(own, root):
     for name, kind in zip(source["sounds"], source["sound_type"]):
         if not (root / "Resources/Sound" / ("BGM" if kind == "BGM" else "SFX") / name).exists():
             yield f"lists the sound {name}, of which there is no file"
+
+
+def pulls(own):
+    return "EnvironmentBlackhole" in own and own["EnvironmentBlackhole"].get("m_suction_range", 100) > 0
 
 
 def rest(own, holes):
@@ -188,7 +194,7 @@ def faults(name, records, tile_map, root):
     listed = json.loads((root / "Resources/Textures/graphics.json").read_text())["texPath"]
     known = {path.removeprefix("Resources/Textures/").rsplit(".", 1)[0] for path in listed}
     fights = any(is_unit(own) for own, _ in walk(records))
-    holes = any("EnvironmentBlackhole" in own for own, _ in walk(records))
+    holes = any(pulls(own) for own, _ in walk(records))
     yield from (f"{name}: {fault}" for fault in whole(records))
     for own, parent in walk(records):
         found = [*units(own, parent), *shots(own, parent), *images(own, known), *hearing(own, root), *outside(own, tile_map)]

@@ -77,16 +77,19 @@ def effects(own, size, is_player):
         })
 
 
-def marks(own, size, filling):
-    """The bar with its numbers, and the label that names a weapon."""
-    top = size * 0.5 + 18
-    for name, texture, wide, high in (("ui_hp_frame_empty", "UI_HpBarEmpty", 80, 14), ("ui_hp_frame_filled", filling, 73, 9),
+def marks(own, size, kind):
+    """The bar with its numbers, and the label that names a weapon. The boss's bar is larger, and clear of its shield."""
+    filling = "UI_HpBarFilledGreen" if kind == "player" else "UI_HpBarFilledRed"
+    large = 1.6 if kind == "boss" else 1
+    top = size * 0.6 + 36 if kind == "boss" else size * 0.5 + 18
+    for name, texture, wide, high in (("ui_hp_frame_empty", "UI_HpBarEmpty", 160, 30), ("ui_hp_frame_filled", filling, 73, 9),
                                       ("ui_hp_frame", "UI_HpBarFrame", 80, 14)):
-        yield record(name, {"Transform": attached(own, (0, top), (wide, high)), **sprite(texture)})
-    for name, left, colour in (("hp_font", 44, (0.95, 0.96, 1.0, 1.0)), ("turn_font", -60, (1.0, 0.79, 0.3, 1.0))):
+        yield record(name, {"Transform": attached(own, (0, top), (wide * large, high * large)), **sprite(texture)})
+    for name, left, colour in (("hp_font", 45, (0.95, 0.96, 1.0, 1.0)), ("turn_font", -65, (1.0, 0.79, 0.3, 1.0))):
         yield record(name, {
-            "Transform": attached(own, (left, top - 9), (0.52, 0.52)),
+            "Transform": attached(own, (left * large, top - 10 * large), (0.6 * large, 0.6 * large)),
             "Font": {"m_text": "", "m_colour": list(colour)},
+            "UIElement": {"m_ui_element_name": "ui_font"},
         })
     yield record("WeaponText", {
         "Transform": attached(own, (120, 0), (size * 2.32, size * 1.104)),
@@ -133,7 +136,7 @@ def pieces(unit, kind, own):
     else:
         for index, weapon in enumerate(unit["weapons"]):
             yield shot(weapon, f"Weapon{index}Projectile", own)
-    yield from marks(own, size, "UI_HpBarFilledGreen" if kind == "player" else "UI_HpBarFilledRed")
+    yield from marks(own, size, kind)
 
 
 def read(unit, number):
