@@ -142,6 +142,7 @@ class SdlNative final : public Native {
   void MoveToCorner();
   bool HasFlag(std::uint32_t flag) const { return (SDL_GetWindowFlags(m_window) & flag) != 0; }
   std::uint64_t ButtonState() const;
+  static std::uint64_t StruckKey(const NativeEvent& event);
   bool IsButtonDown(std::uint32_t mask, bool XPointer::*held) const;
   const std::optional<XPointer>& Pointer() const;
 
@@ -153,6 +154,9 @@ class SdlNative final : public Native {
   std::uint16_t m_modifiers = 0;  ///< SDL's bits, as far as events were taken
   bool m_drop_open = false;       ///< between the begin and the end of a drop
   std::vector<std::string> m_dropped;
+  /// The key or button whose press was taken last. It counts as held until the next pump, so that
+  /// a press that is over by then is seen.
+  std::uint64_t m_struck = 0;
   mutable bool m_pointer_asked = false;       ///< since the last pump
   mutable std::optional<XPointer> m_pointer;  ///< as of then
 };
@@ -230,6 +234,7 @@ bool SdlNative::HasFocus() const {
 }
 
 bool SdlNative::IsKeyDown(std::uint32_t virtual_key) const {
+  if (virtual_key == m_struck) return true;
   if (virtual_key == kVkLeftButton) return IsButtonDown(SDL_BUTTON_LMASK, &XPointer::left);
   if (virtual_key == kVkRightButton) return IsButtonDown(SDL_BUTTON_RMASK, &XPointer::right);
   int count = 0;
@@ -240,6 +245,14 @@ bool SdlNative::IsKeyDown(std::uint32_t virtual_key) const {
     if (VirtualKeyFromSdl(code, place) == virtual_key) return true;
   }
   return false;
+}
+
+/// The virtual-key code of what this event presses, 0 if it presses nothing.
+std::uint64_t SdlNative::StruckKey(const NativeEvent& event) {
+  if (event.kind == NativeEventKind::kKeyDown) return event.wparam;
+  if (event.kind == NativeEventKind::kLeftButtonDown) return kVkLeftButton;
+  if (event.kind == NativeEventKind::kRightButtonDown) return kVkRightButton;
+  return 0;
 }
 
 /// SDL never hears of a button that is let go while the window is minimised, so what it says is
@@ -268,10 +281,12 @@ NativePoint SdlNative::CursorPosition() const {
 bool SdlNative::PumpEvent(NativeEvent* event) {
   SDL_PumpEvents();
   m_pointer_asked = false;
+  m_struck = 0;
   while (TakePlatformEvent(&m_raw)) {
     *event = NativeEvent();
     if (!IsMadeByLossOfFocus(m_raw) && Translate(event)) {
       event->platform_event = &m_raw;
+      m_struck = StruckKey(*event);
       return true;
     }
     if (m_skipped_listener) m_skipped_listener(&m_raw);

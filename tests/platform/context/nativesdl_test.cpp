@@ -160,6 +160,27 @@ TEST_F(SdlNativeTest, ButtonsCarryTheStateAfterTheChange) {
   EXPECT_THAT(states, ElementsAre(1u, 3u, 2u, 0u));
 }
 
+TEST_F(SdlNativeTest, AClickThatIsOverBeforeItsPressIsTakenIsStillSeen) {
+  for (const std::uint8_t button : {SDL_BUTTON_LEFT, SDL_BUTTON_RIGHT}) {
+    const std::uint32_t key = button == SDL_BUTTON_LEFT ? kVkLeftButton : kVkRightButton;
+    PushButton(SDL_MOUSEBUTTONDOWN, button);
+    PushButton(SDL_MOUSEBUTTONUP, button);
+    ASSERT_TRUE(native->PumpEvent(&event));
+    EXPECT_TRUE(native->IsKeyDown(key));
+    ASSERT_TRUE(native->PumpEvent(&event));
+    EXPECT_FALSE(native->IsKeyDown(key));
+  }
+}
+
+TEST_F(SdlNativeTest, AKeyThatIsUpAgainBeforeItsPressIsTakenIsDownForThatPumpAlone) {
+  PushKey(SDL_KEYDOWN, SDL_SCANCODE_W);
+  ASSERT_TRUE(native->PumpEvent(&event));
+  EXPECT_TRUE(native->IsKeyDown('W'));
+  EXPECT_FALSE(native->IsKeyDown('A'));
+  ASSERT_FALSE(native->PumpEvent(&event));
+  EXPECT_FALSE(native->IsKeyDown('W'));
+}
+
 TEST_F(SdlNativeTest, TheButtonStateKnowsShiftAndControl) {
   PushKey(SDL_KEYDOWN, SDL_SCANCODE_LSHIFT, KMOD_LSHIFT);
   PushKey(SDL_KEYDOWN, SDL_SCANCODE_RCTRL, KMOD_LSHIFT | KMOD_RCTRL);
