@@ -70,7 +70,7 @@ struct Pieces {
       Add(object, &players);
     } else if (object.HasMember("Enemy")) {
       Add(object, object["Enemy"]["m_boss"].GetBool() ? &bosses : &enemies);
-    } else {
+    } else if (object.HasMember("ColliderHolder")) {
       Add(object, object.HasMember("RigidBody") ? &bodies : &hazards);
     }
     for (const Json& child : object["Childs"].GetArray()) {
@@ -96,8 +96,8 @@ class Maker {
 
   /// Puts the pieces into `objects`, the records of a shipped level.
   void Fill(Json* objects) {
-    Json& root = *objects->Begin();
-    Json camera = TakeCamera(&root["Childs"]);
+    Json root = TakeWith("GameController", objects);
+    Json camera = TakeWith("Camera", &root["Childs"]);
     Json children(rapidjson::kArrayType);
     Place(m_pieces.hazards, Between(0, 6), 0, &children);
     Place(m_pieces.players, Between(1, 4), 1, &children);
@@ -105,7 +105,8 @@ class Maker {
     Place(m_pieces.enemies, Between(1, 3), 1, &children);
     children.PushBack(camera, m_json);
     root["Childs"] = children;
-    while (objects->Size() > 1) objects->PopBack();
+    objects->Clear();
+    objects->PushBack(root, m_json);
     Place(m_pieces.bodies, Between(0, 6), 1, objects);
   }
 
@@ -135,11 +136,12 @@ class Maker {
     }
   }
 
-  static Json TakeCamera(Json* children) {
-    for (Json& child : children->GetArray()) {
-      if (child.HasMember("Camera")) return Json(std::move(child));
+  /// Moves the first record with this component out of its list.
+  static Json TakeWith(const char* component, Json* records) {
+    for (Json& record : records->GetArray()) {
+      if (record.HasMember(component)) return Json(std::move(record));
     }
-    throw std::runtime_error("the level has no camera");
+    throw std::runtime_error(std::string("the level has no ") + component);
   }
 
   /// Copies `count` random pieces to places that are `reach` cells from walls and from each other.
