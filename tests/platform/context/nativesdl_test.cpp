@@ -161,7 +161,8 @@ TEST_F(SdlNativeTest, ButtonsCarryTheStateAfterTheChange) {
 }
 
 TEST_F(SdlNativeTest, AClickThatIsOverBeforeItsPressIsTakenIsStillSeen) {
-  for (const std::uint8_t button : {SDL_BUTTON_LEFT, SDL_BUTTON_RIGHT}) {
+  for (const std::uint8_t button :
+       std::initializer_list<std::uint8_t>{SDL_BUTTON_LEFT, SDL_BUTTON_RIGHT}) {
     const std::uint32_t key = button == SDL_BUTTON_LEFT ? kVkLeftButton : kVkRightButton;
     PushButton(SDL_MOUSEBUTTONDOWN, button);
     PushButton(SDL_MOUSEBUTTONUP, button);
