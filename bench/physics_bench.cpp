@@ -273,7 +273,7 @@ int main(int argc, char** argv) {
     const Result& ours = g_results[std::string("ours") + boxes];
     const Result& peer = g_results[std::string("peer") + boxes];
     std::printf(
-        "%4s boxes: %.2f of Box2D's time (target 0.50); ours %.0f us, 99th percentile %.2f of the "
+        "%4s boxes: %.3f of Box2D's time (target 0.28); ours %.0f us, 99th percentile %.2f of the "
         "median (target 2), %.1f pairs deeper than 1 unit (Box2D %.1f), %.2f allocations\n",
         boxes, ours.median / peer.median, ours.median, ours.p99 / ours.median, ours.deep, peer.deep,
         ours.allocations);
