@@ -253,21 +253,22 @@ ContactPoints ClipSegment(const Vector3D& p1, const Vector3D& p2, const Vector3D
 
 bool BuildManifold(const PolygonCollider& a, const PolygonCollider& b, ContactInfo* contact) {
   const Vector3D& n = contact->normal;
-  FacingEdge reference = FindBestEdge(a, Negated(n));
-  FacingEdge incident = FindBestEdge(b, n);
-  const bool flip = !(std::abs(Dot(incident.end - incident.start, n)) >
-                      std::abs(Dot(reference.end - reference.start, n)));
-  if (flip) std::swap(reference, incident);
+  const FacingEdge edge_a = FindBestEdge(a, Negated(n));
+  const FacingEdge edge_b = FindBestEdge(b, n);
+  const bool flip =
+      !(std::abs(Dot(edge_b.end - edge_b.start, n)) > std::abs(Dot(edge_a.end - edge_a.start, n)));
+  const FacingEdge& reference = flip ? edge_b : edge_a;
+  const FacingEdge& incident = flip ? edge_a : edge_b;
 
   const Vector3D along = (reference.end - reference.start).Normalized();
-  ContactPoints clip =
+  const ContactPoints ahead =
       ClipSegment(incident.start, incident.end, along, Dot(along, reference.start));
-  if (clip.size() < 2) return false;
-  clip = ClipSegment(clip[0], clip[1], Negated(along), -Dot(along, reference.end));
+  if (ahead.size() < 2) return false;
+  const ContactPoints clip =
+      ClipSegment(ahead[0], ahead[1], Negated(along), -Dot(along, reference.end));
   if (clip.size() < 2) return false;
 
-  Vector3D side(-along.y, along.x, 0.0f);
-  if (flip) side = Negated(side);
+  const Vector3D side = Vector3D(-along.y, along.x, 0.0f) * (flip ? -1.0f : 1.0f);
   const float limit = Dot(side, reference.extreme);
   contact->contactPoints.clear();
   for (const Vector3D& point : clip) {
