@@ -101,10 +101,8 @@ void OverlapFinder::File(const std::vector<Bounds>& bounds) {
   }
 }
 
-/// Makes room for `more` pairs and returns the place of the first.
-OverlapPair* OverlapFinder::RoomFor(std::size_t more) {
-  if (m_pairs.size() < m_count + more) m_pairs.resize(2 * m_pairs.size() + more);
-  return m_pairs.data() + m_count;
+void OverlapFinder::Grow(std::size_t more) {
+  m_pairs.resize(2 * m_pairs.size() + more);
 }
 
 void OverlapFinder::Add(std::uint32_t a, std::uint32_t b) {
@@ -112,17 +110,19 @@ void OverlapFinder::Add(std::uint32_t a, std::uint32_t b) {
   ++m_count;
 }
 
-void OverlapFinder::MatchRange(const Lanes& near, std::uint32_t index, std::uint32_t from,
-                               std::uint32_t to) {
-  if (from >= to) return;
-  OverlapPair* out = RoomFor(to - from);
+/// Stores at `out` the pairs of an object with the small ones from `from` up to `to` that overlap
+/// it, and returns the end. There is room for all of them.
+OverlapPair* OverlapFinder::MatchRange(const Lanes& near, std::uint32_t index, std::uint32_t from,
+                                       std::uint32_t to, OverlapPair* out) const {
   for (std::uint32_t k = from; k < to; ++k) {
-    // Every pair is stored and only an overlapping one counted: no branch to mispredict.
+    // No branch to mispredict: every pair is stored and only an overlapping one counted, and the
+    // higher index is what the lower one leaves of their sum.
     const Filed& filed = m_filed[k];
-    *out = {std::min(index, filed.index), std::max(index, filed.index)};
+    const std::uint32_t lower = std::min(index, filed.index);
+    *out = {lower, index + filed.index - lower};
     out += Any(filed.reach.far < near) ? 0 : 1;
   }
-  m_count = static_cast<std::size_t>(out - m_pairs.data());
+  return out;
 }
 
 /// Each small object against those behind it in its cell and the next of the row, and those in the
@@ -135,8 +135,10 @@ void OverlapFinder::MatchNeighbours() {
     const Lanes near = filed.reach.Near();
     const std::uint32_t* const here = &m_starts[filed.cell];
     const std::uint32_t* const below = here + next_row;
-    MatchRange(near, filed.index, k + 1, here[2]);
-    MatchRange(near, filed.index, below[-1], below[2]);
+    OverlapPair* out = RoomFor(here[2] - (k + 1) + below[2] - below[-1]);
+    out = MatchRange(near, filed.index, k + 1, here[2], out);
+    out = MatchRange(near, filed.index, below[-1], below[2], out);
+    EndAt(out);
   }
 }
 
@@ -149,8 +151,9 @@ void OverlapFinder::MatchLarge(const std::vector<Bounds>& bounds) {
     const int first_column = std::max(m_grid.Column(b.min_x) - 1, 0);
     const int last_column = m_grid.Column(b.max_x);
     for (int row = std::max(m_grid.Row(b.min_y) - 1, 0); row <= last_row; ++row) {
-      MatchRange(near, m_large[i], m_starts[m_grid.Cell(row, first_column)],
-                 m_starts[m_grid.Cell(row, last_column + 1)]);
+      const std::uint32_t from = m_starts[m_grid.Cell(row, first_column)];
+      const std::uint32_t to = m_starts[m_grid.Cell(row, last_column + 1)];
+      EndAt(MatchRange(near, m_large[i], from, to, RoomFor(to - from)));
     }
     for (std::size_t k = i + 1; k < m_large.size(); ++k) {
       if (b.Overlaps(bounds[m_large[k]])) Add(m_large[i], m_large[k]);

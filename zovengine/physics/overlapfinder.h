@@ -67,8 +67,16 @@ class OverlapFinder {
   void MatchNeighbours();
   void MatchLarge(const std::vector<Bounds>& bounds);
   void MatchIrregular(const std::vector<Bounds>& bounds);
-  void MatchRange(const Lanes& near, std::uint32_t index, std::uint32_t from, std::uint32_t to);
-  OverlapPair* RoomFor(std::size_t more);
+  OverlapPair* MatchRange(const Lanes& near, std::uint32_t index, std::uint32_t from,
+                          std::uint32_t to, OverlapPair* out) const;
+  /// Makes room for `more` pairs and returns the place of the first.
+  OverlapPair* RoomFor(std::size_t more) {
+    if (m_pairs.size() < m_count + more) Grow(more);
+    return m_pairs.data() + m_count;
+  }
+  void Grow(std::size_t more);
+  /// Counts the pairs up to `end`, which are stored.
+  void EndAt(const OverlapPair* end) { m_count = static_cast<std::size_t>(end - m_pairs.data()); }
   void Add(std::uint32_t a, std::uint32_t b);
 
   Grid m_grid;
