@@ -190,6 +190,10 @@ class Game:
         wait_until(lambda: window.picture().brightness() > 1, "the first picture")
         return window
 
+    def wait_for_line(self, line, times=1, patience=PATIENCE):
+        """Waits until the program has printed a line this many times."""
+        wait_until(lambda: self.output().splitlines().count(line) >= times, f"{times} times '{line}'", patience)
+
     def wait_for_end(self, patience=PATIENCE):
         """Waits until the program ends by itself and returns its exit status (negative: a signal)."""
         try:
