@@ -26,21 +26,31 @@ for font in ("Play", "Jura"):
 def fill_in(entry, frame, folder, listed):
     """The SVG text of one frame: each {{expression}} of the source is replaced by its value."""
 
-    def read(file):
+    def require(file):
         if file not in entry.further:
             sys.exit(f"{entry.name}: the list does not say that it is drawn from {file}")
+
+    def read(file):
+        require(file)
         return (folder / file).read_text()
+
+    def embed(png, x, y, width, height, turn=0):
+        return (f'<image transform="rotate({turn} {x} {y})" x="{x - width / 2}" y="{y - height / 2}" width="{width}" '
+                f'height="{height}" xlink:href="data:image/png;base64,{base64.b64encode(png).decode()}"/>')
 
     def image(key, x, y, width, height, turn=0):
         """Another image, centred at a place; a sheet shows its first frame."""
         shown = listed[key]
-        if shown.source not in entry.further:
-            sys.exit(f"{entry.name}: the list does not say that it is drawn from {shown.source}")
+        require(shown.source)
         pixels = draw(fill_in(shown, 0, folder, listed), round(width * 2), round(height * 2))
         file = io.BytesIO()
         PIL.Image.fromarray(pixels).save(file, "png")
-        return (f'<image transform="rotate({turn} {x} {y})" x="{x - width / 2}" y="{y - height / 2}" width="{width}" '
-                f'height="{height}" xlink:href="data:image/png;base64,{base64.b64encode(file.getvalue()).decode()}"/>')
+        return embed(file.getvalue(), x, y, width, height, turn)
+
+    def picture(file, x, y, width, height):
+        """A PNG file, centred at a place."""
+        require(file)
+        return embed((folder / file).read_bytes(), x, y, width, height)
 
     names = {
         "name": entry.name,
@@ -52,6 +62,7 @@ def fill_in(entry, frame, folder, listed):
         "random": random.Random(1),
         "read": read,
         "image": image,
+        "picture": picture,
     }
     for file in entry.further:
         if file.endswith(".py"):
