@@ -9,7 +9,7 @@ import unittest
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 PAGE = ROOT / "docs/data.md"
-FOLDERS = ("Resources", "Level Editor/Levels")
+FOLDERS = ("Resources", "Level Editor/Levels", "assets/images/previews")
 
 
 class Row(typing.NamedTuple):

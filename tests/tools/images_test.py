@@ -26,7 +26,8 @@ class Images(unittest.TestCase):
         for number in range(1, 5):
             description = f"../levels/level{number:02}.toml"
             preview = LISTED[f"Menu_Preview_Level{number:02}"]
-            self.assertEqual(description in preview.further, (FOLDER / description).is_file(), preview.name)
+            for file in (description, f"previews/level{number:02}.png"):
+                self.assertEqual(file in preview.further, (FOLDER / description).is_file(), preview.name)
 
 
 if __name__ == "__main__":
