@@ -65,7 +65,7 @@ class Weapons(Kinds):
     def test_are_known_to_authors_and_players(self):
         self.assert_in_pages(WEAPONS)
         self.assert_named(shots.KINDS, "docs/levels.md", "`{}`")
-        self.assert_named(shots.KINDS, "README.md", "| {} |")
+        self.assert_named(shots.KINDS, "docs/playing.md", "| {} |")
 
     def test_have_their_images(self):
         textures = json.loads(read("Resources/Textures/graphics.json"))
