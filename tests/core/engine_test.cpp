@@ -51,6 +51,8 @@ class LoggingSystem : public System {
   std::vector<std::string>* m_log;
 };
 
+void NoRest(std::int64_t) {}
+
 /// An engine with two systems that log, and a clock that the test moves.
 class EngineTest : public ::testing::Test {
  protected:
@@ -69,7 +71,7 @@ class EngineTest : public ::testing::Test {
       started = true;
       return 0;
     };
-    MainLoop(engine, clock, [&] {
+    MainLoop(engine, clock, NoRest, [&] {
       ++steps;
       looks_since_step = 0;
       log.push_back("head");
@@ -145,9 +147,62 @@ TEST_F(EngineTest, SmallPiecesOfTimeAddUp) {
     if (looks == 1000) engine.running = false;
     return static_cast<std::int64_t>(looks++) * kMillisecond;
   };
-  MainLoop(engine, clock, [&] { ++steps; });
+  MainLoop(engine, clock, NoRest, [&] { ++steps; });
   EXPECT_GE(steps, 58);  // a second, of which the last step may be still open
   EXPECT_LE(steps, 60);
+}
+
+/// A clock that goes on only while the loop rests, and by `step_time` in each step.
+struct RestingRun {
+  std::int64_t step_time = 0;  ///< (unit: nanoseconds)
+  std::int64_t oversleep = 0;  ///< of each rest (unit: nanoseconds)
+  std::int64_t now = 0;
+  std::vector<std::int64_t> rests;
+  int looks = 0;
+  int steps = 0;
+
+  void RunFor(Engine* engine, std::int64_t end) {
+    const Clock clock = [&] {
+      ++looks;
+      if (now >= end) engine->running = false;
+      return now;
+    };
+    const Rest rest = [&](std::int64_t nanoseconds) {
+      rests.push_back(nanoseconds);
+      now += nanoseconds + oversleep;
+    };
+    MainLoop(*engine, clock, rest, [&] {
+      ++steps;
+      now += step_time;
+    });
+  }
+};
+
+TEST_F(EngineTest, TheLoopRestsUntilTheNextStepIsDue) {
+  RestingRun run;
+  run.step_time = 5 * kMillisecond;
+  run.RunFor(&engine, 10 * kSecond);
+  EXPECT_NEAR(run.steps, 600, 1);
+  EXPECT_NEAR(static_cast<double>(run.rests.size()), 600.0, 60.0) << "about one rest a step";
+  for (const std::int64_t rest : run.rests) {
+    EXPECT_GT(rest, 0);
+    EXPECT_LE(rest, 16'666'669);
+  }
+  EXPECT_LE(run.looks, 4 * 660) << "it does not look again and again";
+}
+
+TEST_F(EngineTest, ARestThatIsTooLongCostsNoStep) {
+  RestingRun run;
+  run.oversleep = 3 * kMillisecond;
+  run.RunFor(&engine, 10 * kSecond);
+  EXPECT_NEAR(run.steps, 600, 1);
+}
+
+TEST_F(EngineTest, ALoopThatIsBehindDoesNotRest) {
+  RestingRun run;
+  run.step_time = 20 * kMillisecond;
+  run.RunFor(&engine, kSecond);
+  EXPECT_EQ(run.rests.size(), 1u) << "before the first step";
 }
 
 TEST_F(EngineTest, ALoopThatDoesNotRunTakesNoStep) {

@@ -46,9 +46,15 @@ void RunBurst(Engine& engine, const Clock& clock, const std::function<void()>& h
   } while (*accumulator > kStep);
 }
 
+/// How long it takes until the accumulator is above one step (unit: nanoseconds).
+std::int64_t TimeToNextStep(float accumulator) {
+  return static_cast<std::int64_t>((kStep - accumulator) * kNanosecondsPerSecond) + 1;
+}
+
 }  // namespace
 
-void MainLoop(Engine& engine, const Clock& clock, const std::function<void()>& head_of_step) {
+void MainLoop(Engine& engine, const Clock& clock, const Rest& rest,
+              const std::function<void()>& head_of_step) {
   float accumulator = 0.0f;
   std::int64_t last = clock();
   while (engine.running) {
@@ -58,6 +64,7 @@ void MainLoop(Engine& engine, const Clock& clock, const std::function<void()>& h
     if (accumulator > kCatchUpLimit) {
       accumulator = kCatchUpLimit;
     } else if (accumulator <= kStep) {
+      rest(TimeToNextStep(accumulator));
       continue;
     }
     RunBurst(engine, clock, head_of_step, &accumulator);

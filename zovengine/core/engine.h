@@ -39,8 +39,10 @@ void RunStep(Engine& engine, const std::function<void()>& head_of_step);
 /// Runs fixed steps of kStep until `engine.running` is false at a look at the clock.
 ///
 /// The program passes the derivation of world transforms as the head of a step. A stall longer than
-/// kCatchUpLimit is seen as kCatchUpLimit. The loop spins without sleeping and records the rate of
-/// steps as "FPS" in the profile table.
-void MainLoop(Engine& engine, const Clock& clock, const std::function<void()>& head_of_step);
+/// kCatchUpLimit is seen as kCatchUpLimit. While no step is due, `rest` is asked to sleep until the
+/// next one is; it may end early, since the clock alone decides. Records the rate of steps as "FPS"
+/// in the profile table.
+void MainLoop(Engine& engine, const Clock& clock, const Rest& rest,
+              const std::function<void()>& head_of_step);
 
 }  // namespace ZOVEngine

@@ -20,6 +20,13 @@ TEST(Clock, TheRemainderIsScaledApartFromTheWholeSeconds) {
   EXPECT_EQ(CounterToNanoseconds(2, 3), 666'666'666);
 }
 
+TEST(Clock, ASleepIsNotShorterThanAsked) {
+  constexpr std::int64_t kSleep = 3'000'000;
+  const std::int64_t start = NowNanoseconds();
+  SleepNanoseconds(kSleep);
+  EXPECT_GE(NowNanoseconds() - start, kSleep);
+}
+
 TEST(Clock, YearsOfUptimeDoNotOverflow) {
   constexpr std::int64_t kFrequency = 10'000'000;
   constexpr std::int64_t kSeconds = 290LL * 365 * 24 * 3600;

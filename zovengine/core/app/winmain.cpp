@@ -71,7 +71,7 @@ int WinMain() {
   InitSystems();
   // A level keeps the background of the screen before it; at the start there is none.
   if (g_start_state == kDefaultState) ShowBackground(g_current_level_path);
-  MainLoop(*g_engine, NowNanoseconds, BeginStep);
+  MainLoop(*g_engine, NowNanoseconds, SleepNanoseconds, BeginStep);
   DestroyEngine();
   g_mixer = nullptr;
   mixer.reset();

@@ -1,6 +1,7 @@
 #include "core/base/clock.h"
 
 #include <chrono>
+#include <thread>
 
 namespace ZOVEngine {
 
@@ -15,6 +16,10 @@ std::int64_t NowNanoseconds() {
   using Steady = std::chrono::steady_clock;
   static_assert(Steady::period::num == 1);
   return CounterToNanoseconds(Steady::now().time_since_epoch().count(), Steady::period::den);
+}
+
+void SleepNanoseconds(std::int64_t nanoseconds) {
+  std::this_thread::sleep_for(std::chrono::nanoseconds(nanoseconds));
 }
 
 }  // namespace ZOVEngine

@@ -9,6 +9,12 @@ namespace ZOVEngine {
 /// The main loop takes one as an argument, so that a test can hand it any course of time.
 using Clock = std::function<std::int64_t()>;
 
+/// Lets the thread sleep for about this long, never much shorter (unit: nanoseconds).
+using Rest = std::function<void(std::int64_t nanoseconds)>;
+
+/// Sleeps by the machine's timer; returns at once if `nanoseconds` is not above 0.
+void SleepNanoseconds(std::int64_t nanoseconds);
+
 /// The machine's monotonic high-resolution counter (unit: nanoseconds).
 std::int64_t NowNanoseconds();
 
