@@ -58,6 +58,13 @@ class Failure(GameTest):
         self.assertEqual(self.game.errors(), f'carapace: cannot open the level file "{path}"\n')
         self.assertEqual(self.game.output(), "")
 
+    def test_an_orderly_run_writes_nothing_to_standard_error(self):
+        self.game = self.start({"mesa_glthread": None, "MESA_DEBUG": None})
+        window = self.game.wait_for_window()
+        window.close()
+        self.assert_orderly_end(self.game)
+        self.assertEqual(self.game.errors(), "")
+
     def test_a_missing_settings_file_is_logged_and_shown(self):
         (self.directory / SETTINGS).unlink()
         self.assert_not_found(SETTINGS)

@@ -10,27 +10,37 @@ namespace ZOVEngine {
 namespace {
 
 constexpr const char* kVariable = "mesa_glthread";
+constexpr const char* kTalk = "MESA_DEBUG";
 
-/// Gives the variable back what it was.
-class GLDriver : public ::testing::Test {
- protected:
-  GLDriver() {
-    if (const char* value = std::getenv(kVariable)) m_before = value;
+/// A variable of the environment, unset, that gets back what it was.
+class Variable {
+ public:
+  explicit Variable(const char* name) : m_name(name) {
+    if (const char* value = std::getenv(name)) m_before = value;
+    unsetenv(name);
   }
-  ~GLDriver() override {
+  ~Variable() {
     if (m_before) {
-      setenv(kVariable, m_before->c_str(), 1);
+      setenv(m_name, m_before->c_str(), 1);
     } else {
-      unsetenv(kVariable);
+      unsetenv(m_name);
     }
   }
+  Variable(const Variable&) = delete;
+  Variable& operator=(const Variable&) = delete;
 
  private:
+  const char* m_name;
   std::optional<std::string> m_before;
 };
 
+class GLDriver : public ::testing::Test {
+ private:
+  Variable m_thread{kVariable};
+  Variable m_talk{kTalk};
+};
+
 TEST_F(GLDriver, IsAskedForAThreadOfItsOwn) {
-  unsetenv(kVariable);
   PrepareGLDriver();
   EXPECT_STREQ(std::getenv(kVariable), "true");
 }
@@ -39,6 +49,18 @@ TEST_F(GLDriver, WhatTheUserSetStays) {
   setenv(kVariable, "false", 1);
   PrepareGLDriver();
   EXPECT_STREQ(std::getenv(kVariable), "false");
+  EXPECT_EQ(std::getenv(kTalk), nullptr);
+}
+
+TEST_F(GLDriver, IsAskedToBeSilentAboutIt) {
+  PrepareGLDriver();
+  EXPECT_STREQ(std::getenv(kTalk), "silent");
+}
+
+TEST_F(GLDriver, TalksAsTheUserSaid) {
+  setenv(kTalk, "context", 1);
+  PrepareGLDriver();
+  EXPECT_STREQ(std::getenv(kTalk), "context");
 }
 
 }  // namespace

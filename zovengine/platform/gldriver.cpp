@@ -7,9 +7,21 @@
 
 namespace ZOVEngine {
 
-void PrepareGLDriver() {
+namespace {
+
+void AskForThread() {
+  constexpr const char* kThread = "mesa_glthread";
   constexpr int kKeepWhatIsSet = 0;
-  SDL_setenv("mesa_glthread", "true", kKeepWhatIsSet);
+  if (SDL_getenv(kThread) != nullptr) return;
+  SDL_setenv(kThread, "true", kKeepWhatIsSet);
+  // Otherwise Mesa writes to standard error that an option was set in the environment.
+  SDL_setenv("MESA_DEBUG", "silent", kKeepWhatIsSet);
+}
+
+}  // namespace
+
+void PrepareGLDriver() {
+  AskForThread();
 #if defined(__GLIBC__)
   constexpr int kKeptBytes = 256 << 20;
   constexpr int kLargestOnHeap = 32 << 20;  // the most that the C library takes
