@@ -109,6 +109,13 @@ class Window(GameTest):
         self.window.close()
         self.assert_orderly_end(self.game)
 
+    def test_the_user_cannot_make_the_window_smaller_than_it_started(self):
+        self.start_and_wait()
+        call("wmctrl", "-i", "-r", self.window.id, "-e", "0,-1,-1,1400,800")
+        wait_until(lambda: self.window.size() == (1400, 800), "a larger window")
+        call("wmctrl", "-i", "-r", self.window.id, "-e", "0,-1,-1,640,360")
+        wait_until(lambda: self.window.size() == WINDOW, "the window's own size")
+
     def test_f10_opens_no_menu_and_stops_nothing(self):
         self.start_and_wait()
         tap("F10")

@@ -79,7 +79,8 @@ class Native {
   virtual ~Native() = default;
 
   /// Opens the window, hidden, at (0, 0). It is made at least a pixel and at most the desktop in
-  /// size. Returns an empty string, or a sentence for the user that says why there is no window.
+  /// size, and the user cannot make it smaller where the desktop grants that. Returns an empty
+  /// string, or a sentence for the user that says why there is no window.
   virtual std::string OpenWindow(const WindowRequest& request) = 0;
   /// Creates a double-buffered OpenGL context of the compatibility profile and makes it current.
   /// Returns an empty string, or a sentence for the user.
@@ -91,7 +92,7 @@ class Native {
   /// Covers the monitor that the window is on.
   virtual void SetFullScreen() = 0;
   /// Leaves full screen and the maximised state, and gives the window this client size (within the
-  /// limits of OpenWindow) at (0, 0).
+  /// limits of OpenWindow) at (0, 0). A size below that of OpenWindow becomes the smallest.
   /// A window that is so already is not touched. A minimised one stays minimised.
   virtual void SetWindowed(int width, int height) = 0;
   virtual void Minimise() = 0;

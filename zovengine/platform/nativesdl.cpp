@@ -139,6 +139,7 @@ class SdlNative final : public Native {
   bool TranslateMotion(const SDL_MouseMotionEvent& raw, NativeEvent* event);
   bool TranslateWheel(const SDL_MouseWheelEvent& raw, NativeEvent* event);
   bool TranslateDrop(SDL_DropEvent* raw, NativeEvent* event);
+  void SetSmallest(NativeSize size);
   void MoveToCorner();
   bool HasFlag(std::uint32_t flag) const { return (SDL_GetWindowFlags(m_window) & flag) != 0; }
   std::uint64_t ButtonState() const;
@@ -148,7 +149,8 @@ class SdlNative final : public Native {
 
   SDL_Window* m_window = nullptr;
   SDL_GLContext m_context = nullptr;
-  SDL_Event m_raw{};  ///< the event taken last
+  NativeSize m_smallest;  ///< the user's window; the size that it was opened with
+  SDL_Event m_raw{};      ///< the event taken last
   PlatformEventListener m_skipped_listener;
   std::uint64_t m_buttons = 0;    ///< held, as far as events were taken
   std::uint16_t m_modifiers = 0;  ///< SDL's bits, as far as events were taken
@@ -178,7 +180,10 @@ std::string SdlNative::OpenWindow(const WindowRequest& request) {
   const NativeSize size = FitToDesktop(request.client_size);
   m_window = SDL_CreateWindow(request.title.c_str(), 0, 0, size.width, size.height,
                               SDL_WINDOW_OPENGL | SDL_WINDOW_HIDDEN | SDL_WINDOW_RESIZABLE);
-  return m_window != nullptr ? "" : SdlReason("The window cannot be opened");
+  if (m_window == nullptr) return SdlReason("The window cannot be opened");
+  m_smallest = size;
+  SetSmallest(size);
+  return "";
 }
 
 std::string SdlNative::CreateContext() {
@@ -197,6 +202,7 @@ void SdlNative::SetFullScreen() {
 
 void SdlNative::SetWindowed(int width, int height) {
   const NativeSize wanted = FitToDesktop({width, height});
+  SetSmallest(wanted);
   SDL_SetWindowFullscreen(m_window, 0);
   if (HasFlag(SDL_WINDOW_MAXIMIZED) && !HasFlag(SDL_WINDOW_MINIMIZED)) SDL_RestoreWindow(m_window);
   NativeSize now;
@@ -205,6 +211,12 @@ void SdlNative::SetWindowed(int width, int height) {
     SDL_SetWindowSize(m_window, wanted.width, wanted.height);
   }
   MoveToCorner();
+}
+
+/// The user cannot make the window smaller than it was opened with, nor than the program wants it.
+void SdlNative::SetSmallest(NativeSize wanted) {
+  SDL_SetWindowMinimumSize(m_window, std::min(wanted.width, m_smallest.width),
+                           std::min(wanted.height, m_smallest.height));
 }
 
 /// The frame's corner goes to (0, 0), so the client area lies a border's width further in.

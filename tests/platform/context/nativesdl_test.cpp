@@ -423,6 +423,26 @@ TEST_F(RealWindowTest, AKeyHeldWhenTheFocusGoesIsLetGoWithoutARelease) {
   EXPECT_FALSE(native->IsKeyDown(kVkSpace));
 }
 
+TEST_F(RealWindowTest, TheUserCannotMakeItSmallerThanItWasOpened) {
+  const auto resize = [](const std::string& size) {
+    Do(std::string("wmctrl -r '") + kTitle + "' -e 0,-1,-1," + size);
+  };
+  resize("400,300");
+  ASSERT_TRUE(WaitFor(Kind::kSizeRestored));
+  EXPECT_EQ(event.x, 400);
+  resize("100,90");
+  ASSERT_TRUE(WaitFor(Kind::kSizeRestored));
+  EXPECT_EQ(event.x, 320);
+  EXPECT_EQ(event.y, 200);
+}
+
+TEST_F(RealWindowTest, TheProgramCan) {
+  native->SetWindowed(200, 150);
+  ASSERT_TRUE(WaitFor(Kind::kSizeRestored));
+  EXPECT_EQ(event.x, 200);
+  EXPECT_EQ(event.y, 150);
+}
+
 TEST_F(RealWindowTest, AButtonLetGoWhileTheWindowIsMinimisedIsNotHeldWhenItComesBack) {
   Do("xdotool mousemove 160 100 mousedown 1");
   ASSERT_TRUE(WaitFor(Kind::kLeftButtonDown));
