@@ -24,7 +24,6 @@
 #include "render/components/light.h"
 #include "render/components/render.h"
 #include "render/graphicsconfig.h"
-#include "render/images/imagequeue.h"
 #include "render/passes/backgroundpass.h"
 #include "render/passes/camerapass.h"
 #include "render/passes/crosshairpass.h"
@@ -51,9 +50,8 @@ constexpr float kFieldOfView = 2.0f * 0.39269909f;  // (unit: radians)
 constexpr float kNear = 0.1f;
 constexpr float kFar = 3000.0f;
 
-// A path of the texture list is "Resources/Textures/", the key, and an ending such as ".png".
-constexpr std::size_t kKeyStart = 19;
-constexpr std::size_t kKeyTail = 4;
+/// That a frame spends on textures which it does not show (unit: nanoseconds).
+constexpr std::int64_t kUploadTime = 2'000'000;
 
 constexpr float kContactLineLength = 100.0f;  // (unit: world units)
 constexpr float kContactLineWidth = 2.0f;     // (unit: world units)
@@ -109,12 +107,11 @@ void RenderSystem::Init() {
     document.Parse();
     ReadGraphicsConfig(document.Root(), this);
   }
-  ImageQueue images(m_texture_paths);
   FetchTables();
+  StartTextures();
   StartDevice();
   GlyphLoader loader;
   loader.Open(m_font_path);
-  UploadTextures(&images);
   loader.Load(g_gl_device, &m_glyphs);
 }
 
@@ -154,27 +151,19 @@ std::uint32_t RenderSystem::CompileShader(Program program, const std::string& ve
 }
 
 void RenderSystem::LoadTextures() {
-  ImageQueue images(m_texture_paths);
-  UploadTextures(&images);
+  StartTextures();
+  m_loader.Finish();
 }
 
-/// `images` are those of `m_texture_paths`.
-void RenderSystem::UploadTextures(ImageQueue* images) {
+/// The images of the screen that is loaded come first.
+void RenderSystem::StartTextures() {
   ZOV_ASSERT(m_texture_paths.size() <= kMaxTextures,
              std::string(kGraphicsConfigPath) + ": key \"texPath\": more than 1024 textures");
-  m_textures.clear();
-  for (std::size_t i = 0; i < m_texture_paths.size(); ++i) {
-    const std::string& path = m_texture_paths[i];
-    const bool has_key = path.size() >= kKeyStart + kKeyTail;
-    const std::optional<Image> image = images->Take();
-    if (!has_key || !image) {
-      std::cout << "ERROR: Failed to load texture." << '\n';
-      continue;
-    }
-    const auto position = static_cast<std::uint32_t>(i);
-    g_gl_device->UploadTexture(position, *image);
-    m_textures[path.substr(kKeyStart, path.size() - kKeyStart - kKeyTail)] = position;
+  std::vector<std::string> first{m_background_tex, kCrosshairTexture};
+  for (const Render* render : m_render_table->Components()) {
+    if (render->m_visible) first.push_back(render->m_tex);
   }
+  m_loader.Start(m_texture_paths, first, &m_textures);
 }
 
 bool RenderSystem::SaveGraphicsConfig() const {
@@ -231,12 +220,18 @@ void RenderSystem::Update(float dt) {
   m_sprites.Fill(m_render_table->Components());
   DrawWorld();
   DrawOverlays();
-  g_gl_device->Execute(m_painter.GetFrame());
-  // A tools layer that takes the window's events presents the frame itself, after its panels.
-  if (!g_window_state.imguiLive) g_gl_device->Present();
+  ShowFrame();
+  m_loader.Advance(kUploadTime);
   RecordElapsed("Render", start);
   m_lines.clear();
   m_collided_ids.clear();
+}
+
+void RenderSystem::ShowFrame() {
+  m_loader.Complete(&m_painter.GetFrame());
+  g_gl_device->Execute(m_painter.GetFrame());
+  // A tools layer that takes the window's events presents the frame itself, after its panels.
+  if (!g_window_state.imguiLive) g_gl_device->Present();
 }
 
 // The order of the passes is the stacking order of the frame.

@@ -14,13 +14,13 @@
 #include "render/linerecord.h"
 #include "render/painter.h"
 #include "render/spritelists.h"
+#include "render/textureloader.h"
 #include "render/treerectangle.h"
 
 namespace ZOVEngine {
 
 class Camera;
 class Font;
-class ImageQueue;
 class Light;
 class Render;
 class Transform;
@@ -52,16 +52,18 @@ class RenderSystem final : public UnpausedSystem {
   RenderSystem();
   ~RenderSystem() override;
 
-  /// Reads "Resources/Textures/graphics.json", compiles the programs, loads textures and glyphs.
-  /// The projection's aspect is that of the window now and stays so.
+  /// Reads "Resources/Textures/graphics.json", compiles the programs, loads the glyphs, and begins
+  /// to load the textures: a frame waits for those that it shows, the others come behind it. The
+  /// projection's aspect is that of the window now and stays so.
   void Init() override;
   /// Draws and shows one frame (unit of `dt`: seconds).
   void Update(float dt) override;
   /// Takes KeyDown, CollidedObjects, SelectedUnit, LevelBG, DrawLine and SetCamera.
   void SendMessage(Message* message) override;
 
-  /// Loads every image of `m_texture_paths` anew and rebuilds the keys. An image that fails prints
-  /// "ERROR: Failed to load texture." and has no key. More than kMaxTextures end the program.
+  /// Loads every image of `m_texture_paths` anew, waiting for all, and rebuilds the keys. An image
+  /// that fails prints "ERROR: Failed to load texture." and has no key. More than kMaxTextures end
+  /// the program.
   void LoadTextures();
   /// Writes "Resources/Textures/graphics.json". False when that failed; the old file then stands.
   bool SaveGraphicsConfig() const;
@@ -103,14 +105,16 @@ class RenderSystem final : public UnpausedSystem {
  private:
   void FetchTables();
   void StartDevice();
-  void UploadTextures(ImageQueue* images);
+  void StartTextures();
   std::uint32_t CompileShader(Program program, const std::string& vertexPath,
                               const std::string& fragmentPath);
   void DrawWorld();
   void DrawOverlays();
+  void ShowFrame();
   void DrawTree();
   void TakeContacts(const CollidedObjects& message);
 
+  TextureLoader m_loader;
   Painter m_painter;      ///< the frame, and the state that lasts between its draws
   SpriteLists m_sprites;  ///< the sprites of the frame by pass
   std::vector<TreeRectangle> m_tree_rectangles;

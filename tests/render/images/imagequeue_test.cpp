@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
+#include <optional>
 #include <string>
+#include <thread>
 #include <vector>
 
 namespace carapace_test {
@@ -13,30 +16,52 @@ using namespace ZOVEngine;
 const std::string kTextures = CARAPACE_SOURCE_DIR "/Resources/Textures/";
 const std::string kWall = kTextures + "Tile_Wall.png";
 const std::string kGlow = kTextures + "Particle_Glow.png";
-const std::string kNone = kTextures + "no such picture.png";
+const std::string kNone = kTextures + "no such image.png";
 
-TEST(ImageQueue, ThePicturesComeInTheOrderOfTheList) {
+TEST(ImageQueue, AnImageIsTakenByItsPositionInAnyOrder) {
   ImageQueue queue({kWall, kNone, kGlow});
-  const auto wall = queue.Take();
-  const auto none = queue.Take();
-  const auto glow = queue.Take();
+  const auto glow = queue.Take(2);
+  const auto wall = queue.Take(0);
   ASSERT_TRUE(wall && glow);
-  EXPECT_FALSE(none);
+  EXPECT_FALSE(queue.Take(1));
   EXPECT_EQ(wall->pixels, LoadImage(kWall)->pixels);
   EXPECT_EQ(glow->pixels, LoadImage(kGlow)->pixels);
   EXPECT_EQ(glow->width, LoadImage(kGlow)->width);
 }
 
+/// The position of a decoded image, for which this waits.
+std::size_t WaitForDecoded(const ImageQueue& queue) {
+  std::optional<std::size_t> found;
+  while (!(found = queue.FindDecoded())) std::this_thread::yield();
+  return *found;
+}
+
+TEST(ImageQueue, TheWorkerBeginsWithTheFirstAndGoesOnInTheOrderOfTheList) {
+  ImageQueue queue({kGlow, kGlow, kGlow, kGlow}, {2, 9, 1});
+  for (const std::size_t position : {2u, 1u, 0u, 3u}) {
+    EXPECT_EQ(WaitForDecoded(queue), position);
+    EXPECT_TRUE(queue.Take(position));
+  }
+  EXPECT_FALSE(queue.FindDecoded());
+}
+
+TEST(ImageQueue, AnImageBeyondThePlacesIsDecodedByTheConsumer) {
+  constexpr std::size_t kCount = ImageQueue::kMostAhead + 10;
+  ImageQueue queue(std::vector<std::string>(kCount, kGlow));
+  EXPECT_TRUE(queue.Take(kCount - 1)) << "though the worker waits for a place before";
+}
+
 TEST(ImageQueue, MoreThanItsPlacesComeThrough) {
-  ImageQueue queue(std::vector<std::string>(3 * ImageQueue::kMostAhead, kGlow));
-  for (int i = 0; i < 3 * ImageQueue::kMostAhead; ++i) EXPECT_TRUE(queue.Take());
+  constexpr std::size_t kCount = 3 * ImageQueue::kMostAhead;
+  ImageQueue queue(std::vector<std::string>(kCount, kGlow));
+  for (std::size_t i = 0; i < kCount; ++i) EXPECT_TRUE(queue.Take(i));
 }
 
 TEST(ImageQueue, WhatNobodyTakesIsLeft) {
   { ImageQueue queue(std::vector<std::string>(3 * ImageQueue::kMostAhead, kGlow)); }
   { ImageQueue queue({}); }
   ImageQueue queue({kNone, kGlow});
-  EXPECT_FALSE(queue.Take());
+  EXPECT_FALSE(queue.Take(0));
 }
 
 }  // namespace

@@ -1,9 +1,11 @@
 #pragma once
 
+#include <condition_variable>
 #include <cstddef>
-#include <future>
+#include <exception>
+#include <mutex>
 #include <optional>
-#include <semaphore>
+#include <stop_token>
 #include <string>
 #include <thread>
 #include <vector>
@@ -14,31 +16,49 @@ namespace ZOVEngine {
 
 /// Decodes the images of a list on a worker thread, ahead of the consumer.
 ///
-/// Decoding is the longest part of the start of the game, and compiling shaders and loading glyphs
-/// need not wait for it. The worker only calls LoadImage. It is at most kMostAhead images ahead,
-/// which bounds the memory. The destructor skips the images that are not begun yet and waits for
-/// the one that is being decoded.
+/// The consumer takes each image by its position in the list, in any order, once. The worker only
+/// calls LoadImage. It holds at most kMostAhead images that are decoded and not taken, which bounds
+/// the memory. The destructor skips the images that are not begun yet and waits for the one that is
+/// being decoded.
 class ImageQueue {
  public:
-  static constexpr int kMostAhead = 32;
+  static constexpr std::size_t kMostAhead = 32;
 
-  explicit ImageQueue(const std::vector<std::string>& paths);
+  /// The worker begins with the positions in `first`, in this order, and goes on with the others in
+  /// the order of the list. Positions beyond the list are ignored.
+  explicit ImageQueue(std::vector<std::string> paths, const std::vector<std::size_t>& first = {});
   ImageQueue(const ImageQueue&) = delete;
   ImageQueue& operator=(const ImageQueue&) = delete;
   ~ImageQueue();
 
-  /// The next image of the list, empty when it cannot be loaded; waits until it is decoded. May be
-  /// called once for each image. Rethrows an exception of the decoding, such as std::bad_alloc.
-  std::optional<Image> Take();
+  /// The image at `position`, empty when it cannot be loaded. Waits for the worker if it is at this
+  /// image, and decodes it here if it has not begun. Rethrows an exception of the decoding, such as
+  /// std::bad_alloc.
+  std::optional<Image> Take(std::size_t position);
+
+  /// The position of an image that Take returns at once; nothing while there is none.
+  std::optional<std::size_t> FindDecoded() const;
 
  private:
-  using Result = std::optional<Image>;
+  enum class Stage { kWaiting, kDecoding, kDecoded, kTaken };
 
-  void Decode(const std::stop_token& stop, std::vector<std::packaged_task<Result()>>* tasks);
+  struct Slot {
+    std::string path;
+    Stage stage = Stage::kWaiting;
+    std::optional<Image> image;
+    std::exception_ptr failure;
+  };
 
-  std::vector<std::future<Result>> m_images;
-  std::size_t m_taken = 0;
-  std::counting_semaphore<kMostAhead + 1> m_free{kMostAhead};  ///< slots for decoded images
+  void DecodeAll(const std::stop_token& stop);
+  bool WaitForPlace(const std::stop_token& stop);
+  void Decode(Slot* slot);
+  bool Claim(Slot* slot);
+
+  mutable std::mutex m_mutex;  ///< guards the stages and m_ahead; a claimed slot has one user
+  std::condition_variable_any m_changed;
+  std::vector<Slot> m_slots;
+  std::vector<std::size_t> m_order;
+  std::size_t m_ahead = 0;  ///< images that are decoded and not taken
   std::jthread m_thread;
 };
 

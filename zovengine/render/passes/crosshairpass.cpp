@@ -21,7 +21,7 @@ float g_angle = 0.0f;
 }  // namespace
 
 void CrosshairPass(Painter& painter) {
-  static const std::string kTexture = "Crosshair";
+  static const std::string kTexture = kCrosshairTexture;
   if (g_native != nullptr) g_native->SetCursorVisible(g_show_system_cursor);
   if (g_show_system_cursor) return;
   g_angle += kTurn;

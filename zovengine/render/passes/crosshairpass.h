@@ -4,6 +4,9 @@ namespace ZOVEngine {
 
 class Painter;
 
+/// The key of its texture.
+inline constexpr const char* kCrosshairTexture = "Crosshair";
+
 /// Draws the crosshair at the cursor, turned a little further in each frame, and hides the system's
 /// cursor.
 void CrosshairPass(Painter& painter);
