@@ -344,6 +344,22 @@ TEST(RenderUpdate, DrawsWhileTheEngineIsPaused) {
   EXPECT_EQ(world.device.presented, 1);
 }
 
+TEST(RenderUpdate, AMinimisedWindowIsNotDrawnButItsAnimationsGoOn) {
+  Scene scene;
+  Animation& animation = Of<Animation>(scene.AddAnimated("animated", "loop"));
+  scene.world.Step();
+  const int drawn = scene.world.device.executed;
+  const float frame = animation.m_currStep;
+  scene.world.native.minimised = true;
+  scene.world.Step();
+  EXPECT_EQ(scene.world.device.executed, drawn);
+  EXPECT_EQ(scene.world.device.presented, drawn);
+  EXPECT_NE(animation.m_currStep, frame);
+  scene.world.native.minimised = false;
+  scene.world.Step();
+  EXPECT_EQ(scene.world.device.executed, drawn + 1);
+}
+
 TEST(RenderUpdate, ALiveToolsLayerPresentsItself) {
   World world;
   g_window_state.imguiLive = true;

@@ -50,6 +50,7 @@ class FakeNative final : public ZOVEngine::Native {
   void MessageBox(const std::string& title, const std::string& text) override;
   void OpenConsole() override { Log("OpenConsole"); }
   ZOVEngine::NativeSize MonitorSize() const override { return monitor; }
+  bool IsMinimised() const override { return minimised; }
   bool HasFocus() const override { return focus; }
   bool IsKeyDown(std::uint32_t virtual_key) const override {
     return keys_down.count(virtual_key) != 0;
@@ -63,6 +64,7 @@ class FakeNative final : public ZOVEngine::Native {
   ZOVEngine::NativePoint cursor;
   ZOVEngine::NativeSize monitor{1920, 1080};
   bool focus = true;
+  bool minimised = false;
   std::string window_error;        ///< what OpenWindow returns
   std::string context_error;       ///< what CreateContext returns
   std::vector<std::string> calls;  ///< "Verb", or "Verb arguments", in order, without the next two

@@ -122,6 +122,8 @@ class Native {
 
   /// Size of the monitor that the window is on.
   virtual NativeSize MonitorSize() const = 0;
+  /// True while the window is minimised, so that nobody sees what is drawn.
+  virtual bool IsMinimised() const = 0;
   /// True while the window has the keyboard focus.
   virtual bool HasFocus() const = 0;
   /// True if the key, or mouse button 1 (left) or 2 (right), is down as of the last PumpEvent, or

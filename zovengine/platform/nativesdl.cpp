@@ -124,6 +124,7 @@ class SdlNative final : public Native {
   void OpenConsole() override {}
 
   NativeSize MonitorSize() const override;
+  bool IsMinimised() const override { return HasFlag(SDL_WINDOW_MINIMIZED); }
   bool HasFocus() const override;
   bool IsKeyDown(std::uint32_t virtual_key) const override;
   NativePoint CursorPosition() const override;

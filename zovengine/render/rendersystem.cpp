@@ -16,6 +16,7 @@
 #include "objects/gameobjfactory.h"
 #include "objects/reflection.h"
 #include "physics/components/transform.h"
+#include "platform/native.h"
 #include "platform/virtualkeys.h"
 #include "platform/windowsystem.h"
 #include "render/components/animation.h"
@@ -73,6 +74,12 @@ Matrix4x4 Perspective(float aspect) {
     for (int c = 0; c < 4; ++c) out.at[r][c] = columns[c][r];
   }
   return out;
+}
+
+/// Nobody sees the frames of a minimised window. The passes run all the same: animations are
+/// theirs.
+bool IsHidden() {
+  return g_native != nullptr && g_native->IsMinimised();
 }
 
 /// Reads a text file whole into `*out`, as far as it can be read. False when it cannot.
@@ -220,7 +227,7 @@ void RenderSystem::Update(float dt) {
   m_sprites.Fill(m_render_table->Components());
   DrawWorld();
   DrawOverlays();
-  ShowFrame();
+  if (!IsHidden()) ShowFrame();
   m_loader.Advance(kUploadTime);
   RecordElapsed("Render", start);
   m_lines.clear();

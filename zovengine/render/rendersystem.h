@@ -56,7 +56,8 @@ class RenderSystem final : public UnpausedSystem {
   /// to load the textures: a frame waits for those that it shows, the others come behind it. The
   /// projection's aspect is that of the window now and stays so.
   void Init() override;
-  /// Draws and shows one frame (unit of `dt`: seconds).
+  /// Draws and shows one frame (unit of `dt`: seconds). While the window is minimised the frame is
+  /// made, but not drawn.
   void Update(float dt) override;
   /// Takes KeyDown, CollidedObjects, SelectedUnit, LevelBG, DrawLine and SetCamera.
   void SendMessage(Message* message) override;

@@ -423,6 +423,16 @@ TEST_F(RealWindowTest, AKeyHeldWhenTheFocusGoesIsLetGoWithoutARelease) {
   EXPECT_FALSE(native->IsKeyDown(kVkSpace));
 }
 
+TEST_F(RealWindowTest, AMinimisedWindowSaysSo) {
+  EXPECT_FALSE(native->IsMinimised());
+  native->Minimise();
+  ASSERT_TRUE(WaitFor(Kind::kKillFocus));
+  EXPECT_TRUE(native->IsMinimised());
+  Do(std::string("wmctrl -a '") + kTitle + "'");
+  ASSERT_TRUE(WaitFor(Kind::kSetFocus));
+  EXPECT_FALSE(native->IsMinimised());
+}
+
 TEST_F(RealWindowTest, TheUserCannotMakeItSmallerThanItWasOpened) {
   const auto resize = [](const std::string& size) {
     Do(std::string("wmctrl -r '") + kTitle + "' -e 0,-1,-1," + size);
