@@ -16,6 +16,7 @@ inline constexpr std::size_t kMaxTextures = 1024;
 /// Counts of one executed frame, for tests and benchmarks.
 struct DeviceCounters {
   std::uint32_t draw_calls = 0;
+  std::uint32_t text_draw_calls = 0;  ///< those of them that draw glyphs
   std::uint32_t program_binds = 0;
   std::uint32_t texture_binds = 0;
   std::uint32_t vertex_array_binds = 0;

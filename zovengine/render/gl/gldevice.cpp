@@ -305,7 +305,7 @@ void RealGLDevice::Draw(const DrawRun& run, const Frame& frame) {
   Prepare(run, frame);
   const auto count = static_cast<GLsizei>(run.index_count);
   const void* first = Offset(run.first_index * sizeof(std::uint32_t));
-  m_state.CountDraw();
+  m_state.CountDraw(run.glyph_page != 0);
   if (run.instance_count == 0) {
     m_state.UseVertexArray(run.corners ? m_corner_array : m_sprite_array);
     glDrawElements(run.mode, count, GL_UNSIGNED_INT, first);

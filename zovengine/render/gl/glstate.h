@@ -54,8 +54,11 @@ class GLState {
   void BindArrayBuffer(GLuint name);
   void BindUploadBuffer(GLuint name);
 
-  /// Counts a draw call.
-  void CountDraw() { ++m_counters.draw_calls; }
+  /// Counts a draw call, of glyphs or of something else.
+  void CountDraw(bool is_text) {
+    ++m_counters.draw_calls;
+    m_counters.text_draw_calls += is_text ? 1u : 0u;
+  }
   /// Starts a new count.
   void ResetCounters() { m_counters = DeviceCounters(); }
 

@@ -103,8 +103,10 @@ TEST_F(GLStateTest, ABindOfWhatIsBoundCountsAsRedundant) {
 
 TEST_F(GLStateTest, ANewCountStartsAtNothingAndKeepsTheBinds) {
   m_state.UseTexture(2, 7);
-  m_state.CountDraw();
-  EXPECT_EQ(m_state.Counters().draw_calls, 1u);
+  m_state.CountDraw(false);
+  m_state.CountDraw(true);
+  EXPECT_EQ(m_state.Counters().draw_calls, 2u);
+  EXPECT_EQ(m_state.Counters().text_draw_calls, 1u);
   m_state.ResetCounters();
   EXPECT_EQ(m_state.Counters().draw_calls, 0u);
   EXPECT_EQ(m_state.Counters().texture_binds, 0u);
