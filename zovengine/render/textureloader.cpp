@@ -29,6 +29,7 @@ std::optional<std::string> FindKey(const std::string& path) {
 
 }  // namespace
 
+TextureLoader::TextureLoader() = default;
 TextureLoader::~TextureLoader() = default;
 
 void TextureLoader::Start(const std::vector<std::string>& paths,

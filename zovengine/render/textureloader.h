@@ -22,7 +22,7 @@ class ImageQueue;
 /// Decoding is done by a worker thread (ImageQueue), uploading by the caller's. Needs g_gl_device.
 class TextureLoader {
  public:
-  TextureLoader() = default;
+  TextureLoader();
   TextureLoader(const TextureLoader&) = delete;
   TextureLoader& operator=(const TextureLoader&) = delete;
   ~TextureLoader();
