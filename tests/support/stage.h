@@ -33,6 +33,11 @@ class Stage {
   ZOVEngine::ContactInfo Between(const std::string& a, const std::string& b) const;
   /// Derives all world transforms.
   static void Derive();
+  /// Puts the cursor at (x, y) from the middle of the screen (unit: world units).
+  void PointAt(int x, int y) {
+    // The window is 1280 by 720 and stands for a screen of 1080 lines.
+    world.native.cursor = {640 + x * 2 / 3, 360 - y * 2 / 3};
+  }
 
   World world;
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <set>
 #include <sstream>
 #include <string>
 #include <utility>
@@ -15,6 +16,15 @@
 #include "ui/screens/mainmenucontroller.h"
 
 namespace carapace_test {
+
+/// The interface states of a level, and those of the menu.
+inline const std::set<std::string> kLevelStates = {
+    "ui_default",        "ui_pause",         "ui_options",      "ui_how_to_play",
+    "ui_pause_glossary", "ui_pause_credits", "ui_quit_confirm", "ui_quit_mainmenu_confirm",
+    "ui_level_end"};
+inline const std::set<std::string> kMenuStates = {
+    "menu_slide",    "menu_default", "menu_level_select", "menu_howtoplay",
+    "menu_glossary", "menu_credits", "menu_quit"};
 
 /// The fields of a Render with this texture and alpha.
 inline std::string RenderOf(const std::string& texture = "rest", float alpha = 1.0f) {
@@ -65,30 +75,45 @@ inline std::string ButtonRecord(const std::string& click_name, const std::string
   return PieceRecord(name, {{"Button", button}, {"AudioSource", kSilence}}, area, render);
 }
 
-/// A level in play, with an enemy "e" and a player unit "p", whose interface the test steps.
-class LevelScreen : public TurnWorld {
+/// A stage with single pieces of a screen that the test steps, points at and clicks.
+template <class Base>
+class PieceStage : public Base {
  public:
-  explicit LevelScreen(const std::vector<std::string>& pieces) : TurnWorld(WithUnits(pieces)) {}
+  using Base::Base;
 
-  /// Runs updates of an element and nothing else.
+  /// Runs updates of a component and nothing else.
   template <class T>
   void Update(const std::string& name, int updates = 1) const {
-    for (int i = 0; i < updates; ++i) Of<T>(name).Update(ZOVEngine::kStep);
+    for (int i = 0; i < updates; ++i) this->template Of<T>(name).Update(ZOVEngine::kStep);
   }
-  ZOVEngine::Render& Sprite(const std::string& name) const { return Of<ZOVEngine::Render>(name); }
-  void Select(const std::string& unit) const { Controller().m_selected = Find(unit); }
-  void Show(const std::string& state) const { Controller().m_ui_state = state; }
+  /// Runs whole steps of the engine, whose output is dropped.
+  void Step(int steps = 1) {
+    OutputOf([&] { this->world.Step(steps); });
+  }
+  ZOVEngine::Render& Sprite(const std::string& name) const {
+    return this->template Of<ZOVEngine::Render>(name);
+  }
+  float& Alpha(const std::string& name) const { return Sprite(name).m_colour[3]; }
   /// Points at a button and presses and releases the left mouse button, with a step of the button
   /// before each.
   void ClickOn(const std::string& name) {
-    Derive();
-    const ZOVEngine::Vector3D& place = Of<ZOVEngine::Transform>(name).m_world_pos;
-    PointAt(static_cast<int>(place.x), static_cast<int>(place.y));
+    this->Derive();
+    const ZOVEngine::Vector3D& place = this->template Of<ZOVEngine::Transform>(name).m_world_pos;
+    this->PointAt(static_cast<int>(place.x), static_cast<int>(place.y));
     for (const std::uint32_t pressed : {1u, 0u}) {
       Update<ZOVEngine::Button>(name);
-      Click(0, pressed);
+      OutputOf([&] { this->world.Send(ZOVEngine::MouseButton(0, pressed, {0, 0, 1})); });
     }
   }
+};
+
+/// A level in play, with an enemy "e" and a player unit "p", whose interface the test steps.
+class LevelScreen : public PieceStage<TurnWorld> {
+ public:
+  explicit LevelScreen(const std::vector<std::string>& pieces) : PieceStage(WithUnits(pieces)) {}
+
+  void Select(const std::string& unit) const { Controller().m_selected = Find(unit); }
+  void Show(const std::string& state) const { Controller().m_ui_state = state; }
   void Kill(const std::string& unit) const { ZOVEngine::FindUnit(Find(unit))->m_alive = false; }
 
  private:
@@ -101,10 +126,13 @@ class LevelScreen : public TurnWorld {
 
 inline constexpr const char* kMenuUnits = "Level Editor/Levels/MainMenu/Entity/Units.json";
 
-/// The main menu with these pieces below its root "menu", whose controller has started.
-class MenuScreen : public Stage {
+/// The main menu with these pieces below its root "menu", whose controller has started. The
+/// objects `before` come ahead of the root.
+class MenuScreen : public PieceStage<Stage> {
  public:
-  explicit MenuScreen(const std::vector<std::string>& pieces) : Stage(WithPieces(pieces)) {
+  explicit MenuScreen(const std::vector<std::string>& pieces,
+                      const std::vector<std::string>& before = {})
+      : PieceStage(MenuFiles(pieces, before)) {
     OutputOf([&] {
       ZOVEngine::ChangeState(ZOVEngine::kMainMenuState, "");
       ZOVEngine::g_state_machine->Step(0.0f);
@@ -114,29 +142,15 @@ class MenuScreen : public Stage {
   }
 
   ZOVEngine::MainMenuController& Menu() const { return Of<ZOVEngine::MainMenuController>("menu"); }
-  ZOVEngine::Render& Sprite(const std::string& name) const { return Of<ZOVEngine::Render>(name); }
-  template <class T>
-  void Update(const std::string& name, int updates = 1) const {
-    for (int i = 0; i < updates; ++i) Of<T>(name).Update(ZOVEngine::kStep);
-  }
-  /// Presses and releases the left mouse button, with a step of the button before each.
-  void ClickOn(const std::string& name) {
-    const ZOVEngine::Vector3D& place = Of<ZOVEngine::Transform>(name).m_world_pos;
-    world.native.cursor = {640 + static_cast<int>(place.x) * 2 / 3,
-                           360 - static_cast<int>(place.y) * 2 / 3};
-    for (const std::uint32_t pressed : {1u, 0u}) {
-      Update<ZOVEngine::Button>(name);
-      OutputOf([&] { world.Send(ZOVEngine::MouseButton(0, pressed, {0, 0, 1})); });
-    }
-  }
+  void Show(const std::string& state) const { Menu().m_ui_state = state; }
 
  private:
-  static Files WithPieces(const std::vector<std::string>& pieces) {
-    const std::string root = Record(
+  static Files MenuFiles(const std::vector<std::string>& pieces, std::vector<std::string> objects) {
+    objects.push_back(Record(
         "menu",
         {{"Transform", TransformAt(0, 0)}, {"MainMenuController", "{}"}, {"AudioSource", kSilence}},
-        pieces);
-    return {{kMenuUnits, "{\"GameObjFactory\": [" + root + "]}"}};
+        pieces));
+    return {{kMenuUnits, ObjectsFile(objects)}};
   }
 };
 

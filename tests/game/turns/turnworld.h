@@ -83,11 +83,6 @@ class TurnWorld : public Stage {
   void Push(std::uint32_t direction, std::uint32_t pressed = 1) const {
     world.Send(ZOVEngine::PlayerDirectionKey(direction, pressed));
   }
-  /// Puts the cursor where the view's middle plus (x, y) is in the level.
-  void PointAt(int x, int y) {
-    // The window is 1280 by 720 and stands for a screen of 1080 lines.
-    world.native.cursor = {640 + x * 2 / 3, 360 - y * 2 / 3};
-  }
   /// Sets something on the map in motion.
   void Disturb() const { GetBody("stone").m_vel.x = 3.0f; }
 

@@ -5,14 +5,17 @@
 
 #include "core/engine.h"
 #include "core/messages.h"
-#include "core/statemachine.h"
-#include "render/components/render.h"
-#include "support/world.h"
+#include "ui/interfaceworlds.h"
 
 namespace ZOVEngine {
 namespace {
 
+using carapace_test::ObjectsFile;
+using carapace_test::PieceRecord;
+using carapace_test::PieceStage;
 using carapace_test::Record;
+using carapace_test::RenderOf;
+using carapace_test::Stage;
 using carapace_test::TransformAt;
 using carapace_test::World;
 using ::testing::IsEmpty;
@@ -20,48 +23,37 @@ using ::testing::IsEmpty;
 constexpr const char* kUnits = "Level Editor/Levels/SplashScreen/Entity/Units.json";
 const std::vector<std::string> kAllChildren = {"zarn_logo", "team_logo", "game_logo", "start"};
 
-std::string Picture(const std::string& name, float alpha = 0.0f) {
-  return Record(name, {{"Transform", TransformAt(0, 0)},
-                       {"Render", R"({"m_tile": false, "m_visible": true, "m_zLayer": 0,
-                           "m_tex": "default", "m_hl_tex": "default", "m_shader": "default",
-                           "m_colour": [1, 1, 1, )" +
-                                      std::to_string(alpha) + "]}"},
-                       {"iModel", "{}"}});
-}
-
-/// A splash screen with a choice of its children, all at alpha 0.
-std::string Screen(const std::vector<std::string>& children) {
-  std::vector<std::string> records;
-  for (const std::string& child : children) records.push_back(Picture(child));
-  return "{\"GameObjFactory\": [" + Record("splash", {{"SplashController", "{}"}}, records) + "]}";
-}
-
-class SplashScreen {
+/// The splash screen with a choice of its children, all at alpha 0. No step has run.
+class SplashScreen : public PieceStage<Stage> {
  public:
   explicit SplashScreen(const std::vector<std::string>& children = kAllChildren)
-      : world({{kUnits, Screen(children)}}) {
+      : PieceStage({{kUnits, Screen(children)}}) {
     g_menu_entry_click = false;
   }
 
-  SplashController& Splash() { return *world.Find("splash")->GetComponent<SplashController>(); }
-  float& Alpha(const std::string& name) {
-    return world.Find(name)->GetComponent<Render>()->m_colour[3];
-  }
-  void Update(float dt) { Splash().Update(dt); }
-  void Key() { world.Send(KeyUp(65)); }
+  SplashController& Splash() const { return Of<SplashController>("splash"); }
+  void Advance(float dt) const { Splash().Update(dt); }
+  void Key() const { world.Send(KeyUp(65)); }
 
   /// Updates by a step of the engine until `done`; returns the seconds that took, at most 20.
   template <class Done>
-  float SecondsUntil(Done done) {
+  float SecondsUntil(Done done) const {
     int steps = 0;
     while (!done() && steps < 1200) {
-      Update(kStep);
+      Advance(kStep);
       ++steps;
     }
     return static_cast<float>(steps) * kStep;
   }
 
-  World world;
+ private:
+  static std::string Screen(const std::vector<std::string>& children) {
+    std::vector<std::string> records;
+    for (const std::string& child : children) {
+      records.push_back(PieceRecord(child, {}, {}, RenderOf("default", 0.0f)));
+    }
+    return ObjectsFile({Record("splash", {{"SplashController", "{}"}}, records)});
+  }
 };
 
 TEST(SplashController, ANewControllerHasItsDefaults) {
@@ -83,10 +75,10 @@ TEST(SplashController, InitFindsTheChildrenByName) {
   SplashScreen screen;
   screen.Splash().Init();
   EXPECT_TRUE(screen.Splash().m_init);
-  EXPECT_EQ(screen.Splash().m_first_logo, screen.world.Find("zarn_logo"));
-  EXPECT_EQ(screen.Splash().m_team_logo, screen.world.Find("team_logo"));
-  EXPECT_EQ(screen.Splash().m_game_logo, screen.world.Find("game_logo"));
-  EXPECT_EQ(screen.Splash().m_start, screen.world.Find("start"));
+  EXPECT_EQ(screen.Splash().m_first_logo, screen.Find("zarn_logo"));
+  EXPECT_EQ(screen.Splash().m_team_logo, screen.Find("team_logo"));
+  EXPECT_EQ(screen.Splash().m_game_logo, screen.Find("game_logo"));
+  EXPECT_EQ(screen.Splash().m_start, screen.Find("start"));
 }
 
 TEST(SplashController, AnAbsentChildStaysNull) {
@@ -101,7 +93,7 @@ TEST(SplashController, AnAbsentChildStaysNull) {
 TEST(SplashController, AGrandchildIsNoChild) {
   World world;
   world.LoadObjects(Record("splash", {{"SplashController", "{}"}},
-                           {Record("group", {}, {Picture("zarn_logo")})}));
+                           {Record("group", {}, {PieceRecord("zarn_logo", {})})}));
   auto* splash = world.Find("splash")->GetComponent<SplashController>();
   splash->Init();
   EXPECT_EQ(splash->m_first_logo, nullptr);
@@ -111,9 +103,9 @@ TEST(SplashController, AGrandchildIsNoChild) {
 
 TEST(SplashController, AFadeInGrowsByTheStepOverTheFadeTime) {
   SplashScreen screen;
-  screen.Update(0.5f);
+  screen.Advance(0.5f);
   EXPECT_FLOAT_EQ(screen.Alpha("zarn_logo"), 0.25f);
-  screen.Update(0.5f);
+  screen.Advance(0.5f);
   EXPECT_FLOAT_EQ(screen.Alpha("zarn_logo"), 0.5f);
   EXPECT_EQ(screen.Alpha("team_logo"), 0.0f);
   EXPECT_EQ(screen.Alpha("game_logo"), 0.0f);
@@ -122,16 +114,16 @@ TEST(SplashController, AFadeInGrowsByTheStepOverTheFadeTime) {
 TEST(SplashController, TheTurnAndTheEndOfAFadeTakeAStepEach) {
   SplashScreen screen;
   SplashController& splash = screen.Splash();
-  screen.Update(2.0f);
+  screen.Advance(2.0f);
   EXPECT_EQ(screen.Alpha("zarn_logo"), 1.0f);
   EXPECT_FALSE(splash.m_fading_out);
-  screen.Update(2.0f);
+  screen.Advance(2.0f);
   EXPECT_TRUE(splash.m_fading_out);
   EXPECT_EQ(screen.Alpha("zarn_logo"), 1.0f);
-  screen.Update(2.0f);
+  screen.Advance(2.0f);
   EXPECT_EQ(screen.Alpha("zarn_logo"), 0.0f);
   EXPECT_FALSE(splash.m_first_done);
-  screen.Update(2.0f);
+  screen.Advance(2.0f);
   EXPECT_TRUE(splash.m_first_done);
   EXPECT_FALSE(splash.m_fading_out);
   EXPECT_EQ(screen.Alpha("team_logo"), 1.0f) << "the next stage begins in the same step";
@@ -153,22 +145,22 @@ TEST(SplashController, TheGameLogoStaysOn) {
   SplashScreen screen;
   for (int i = 0; i < 3; ++i) screen.Key();
   const float alpha = screen.Alpha("game_logo");
-  for (int i = 0; i < 300; ++i) screen.Update(kStep);
+  for (int i = 0; i < 300; ++i) screen.Advance(kStep);
   EXPECT_EQ(screen.Alpha("game_logo"), alpha);
 }
 
 TEST(SplashController, ThePromptBlinksOnceASecond) {
   SplashScreen screen;
-  screen.Update(0.0f);
+  screen.Advance(0.0f);
   for (int i = 0; i < 3; ++i) screen.Key();
-  screen.Update(1.0f);
+  screen.Advance(1.0f);
   EXPECT_EQ(screen.Alpha("start"), 0.0f) << "the timer is not above one second";
-  screen.Update(0.25f);
+  screen.Advance(0.25f);
   EXPECT_EQ(screen.Alpha("start"), 1.0f);
   EXPECT_EQ(screen.Splash().m_blink_timer, 0.0f);
-  screen.Update(1.0f);
+  screen.Advance(1.0f);
   EXPECT_EQ(screen.Alpha("start"), 1.0f);
-  screen.Update(0.25f);
+  screen.Advance(0.25f);
   EXPECT_EQ(screen.Alpha("start"), 0.0f);
 }
 
@@ -176,19 +168,19 @@ TEST(SplashController, ThePromptsTimeBeginsInTheStepThatEndsTheGameLogo) {
   SplashScreen screen;
   screen.Splash().m_first_done = screen.Splash().m_team_done = true;
   screen.Alpha("game_logo") = 1.0f;
-  screen.Update(0.25f);
+  screen.Advance(0.25f);
   EXPECT_TRUE(screen.Splash().m_game_done);
   EXPECT_EQ(screen.Splash().m_blink_timer, 0.25f);
-  screen.Update(1.0f);
+  screen.Advance(1.0f);
   EXPECT_EQ(screen.Alpha("start"), 1.0f);
 }
 
 TEST(SplashController, APromptOfAnotherAlphaDoesNotBlink) {
   SplashScreen screen;
   screen.Alpha("start") = 0.5f;
-  screen.Update(0.0f);
+  screen.Advance(0.0f);
   for (int i = 0; i < 3; ++i) screen.Key();
-  for (int i = 0; i < 5; ++i) screen.Update(1.5f);
+  for (int i = 0; i < 5; ++i) screen.Advance(1.5f);
   EXPECT_EQ(screen.Alpha("start"), 0.5f);
 }
 
@@ -196,12 +188,12 @@ TEST(SplashController, APromptOfAnotherAlphaDoesNotBlink) {
 
 TEST(SplashController, EachKeyEndsOneStageAndTheFourthLeaves) {
   SplashScreen screen;
-  screen.Update(1.0f);
+  screen.Advance(1.0f);
   screen.Key();
   EXPECT_TRUE(screen.Splash().m_first_done);
   EXPECT_FALSE(screen.Splash().m_team_done);
   EXPECT_EQ(screen.Alpha("zarn_logo"), 0.0f);
-  screen.Update(1.0f);
+  screen.Advance(1.0f);
   screen.Key();
   EXPECT_TRUE(screen.Splash().m_team_done);
   EXPECT_FALSE(screen.Splash().m_game_done);
@@ -242,11 +234,11 @@ TEST(SplashController, OnlyAReleasedKeyCounts) {
 TEST(SplashController, AKeyInAFadeOutHandsItOverToTheNextLogo) {
   SplashScreen screen;
   SplashController& splash = screen.Splash();
-  for (int i = 0; i < 3; ++i) screen.Update(1.0f);
+  for (int i = 0; i < 3; ++i) screen.Advance(1.0f);
   ASSERT_TRUE(splash.m_fading_out);
   screen.Key();
   EXPECT_TRUE(splash.m_fading_out) << "stays as it was";
-  screen.Update(kStep);
+  screen.Advance(kStep);
   EXPECT_TRUE(splash.m_team_done) << "at alpha 0 it counts as gone";
   EXPECT_FALSE(splash.m_fading_out);
 }
@@ -254,12 +246,12 @@ TEST(SplashController, AKeyInAFadeOutHandsItOverToTheNextLogo) {
 TEST(SplashController, AKeyInTheTeamsFadeOutKeepsTheGameLogoDarkUntilTheNextKey) {
   SplashScreen screen;
   SplashController& splash = screen.Splash();
-  screen.Update(0.0f);
+  screen.Advance(0.0f);
   screen.Key();
-  for (int i = 0; i < 3; ++i) screen.Update(1.0f);
+  for (int i = 0; i < 3; ++i) screen.Advance(1.0f);
   ASSERT_TRUE(splash.m_fading_out);
   screen.Key();
-  for (int i = 0; i < 300; ++i) screen.Update(kStep);
+  for (int i = 0; i < 300; ++i) screen.Advance(kStep);
   EXPECT_EQ(screen.Alpha("game_logo"), 0.0f);
   EXPECT_FALSE(splash.m_game_done);
   screen.Key();
@@ -278,9 +270,9 @@ TEST(SplashController, KeysBeforeTheFirstUpdateAreCounted) {
 
 TEST(SplashController, WithoutAPromptNothingBlinksAndTheKeyStillLeaves) {
   SplashScreen screen({"zarn_logo", "team_logo", "game_logo"});
-  screen.Update(0.0f);
+  screen.Advance(0.0f);
   for (int i = 0; i < 3; ++i) screen.Key();
-  for (int i = 0; i < 300; ++i) screen.Update(kStep);
+  for (int i = 0; i < 300; ++i) screen.Advance(kStep);
   EXPECT_EQ(screen.Splash().m_blink_timer, 0.0f);
   screen.Key();
   EXPECT_EQ(g_state_machine->m_next, 3);
@@ -288,11 +280,11 @@ TEST(SplashController, WithoutAPromptNothingBlinksAndTheKeyStillLeaves) {
 
 TEST(SplashController, AStageWithoutItsLogoWaitsForAKey) {
   SplashScreen screen({"team_logo", "game_logo", "start"});
-  for (int i = 0; i < 600; ++i) screen.Update(kStep);
+  for (int i = 0; i < 600; ++i) screen.Advance(kStep);
   EXPECT_FALSE(screen.Splash().m_first_done);
   EXPECT_EQ(screen.Alpha("team_logo"), 0.0f);
   screen.Key();
-  screen.Update(1.0f);
+  screen.Advance(1.0f);
   EXPECT_GT(screen.Alpha("team_logo"), 0.0f);
 }
 
