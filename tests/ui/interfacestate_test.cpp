@@ -10,6 +10,8 @@ namespace {
 using carapace_test::LevelScreen;
 using carapace_test::MenuScreen;
 using carapace_test::PieceRecord;
+using carapace_test::Record;
+using carapace_test::TransformAt;
 
 TEST(InterfaceState, InALevelItIsTheTurnControllers) {
   const LevelScreen level({PieceRecord("piece", {})});
@@ -42,6 +44,26 @@ TEST(MenuController, APieceBelowItFindsTheFirstObject) {
   const MenuScreen menu({PieceRecord("piece", {})});
   ASSERT_EQ(menu.Find("menu")->id, 0u);
   EXPECT_EQ(FindMenuController(menu.Find("piece")), &menu.Menu());
+}
+
+/// An object of no meaning.
+std::string Plain(const std::string& name, const std::vector<std::string>& children = {}) {
+  return Record(name, {{"Transform", TransformAt(0, 0)}}, children);
+}
+
+TEST(MenuController, BehindAnotherFirstObjectItIsFoundAbove) {
+  const MenuScreen menu({Plain("group", {PieceRecord("piece", {})})}, {Plain("first")});
+  ASSERT_NE(menu.Find("menu")->id, 0u);
+  for (const char* name : {"piece", "group", "menu"}) {
+    EXPECT_EQ(FindMenuController(menu.Find(name)), &menu.Menu()) << name;
+  }
+  EXPECT_EQ(FindMenuController(menu.Find("first")), nullptr);
+}
+
+TEST(MenuController, AnObjectBesideTheMenuFindsTheFirstObject) {
+  MenuScreen menu({PieceRecord("piece", {})});
+  menu.world.LoadObjects(Plain("beside"));
+  EXPECT_EQ(FindMenuController(menu.Find("beside")), &menu.Menu());
 }
 
 TEST(MenuController, AFirstObjectWithoutOneGivesNone) {

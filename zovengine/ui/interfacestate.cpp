@@ -8,14 +8,22 @@
 #include "ui/screens/mainmenucontroller.h"
 
 namespace ZOVEngine {
+namespace {
 
-MainMenuController* FindMenuController(GameObj* object) {
-  CurrMC query;
-  object->SendToComponents(&query);
-  for (GameObj* child : object->children) child->SendToComponentsRecursive(&query);
+MainMenuController* FindAnswering(const CurrMC& query) {
   const auto& objects = g_game_obj_factory->m_objects;
   if (query.objectId >= objects.size()) return nullptr;
   return FindComponent<MainMenuController>(objects[query.objectId]);
+}
+
+}  // namespace
+
+MainMenuController* FindMenuController(GameObj* object) {
+  CurrMC query;
+  object->SendToComponentsRecursive(&query);
+  if (MainMenuController* menu = FindAnswering(query)) return menu;
+  for (GameObj* at = object->parent; at != nullptr; at = at->parent) at->SendToComponents(&query);
+  return FindAnswering(query);
 }
 
 const std::string& InterfaceState(GameObj* object) {
