@@ -3,7 +3,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <set>
+
+#include "core/engine.h"
 #include "core/messages.h"
+#include "support/levelgame.h"
+#include "support/reports.h"
 #include "ui/interfaceworlds.h"
 #include "ui/screens/splashcontroller.h"
 
@@ -11,10 +16,15 @@ namespace ZOVEngine {
 namespace {
 
 using carapace_test::AsksFor;
-using carapace_test::kPlainLevel;
+using carapace_test::ButtonRecord;
 using carapace_test::MenuScreen;
+using carapace_test::OutputOf;
 using carapace_test::PieceRecord;
+using carapace_test::Record;
 using carapace_test::RenderOf;
+using carapace_test::Stage;
+using carapace_test::World;
+using ::testing::ElementsAre;
 
 const std::vector<std::string> kFading = {"menu_play", "menu_howtoplay", "menu_glossary",
                                           "menu_quit", "menu_credits"};
@@ -27,6 +37,13 @@ std::string TitleAt(float y) {
 /// The menu's first step, and `steps` more, of the controller alone.
 void Advance(const MenuScreen& menu, int steps) {
   menu.Update<MainMenuController>("menu", steps);
+}
+
+TEST(MainMenu, ANewOneHasItsDefaults) {
+  const MainMenuController menu(nullptr);
+  EXPECT_EQ(menu.m_ui_state, "menu_slide");
+  EXPECT_FALSE(menu.m_launch || menu.m_slide_done || menu.m_buttons_done);
+  EXPECT_EQ(menu.m_level_path, "Level Editor/Levels/Level01/Level01.json");
 }
 
 TEST(MainMenu, ItBeginsWithTheSlideAndItsMusic) {
@@ -94,11 +111,29 @@ TEST(MainMenu, ATitleAtExactly200StillRises) {
   EXPECT_FALSE(menu.Menu().m_slide_done);
 }
 
-TEST(MainMenu, WithoutATitleItStaysShut) {
-  const MenuScreen menu({PieceRecord("menu_play", {}, {}, RenderOf("rest", 0.0f))});
+/// A button of the first page, not yet faded in.
+std::string PlayButton() {
+  return ButtonRecord("menu_play", "menu_default", {}, "menu_play", RenderOf("rest", 0.0f));
+}
+
+TEST(MainMenu, WithoutATitleItStaysShutAndItsButtonsHiddenAndDead) {
+  MenuScreen menu({PlayButton()});
   Advance(menu, 600);
+  menu.ClickOn("menu_play");
   EXPECT_EQ(menu.Menu().m_ui_state, "menu_slide");
-  EXPECT_EQ(menu.Sprite("menu_play").m_colour[3], 0.0f);
+  EXPECT_EQ(menu.Alpha("menu_play"), 0.0f);
+  EXPECT_FALSE(menu.Sprite("menu_play").m_visible);
+}
+
+TEST(MainMenu, ButtonsThatStillFadeAreNotSeenOnAnotherPage) {
+  MenuScreen menu({TitleAt(300), PlayButton()});
+  menu.Step(5);
+  EXPECT_TRUE(menu.Sprite("menu_play").m_visible);
+  menu.ClickOn("menu_play");
+  menu.Step();
+  EXPECT_EQ(menu.Menu().m_ui_state, "menu_level_select");
+  EXPECT_FALSE(menu.Menu().m_buttons_done);
+  EXPECT_FALSE(menu.Sprite("menu_play").m_visible);
 }
 
 TEST(MainMenu, TheButtonsFadeInToTwiceTheirAlpha) {
@@ -109,19 +144,19 @@ TEST(MainMenu, TheButtonsFadeInToTwiceTheirAlpha) {
   pieces.push_back(PieceRecord("menu_level_01", {}, {}, RenderOf("rest", 0.0f)));
   const MenuScreen menu(pieces);
   for (const std::string& name : kFading) {
-    menu.Sprite(name).m_colour[3] = 0.0f;
+    menu.Alpha(name) = 0.0f;
     menu.Sprite(name).m_visible = false;
   }
   Advance(menu, 15);
   for (const std::string& name : kFading) {
     EXPECT_TRUE(menu.Sprite(name).m_visible) << name;
-    EXPECT_NEAR(menu.Sprite(name).m_colour[3], 1.0f, 1e-3f) << name;
+    EXPECT_NEAR(menu.Alpha(name), 1.0f, 1e-3f) << name;
   }
   EXPECT_FALSE(menu.Menu().m_buttons_done);
   Advance(menu, 17);
-  for (const std::string& name : kFading) EXPECT_EQ(menu.Sprite(name).m_colour[3], 2.0f) << name;
+  for (const std::string& name : kFading) EXPECT_EQ(menu.Alpha(name), 2.0f) << name;
   EXPECT_TRUE(menu.Menu().m_buttons_done);
-  EXPECT_EQ(menu.Sprite("menu_level_01").m_colour[3], 0.0f);
+  EXPECT_EQ(menu.Alpha("menu_level_01"), 0.0f);
 }
 
 TEST(MainMenu, ItAnswersOnlyTheQueryForItself) {
@@ -146,6 +181,53 @@ TEST(MainMenu, ALaunchedLevelStartsInTheNextStep) {
   EXPECT_EQ(g_state_machine->m_next, kDefaultState);
   EXPECT_EQ(menu.world.Find("menu"), nullptr);
   g_current_level_path = "Level Editor/Levels/Level01/Level01.json";
+}
+
+TEST(MainMenu, WithoutASourceItLaunchesInSilence) {
+  Stage stage;
+  stage.world.LoadObjects(Record("menu", {{"MainMenuController", "{}"}}));
+  auto& menu = stage.Of<MainMenuController>("menu");
+  menu.Init();
+  menu.LaunchLevel("Level Editor/Levels/Level01/Level01.json");
+  menu.Update(kStep);
+  EXPECT_EQ(g_state_machine->m_next, kDefaultState);
+}
+
+/// The files of music that can be heard.
+std::set<std::string> PlayingMusic(const World& world) {
+  std::set<std::string> names;
+  for (const auto& [handle, stream] : world.mixer.streams) {
+    const std::string& path = stream.request.path;
+    if (stream.playing && stream.request.group == SoundGroup::kMusic)
+      names.insert(path.substr(path.rfind('/') + 1));
+  }
+  return names;
+}
+
+TEST(MenuMusic, OfTheShippedScreensOneEndsWhereTheNextBegins) {
+  carapace_test::LevelGame game("Level01", 1);
+  World& world = game.world;
+  const auto level = [&]() -> GameController& {
+    return *world.Find("level")->GetComponent<GameController>();
+  };
+  const auto music_after_two_steps = [&] {
+    OutputOf([&] { world.Step(2); });
+    return PlayingMusic(world);
+  };
+  EXPECT_THAT(music_after_two_steps(), ElementsAre("maintheme03.ogg"));
+  level().RequestQuitToMenu();
+  EXPECT_THAT(music_after_two_steps(), ElementsAre("maintheme01.ogg"));
+  auto* menu = world.Find("menu")->GetComponent<MainMenuController>();
+  EXPECT_EQ(menu->m_ui_state, "menu_slide") << "the title slides in after a level, too";
+  menu->LaunchLevel("Level Editor/Levels/Level01/Level01.json");
+  EXPECT_THAT(music_after_two_steps(), ElementsAre("maintheme03.ogg"));
+  for (GameObj* enemy : level().m_enemies) enemy->GetComponent<Enemy>()->m_alive = false;
+  EXPECT_THAT(music_after_two_steps(), ElementsAre("victory.ogg"));
+  g_engine->paused = true;
+  level().RequestRestart();
+  EXPECT_THAT(music_after_two_steps(), ElementsAre("victory.ogg")) << "it was asked for again";
+  g_engine->paused = false;
+  EXPECT_THAT(music_after_two_steps(), ElementsAre("maintheme03.ogg"));
 }
 
 }  // namespace

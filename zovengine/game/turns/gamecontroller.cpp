@@ -110,6 +110,8 @@ void GameController::GatherChildren() {
 void GameController::Update(float) {
   if (!m_init) Init();
   if (m_restart) {
+    // Once more: while the restart waited for the end of a pause, a sound may have begun anew.
+    RequestRestart();
     ChangeState(kReenterState, "");
     return;
   }

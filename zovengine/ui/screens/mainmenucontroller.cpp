@@ -4,6 +4,7 @@
 #include <array>
 #include <string_view>
 
+#include "audio/audiosource.h"
 #include "core/messages.h"
 #include "core/statemachine.h"
 #include "game/objectquery.h"
@@ -20,6 +21,7 @@ constexpr float kFadeSpeed = 4.0f;      ///< of the buttons' alpha (unit: per se
 /// The fade runs on past full alpha, deliberately: the second half of its time shows nothing.
 constexpr float kFadeEnd = 2.0f;
 
+constexpr const char* kTheme = "maintheme01.ogg";
 constexpr std::array<std::string_view, 3> kExamples = {"EnvDestructible", "EnvDamage",
                                                        "EnvBlackhole"};
 constexpr std::array<std::string_view, 5> kFadingButtons = {
@@ -38,7 +40,7 @@ void MainMenuController::Init() {
   m_launch = false;
   m_level_path = "Level Editor/Levels/Level01/Level01.json";
   m_slide_done = m_buttons_done = false;
-  PlaySound(m_owner, "maintheme01.ogg");
+  PlaySound(m_owner, kTheme);
   if (g_menu_entry_click) PlaySound(m_owner, "button_click.ogg");
   for (GameObj* child : m_owner->children) {
     if (Contains(kExamples, child->name)) child->SetActive(false);
@@ -48,12 +50,18 @@ void MainMenuController::Init() {
 void MainMenuController::Update(float dt) {
   if (!m_init) Init();
   if (m_launch) {
-    g_current_level_path = m_level_path;
-    ChangeState(kDefaultState, "");
+    Launch();
     return;
   }
   if (!m_slide_done) SlideTitle(dt);
   if (m_slide_done && !m_buttons_done) FadeButtonsIn(dt);
+}
+
+/// The theme loops. Its stop is still pending when the source is destroyed, which carries it out.
+void MainMenuController::Launch() {
+  if (auto* source = FindComponent<AudioSource>(m_owner)) source->StopSound(kTheme);
+  g_current_level_path = m_level_path;
+  ChangeState(kDefaultState, "");
 }
 
 void MainMenuController::SlideTitle(float dt) {

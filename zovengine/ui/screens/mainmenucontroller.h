@@ -36,6 +36,7 @@ class MainMenuController final : public EmptyLogicComponent {
   bool m_buttons_done = false;  ///< the buttons have faded in
 
  private:
+  void Launch();
   void SlideTitle(float dt);
   void FadeButtonsIn(float dt);
 };
