@@ -5,6 +5,7 @@
 #include "game/componentkinds.h"
 #include "game/shots/projectileexplosion.h"
 #include "game/shots/projectilevacuum.h"
+#include "platform/inputsystem.h"
 #include "render/components/font.h"
 #include "ui/elements/uielement.h"
 #include "ui/interfaceworlds.h"
@@ -104,11 +105,15 @@ TEST(EnergyBar, OverspentEnergyIsNone) {
 }
 
 TEST(EnergyBar, AUnitThatCannotMoveHasNone) {
-  const LevelScreen level = EnergyBar();
-  level.Select("p");
-  level.GetPlayer("p").m_movement_limit = level.GetPlayer("p").m_movement_curr = 0.0f;
-  level.Update<UIElement>("piece");
-  EXPECT_EQ(level.Of<Transform>("piece").m_local_scale.x, 0.0f);
+  for (const float energy : {0.0f, 3.0f}) {
+    const LevelScreen level = EnergyBar();
+    level.Select("p");
+    level.GetPlayer("p").m_movement_limit = 0.0f;
+    level.GetPlayer("p").m_movement_curr = energy;
+    level.Update<UIElement>("piece");
+    EXPECT_EQ(level.Of<Transform>("piece").m_local_scale.x, 0.0f);
+    EXPECT_FLOAT_EQ(level.Of<Transform>("piece").m_local_pos.x, -300.0f - 100.0f * 0.45f);
+  }
 }
 
 TEST(EnergyBar, IsDimWhenTheLevelIsNotLive) {
@@ -181,16 +186,21 @@ TEST(WeaponPanel, NamesAreSeenWhileTheLevelIsLive) {
   }
 }
 
+void ExpectGuns(const LevelScreen& level, const std::string& gun) {
+  level.Select("own");
+  level.Update<UIElement>("piece");
+  EXPECT_EQ(level.Sprite("piece").m_tex, gun + "_Green");
+  level.Select("foe");
+  level.Update<UIElement>("piece");
+  EXPECT_EQ(level.Sprite("piece").m_tex, gun + "_Red");
+}
+
 TEST(WeaponPanel, ShowsTheGunInTheColourOfTheSide) {
   for (const Weapon& weapon : kWeapons) {
-    const LevelScreen level =
-        Armed(ElementRecord("piece", "ui_weapon0_tex"), weapon.shot, "ProjectileSwap");
-    level.Select("own");
-    level.Update<UIElement>("piece");
-    EXPECT_EQ(level.Sprite("piece").m_tex, std::string(weapon.gun) + "_Green");
-    level.Select("foe");
-    level.Update<UIElement>("piece");
-    EXPECT_EQ(level.Sprite("piece").m_tex, std::string(weapon.gun) + "_Red");
+    ExpectGuns(Armed(ElementRecord("piece", "ui_weapon0_tex"), weapon.shot, "ProjectileSwap"),
+               weapon.gun);
+    ExpectGuns(Armed(ElementRecord("piece", "ui_weapon1_tex"), "ProjectileSwap", weapon.shot),
+               weapon.gun);
   }
 }
 
@@ -232,23 +242,26 @@ TEST(WeaponPanel, WithoutASelectionOrAShotItKeepsItsFormerLook) {
 }
 
 TEST(WeaponPanel, ABossHasNamesAndAGunOfItsOwn) {
-  const LevelScreen level({ElementRecord("gun", "ui_weapon1_tex"),
+  const LevelScreen level({ElementRecord("gun0", "ui_weapon0_tex"),
+                           ElementRecord("gun1", "ui_weapon1_tex"),
                            ElementRecord("name0", "ui_weapon0_font", {{"Font", kText}}),
                            ElementRecord("name1", "ui_weapon1_font", {{"Font", kText}})});
   level.GetEnemy("e").m_boss = true;
   level.Select("e");
   const auto update = [&] {
-    for (const char* name : {"gun", "name0", "name1"}) level.Update<UIElement>(name);
+    for (const char* name : {"gun0", "gun1", "name0", "name1"}) level.Update<UIElement>(name);
   };
   update();
-  EXPECT_EQ(level.Sprite("gun").m_tex, "Gun_Boss");
-  EXPECT_EQ(level.Sprite("gun").m_colour[3], 1.0f);
+  for (const char* gun : {"gun0", "gun1"}) {
+    EXPECT_EQ(level.Sprite(gun).m_tex, "Gun_Boss");
+    EXPECT_EQ(level.Alpha(gun), 1.0f) << "in hand or not";
+  }
   EXPECT_EQ(level.Of<Font>("name0").m_text, "EXPLOSION");
   EXPECT_EQ(level.Of<Font>("name1").m_text, "BASIC");
   level.GetEnemy("e").m_phase_two = true;
   level.Show("ui_pause");
   update();
-  EXPECT_EQ(level.Sprite("gun").m_colour[3], 0.3f);
+  for (const char* gun : {"gun0", "gun1"}) EXPECT_EQ(level.Alpha(gun), 0.3f);
   EXPECT_EQ(level.Of<Font>("name0").m_text, "EXPLOSION");
   EXPECT_EQ(level.Of<Font>("name1").m_text, "EXPLOSION");
 }
@@ -269,6 +282,7 @@ TEST(ReachIndicator, FollowsTheCursorWithoutTheCamera) {
   level.PointAt(150, -90);
   level.Update<UIElement>("piece");
   ExpectNear(level.Of<Transform>("piece").m_local_pos, 150, -90);
+  EXPECT_EQ(level.Of<Transform>("piece").m_local_pos.z, GetCursorScreenPosition().z);
 }
 
 TEST(ReachIndicator, ShowsTheReachOfTheWeaponInHand) {
@@ -279,6 +293,7 @@ TEST(ReachIndicator, ShowsTheReachOfTheWeaponInHand) {
   const Transform& circle = blast.Of<Transform>("piece");
   EXPECT_FLOAT_EQ(circle.m_local_scale.x, 160.0f);
   EXPECT_FLOAT_EQ(circle.m_local_scale.y, 160.0f);
+  EXPECT_EQ(circle.m_local_scale.z, 1.0f);
   EXPECT_FLOAT_EQ(circle.m_local_rotate, 0.3f);
   blast.GetPlayer("own").m_selected_first_weapon = false;
   blast.Update<UIElement>("piece");
@@ -294,6 +309,25 @@ TEST(ReachIndicator, AVacuumShowsALittleMore) {
   EXPECT_FLOAT_EQ(level.Of<Transform>("piece").m_local_scale.x, 175.0f);
 }
 
+TEST(ReachIndicator, OfAShotThatIsBothTheVacuumCounts) {
+  const LevelScreen level(
+      {ElementRecord("piece", "aoe_indicator"),
+       UnitAt(UnitKind::kPlayer, "own", 0, 200, "{}",
+              {Record("Weapon0Projectile", {{"ProjectileExplosion", R"({"m_aoe": 10})"},
+                                            {"ProjectileVacuum", R"({"m_aoe": 100})"}})})});
+  level.Select("own");
+  level.Update<UIElement>("piece");
+  EXPECT_FLOAT_EQ(level.Of<Transform>("piece").m_local_scale.x, 175.0f);
+}
+
+TEST(ReachIndicator, OfAUnitWithoutAWeaponIsNothingAndTurns) {
+  const LevelScreen level({ElementRecord("piece", "aoe_indicator")});
+  level.Select("p");
+  level.Update<UIElement>("piece");
+  EXPECT_EQ(level.Of<Transform>("piece").m_local_scale.x, 0.0f);
+  EXPECT_FLOAT_EQ(level.Of<Transform>("piece").m_local_rotate, 0.3f);
+}
+
 TEST(ReachIndicator, IsNothingForAnEnemyAndStaysWithoutASelection) {
   const LevelScreen level = Reach("ProjectileExplosion");
   const Transform& circle = level.Of<Transform>("piece");
@@ -304,6 +338,7 @@ TEST(ReachIndicator, IsNothingForAnEnemyAndStaysWithoutASelection) {
   level.Update<UIElement>("piece");
   EXPECT_EQ(circle.m_local_scale.x, 0.0f);
   EXPECT_EQ(circle.m_local_scale.y, 0.0f);
+  EXPECT_EQ(circle.m_local_scale.z, 1.0f);
   EXPECT_EQ(circle.m_local_rotate, 0.0f);
 }
 

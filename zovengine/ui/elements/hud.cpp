@@ -19,9 +19,9 @@
 namespace ZOVEngine {
 namespace {
 
-constexpr float kDimmed = 0.3f;         ///< alpha of what is not live or not in hand
-constexpr float kBarEasing = 0.45f;     ///< part of the way that the bar's left end takes in a step
-constexpr float kReachPerBlast = 1.6f;  ///< size of the circle over the reach of an explosion
+constexpr float kDimmed = 0.3f;            ///< alpha of what is not live or not in hand
+constexpr float kBarEasing = 0.45f;        ///< of the distance that the bar still has to go, a step
+constexpr float kReachPerBlast = 1.6f;     ///< size of the circle over the reach of an explosion
 constexpr float kReachPerVacuum = 1.75f;   ///< and over that of a vacuum
 constexpr float kReachTurnPerStep = 0.3f;  ///< of the circle (unit: degrees)
 
@@ -49,14 +49,22 @@ const Shot* FindShot(GameObj* unit, int weapon) {
   return first;
 }
 
+/// Of a shot that is both, the vacuum counts.
 float FindReach(GameObj* shot) {
-  if (const auto* blast = FindComponent<ProjectileExplosion>(shot)) {
-    return blast->m_aoe * kReachPerBlast;
-  }
   if (const auto* vacuum = FindComponent<ProjectileVacuum>(shot)) {
     return vacuum->m_aoe * kReachPerVacuum;
   }
+  if (const auto* blast = FindComponent<ProjectileExplosion>(shot)) {
+    return blast->m_aoe * kReachPerBlast;
+  }
   return 0.0f;
+}
+
+/// The share of its energy that a unit has left, at least 0; may be above 1. A unit that cannot
+/// move has none.
+float EnergyLeft(const Player& player) {
+  if (player.m_movement_limit == 0.0f) return 0.0f;
+  return std::max(0.0f, player.m_movement_curr / player.m_movement_limit);
 }
 
 }  // namespace
@@ -84,8 +92,7 @@ void ShowEnergy(UIElement* element) {
   const auto* player = FindComponent<Player>(game->m_selected);
   if (player == nullptr) return;
   if (auto* bar = FindComponent<Transform>(element->m_owner)) {
-    const float left = std::max(0.0f, player->m_movement_curr / player->m_movement_limit);
-    const float width = left * element->m_bar_scale;
+    const float width = EnergyLeft(*player) * element->m_bar_scale;
     bar->m_local_scale.x = width;
     bar->m_local_pos.x -= (bar->m_local_pos.x - width * 0.5f - element->m_bar_left) * kBarEasing;
   }
