@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "core/engine.h"
+#include "platform/virtualkeys.h"
 #include "support/reports.h"
 #include "ui/elements/uielement.h"
 #include "ui/interfaceworlds.h"
@@ -22,16 +23,28 @@ using carapace_test::ReadRecord;
 using carapace_test::Record;
 using carapace_test::RecordOf;
 using carapace_test::RenderOf;
+using carapace_test::Stage;
 
 /// A level with one button "button" of 300 by 100 at (200, 100), which opens the options.
 LevelScreen OptionsButton(const std::string& state = "ui_default") {
   return LevelScreen({ButtonRecord("ui_pause_options", state, {200, 100, 300, 100})});
 }
 
-TEST(Button, ItsNameStateAndTexturesAreInItsFile) {
-  Button button(nullptr);
+TEST(Button, ANewOneHasItsDefaults) {
+  const Button button(nullptr);
+  EXPECT_FALSE(button.m_hover || button.m_clicked);
+  EXPECT_FALSE(button.m_end_fade_started || button.m_end_fade_done);
+  EXPECT_EQ(button.m_dt, 0.0f);
+  for (const std::string& texture :
+       {button.m_default_tex, button.m_highlight_tex, button.m_click_tex}) {
+    EXPECT_EQ(texture, "default");
+  }
   EXPECT_EQ(button.m_click_name, "default");
   EXPECT_EQ(button.m_usable_state, "ui_default");
+}
+
+TEST(Button, ItsNameStateAndTexturesAreInItsFile) {
+  Button button(nullptr);
   EXPECT_EQ(OutputOf([&] { ReadRecord("{}", button); }),
             "Cant find Key: m_click_name\nCant find Key: m_usable_state\n"
             "Cant find Key: m_default_tex\nCant find Key: m_highlight_tex\n"
@@ -161,6 +174,30 @@ TEST(Button, APressOutsideAndAReleaseInsideAct) {
   EXPECT_EQ(level.Controller().m_ui_state, "ui_options");
 }
 
+TEST(Button, HeldDownItKeepsTheMouseAndAReleaseOutsideActs) {
+  LevelScreen level = OptionsButton();
+  level.Derive();
+  Hovers(level, 200, 100);
+  for (int step = 0; step < 3; ++step) {
+    level.Click(0, 1);
+    EXPECT_TRUE(Hovers(level, -400, 0)) << "the mouse is not looked at in the step of a press";
+    EXPECT_EQ(level.Sprite("button").m_tex, "press");
+  }
+  level.Click(0, 0);
+  EXPECT_EQ(level.Controller().m_ui_state, "ui_options");
+}
+
+TEST(Button, AnotherScreenEndsAPress) {
+  LevelScreen level = OptionsButton();
+  level.Derive();
+  Hovers(level, 200, 100);
+  level.Click(0, 1);
+  level.Show("ui_pause");
+  level.Update<Button>("button");
+  EXPECT_FALSE(level.Of<Button>("button").m_clicked);
+  EXPECT_EQ(level.Sprite("button").m_tex, "rest");
+}
+
 TEST(Button, TheRightButtonDoesNothing) {
   LevelScreen level = OptionsButton();
   level.Derive();
@@ -206,6 +243,46 @@ TEST(Button, TwoThatOverlapBothAct) {
   EXPECT_FALSE(level.Controller().m_sfx_on);
 }
 
+TEST(Button, TheSecondOfTwoSeesTheStateThatTheFirstHasLeft) {
+  LevelScreen level({ButtonRecord("ui_pause_options", "ui_pause", {}, "first"),
+                     ButtonRecord("ui_pause_quit", "ui_pause", {}, "second")});
+  level.Derive();
+  level.Show("ui_pause");
+  level.PointAt(0, 0);
+  level.Update<Button>("first");
+  level.Update<Button>("second");
+  level.Click(0, 0);
+  EXPECT_EQ(level.Controller().m_ui_state, "ui_options");
+  EXPECT_FALSE(level.Of<Button>("second").m_clicked);
+}
+
+/// The interface state of a level, and whether it is paused.
+struct ScreenState {
+  const char* screen;
+  bool paused;
+};
+
+TEST(Button, EscapeInTheStepOfAReleaseComesFirst) {
+  constexpr ScreenState kInPlay = {"ui_default", false};
+  constexpr ScreenState kInPause = {"ui_pause", true};
+  for (const auto& [from, to] : {std::pair(kInPlay, kInPause), std::pair(kInPause, kInPlay)}) {
+    LevelScreen level({ButtonRecord("ui_pause_resume", from.screen, {200, 100})});
+    level.Controller().m_state = TURN_LEVEL_END;  // where no click fires
+    level.Show(from.screen);
+    g_engine->paused = from.paused;
+    level.Derive();
+    level.PointAt(200, 100);
+    level.world.native.Press(kVkLeftButton);
+    level.Step(2);
+    ASSERT_EQ(level.Sprite("button").m_tex, "press");
+    level.world.native.Push(NativeEventKind::kKeyUp, kVkEscape);
+    level.world.native.Release(kVkLeftButton);
+    level.Step();
+    EXPECT_EQ(level.Controller().m_ui_state, to.screen);
+    EXPECT_EQ(g_engine->paused, to.paused) << "toggled once";
+  }
+}
+
 TEST(Button, ANameWithoutAHandlerDoesNothing) {
   LevelScreen level({ButtonRecord("no such name", "ui_default")});
   level.ClickOn("button");
@@ -222,6 +299,17 @@ TEST(Button, WithoutARenderItStaysAsItIs) {
   EXPECT_FALSE(level.Of<Button>("button").m_hover);
   EXPECT_EQ(level.Of<Button>("button").m_dt, kStep);
   EXPECT_EQ(level.Controller().m_ui_state, "ui_default");
+}
+
+TEST(Button, WithoutATransformItIsNeverUnderTheMouse) {
+  Stage stage;
+  stage.world.LoadObjects(
+      Record("button", {{"Render", RenderOf()}, {"Button", R"({"m_click_name": "menu_level_01",
+        "m_usable_state": "", "m_default_tex": "a", "m_highlight_tex": "b", "m_click_tex": "c"})"}}));
+  stage.PointAt(0, 0);
+  stage.Of<Button>("button").Update(kStep);
+  EXPECT_FALSE(stage.Of<Button>("button").m_hover);
+  EXPECT_EQ(stage.Of<Render>("button").m_tex, "a");
 }
 
 TEST(Button, TheTextureAtRestComesFromItsFileAndNotFromItsSprite) {
@@ -321,8 +409,8 @@ TEST(Button, AMouseOverALevelShowsItsPreview) {
                      ElementRecord("menu_levelselect_preview", "menu_levelselect_preview"),
                      ElementRecord("menu_levelselect_preview", "menu_title"),
                      ElementRecord("other", "menu_levelselect_preview")});
-    menu.Menu().m_ui_state = "menu_level_select";
-    menu.world.native.cursor = {640, 360};
+    menu.Show("menu_level_select");
+    menu.PointAt(0, 0);
     menu.Update<Button>("button");
     EXPECT_EQ(menu.Sprite("menu_levelselect_preview").m_tex,
               "Menu_Preview_Level0" + std::to_string(number));
@@ -334,8 +422,8 @@ TEST(Button, AMouseOverALevelShowsItsPreview) {
 TEST(Button, OthersShowNoPreview) {
   MenuScreen menu({ButtonRecord("menu_level_back", "menu_level_select"),
                    ElementRecord("menu_levelselect_preview", "menu_levelselect_preview")});
-  menu.Menu().m_ui_state = "menu_level_select";
-  menu.world.native.cursor = {640, 360};
+  menu.Show("menu_level_select");
+  menu.PointAt(0, 0);
   menu.Update<Button>("button");
   EXPECT_TRUE(menu.Of<Button>("button").m_hover);
   EXPECT_EQ(menu.Sprite("menu_levelselect_preview").m_tex, "rest");

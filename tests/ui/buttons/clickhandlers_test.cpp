@@ -14,12 +14,15 @@ namespace {
 
 using carapace_test::AsksFor;
 using carapace_test::ButtonRecord;
-using carapace_test::kSilence;
+using carapace_test::kLevelStates;
+using carapace_test::kMenuStates;
 using carapace_test::LevelScreen;
 using carapace_test::MenuScreen;
 using carapace_test::OutputOf;
 using carapace_test::PieceRecord;
+using carapace_test::Record;
 using carapace_test::RenderOf;
+using carapace_test::Stage;
 using ::testing::TestWithParam;
 using ::testing::ValuesIn;
 
@@ -87,6 +90,16 @@ TEST(ClickHandlers, EveryOneIsTestedHere) {
   EXPECT_EQ(all, tested);
 }
 
+/// The turn controller sets the state in play and that of the level's end, the menu's the slide.
+TEST(ClickHandlers, WithTheControllersTheyReachEveryState) {
+  std::set<std::string> screens = {"ui_default", "ui_level_end"};
+  for (const Change& change : kScreenChanges) screens.insert(change.state);
+  EXPECT_EQ(screens, kLevelStates);
+  std::set<std::string> pages = {"menu_slide"};
+  for (const Change& change : kPageChanges) pages.insert(change.state);
+  EXPECT_EQ(pages, kMenuStates);
+}
+
 TEST(ClickHandlers, TheKeyHintsHaveNone) {
   for (const char* hint : {"ui_skip", "ui_cycle_left", "ui_cycle_right", "ui_undo"}) {
     EXPECT_EQ(ClickHandlers().count(hint), 0u) << hint;
@@ -114,7 +127,7 @@ class PageChange : public TestWithParam<Change> {};
 
 TEST_P(PageChange, ShowsThePageWithAClick) {
   MenuScreen menu({ButtonRecord(GetParam().click_name, "here")});
-  menu.Menu().m_ui_state = "here";
+  menu.Show("here");
   menu.ClickOn("button");
   EXPECT_EQ(menu.Menu().m_ui_state, GetParam().state);
   EXPECT_TRUE(AsksFor(menu.Find("button"), kClick));
@@ -167,6 +180,18 @@ TEST(ClickHandlers, TheSwitchOfEffectsMutesFirst) {
   EXPECT_TRUE(level.Controller().m_sfx_on);
   EXPECT_FALSE(groups.at(SoundGroup::kEffects).mute);
   EXPECT_TRUE(level.Controller().m_music_on);
+  EXPECT_FALSE(AsksFor(level.Find("button"), kClick));
+}
+
+TEST(ClickHandlers, ASwitchWithoutASpriteKeepsItsLooksAndSwitches) {
+  LevelScreen level({Record("button", {{"Transform", carapace_test::TransformAt(0, 0)},
+                                       {"Button", R"({"m_click_name": "ui_options_music",
+        "m_usable_state": "ui_options", "m_default_tex": "a", "m_highlight_tex": "b",
+        "m_click_tex": "c"})"}})});
+  Button& button = level.Of<Button>("button");
+  CallClickHandler(&button);
+  EXPECT_FALSE(level.Controller().m_music_on);
+  EXPECT_EQ(button.m_default_tex + button.m_highlight_tex + button.m_click_tex, "abc");
 }
 
 TEST(ClickHandlers, ASwitchExchangesItsLooks) {
@@ -206,7 +231,7 @@ TEST(ClickHandlers, QuitEndsTheProgram) {
 
 TEST(ClickHandlers, QuitInTheMenuEndsTheProgram) {
   MenuScreen menu({ButtonRecord("menu_quit_yes", "menu_quit")});
-  menu.Menu().m_ui_state = "menu_quit";
+  menu.Show("menu_quit");
   menu.ClickOn("button");
   EXPECT_FALSE(g_engine->running);
   EXPECT_TRUE(AsksFor(menu.Find("button"), kClick));
@@ -244,6 +269,14 @@ TEST(ClickHandlers, TheNextLevelFollowsAndTheLastLeadsToTheFirst) {
   }
 }
 
+TEST(ClickHandlers, TheNextLevelWaitsForTheEndOfAPause) {
+  LevelScreen level({ButtonRecord("ui_end_gotonext", "ui_level_end")});
+  g_engine->paused = true;
+  CallClickHandler(&level.Of<Button>("button"));
+  EXPECT_TRUE(level.Controller().m_restart);
+  EXPECT_TRUE(g_engine->paused);
+}
+
 TEST(ClickHandlers, AfterAnUnknownLevelItStartsAnew) {
   LevelScreen level({ButtonRecord("ui_end_gotonext", "ui_level_end")});
   g_current_level_path = "Mine.json";
@@ -258,12 +291,27 @@ TEST(ClickHandlers, ALevelIsLaunchedOnceHoweverOftenItIsClicked) {
   for (int number = 1; number <= 4; ++number) {
     const std::string end = std::to_string(number);
     MenuScreen menu({ButtonRecord("menu_level_0" + end, "menu_level_select")});
-    menu.Menu().m_ui_state = "menu_level_select";
+    menu.Show("menu_level_select");
     menu.ClickOn("button");
     menu.ClickOn("button");
     EXPECT_TRUE(menu.Menu().m_launch);
     EXPECT_EQ(menu.Menu().m_level_path, PathOf("Level0" + end));
     EXPECT_TRUE(AsksFor(menu.Find("button"), kClick));
+  }
+}
+
+TEST(ClickHandlers, WithoutAControllerTheyLeaveTheScreenAlone) {
+  Stage stage;
+  stage.world.LoadObjects(ButtonRecord("default", "here"));
+  const std::string path = g_current_level_path;
+  for (const std::int32_t state : {kDefaultState, kMainMenuState}) {
+    g_state_machine->m_current = g_state_machine->m_next = state;
+    for (const auto& [name, handler] : ClickHandlers()) {
+      OutputOf([&, call = handler] { call(&stage.Of<Button>("button")); });
+      EXPECT_EQ(stage.Of<Render>("button").m_tex, "rest") << name;
+      EXPECT_EQ(g_state_machine->m_next, state) << name;
+      EXPECT_EQ(g_current_level_path, path) << name;
+    }
   }
 }
 
