@@ -13,6 +13,7 @@ namespace {
 
 using carapace_test::ElementRecord;
 using carapace_test::LevelScreen;
+using carapace_test::Stage;
 
 TEST(ElementBehaviours, TheseAreAllOfThem) {
   const std::set<std::string> expected = {"ui_font",
@@ -77,6 +78,21 @@ TEST(ElementBehaviours, NoneNeedsMoreThanTheElementItself) {
     level.Select("e");
     level.Update<UIElement>("piece", 2);
     EXPECT_TRUE(level.Of<UIElement>("piece").m_init) << name;
+  }
+}
+
+TEST(ElementBehaviours, WithoutAControllerAndAParentTheyLeaveTheirElementAsItIs) {
+  Stage stage;
+  stage.world.LoadObjects(ElementRecord("EnvDamage", "ui_font"));
+  for (const std::int32_t state : {kDefaultState, kMainMenuState}) {
+    g_state_machine->m_current = g_state_machine->m_next = state;
+    for (const auto& [name, behaviour] : ElementBehaviours()) {
+      stage.Of<UIElement>("EnvDamage").m_ui_element_name = name;
+      stage.Of<UIElement>("EnvDamage").Update(kStep);
+      EXPECT_TRUE(stage.Find("EnvDamage")->active) << name;
+      EXPECT_TRUE(stage.Of<Render>("EnvDamage").m_visible) << name;
+      EXPECT_EQ(stage.Of<Render>("EnvDamage").m_tex, "rest") << name;
+    }
   }
 }
 

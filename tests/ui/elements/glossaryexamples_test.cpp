@@ -61,6 +61,30 @@ TEST(GlossaryExamples, InAPauseTheyWakeOnTheirPageOnly) {
   ExpectAwake(level, false);
 }
 
+TEST(GlossaryExamples, EachOfThemPutsAllInTheirPlaces) {
+  for (const char* name : kExamples) {
+    const LevelScreen level(Examples("ui_pause_glossary"));
+    level.Show("ui_pause_glossary");
+    level.Update<UIElement>(name);
+    ExpectPlaces(level);
+  }
+}
+
+TEST(GlossaryExamples, AreKnownByTheirComponentOrAsTheZoneByName) {
+  const LevelScreen level(
+      {ElementRecord("a", "ui_pause_glossary_anim", {{"EnvironmentDestructible", "{}"}}),
+       ElementRecord("b", "ui_pause_glossary_anim", {{"EnvironmentBlackhole", "{}"}}),
+       ElementRecord("EnvDamage", "ui_pause_glossary_anim"),
+       ElementRecord("EnvDestructible", "ui_pause_glossary_anim"),
+       ElementRecord("EnvBlackhole", "ui_pause_glossary_anim")});
+  const auto sleeps = [&](const char* name) {
+    level.Update<UIElement>(name);
+    return !level.Find(name)->active;
+  };
+  for (const char* name : {"a", "b", "EnvDamage"}) EXPECT_TRUE(sleeps(name)) << name;
+  for (const char* name : {"EnvDestructible", "EnvBlackhole"}) EXPECT_FALSE(sleeps(name)) << name;
+}
+
 TEST(GlossaryExamples, InAPauseTheHoleTurns) {
   const LevelScreen level(Examples("ui_pause_glossary"));
   level.Show("ui_pause_glossary");
@@ -73,10 +97,10 @@ TEST(GlossaryExamples, InAPauseTheHoleTurns) {
 
 TEST(GlossaryExamples, InTheMenuTheyWakeOnTheirPageOnly) {
   const MenuScreen menu(Examples("menu_glossary"));
-  menu.Menu().m_ui_state = "menu_default";
+  menu.Show("menu_default");
   UpdateExamples(menu);
   ExpectAwake(menu, false);
-  menu.Menu().m_ui_state = "menu_glossary";
+  menu.Show("menu_glossary");
   const float before = menu.Of<Transform>("EnvBlackhole").m_local_rotate;
   UpdateExamples(menu);
   ExpectAwake(menu, true);
@@ -89,7 +113,7 @@ TEST(GlossaryExamples, InTheMenuTheyWakeOnTheirPageOnly) {
 
 TEST(GlossaryExamples, InTheMenuTheZoneTakesItsSheet) {
   const MenuScreen menu(Examples("menu_glossary"));
-  menu.Menu().m_ui_state = "menu_glossary";
+  menu.Show("menu_glossary");
   UpdateExamples(menu);
   const Animation& zone = menu.Of<Animation>("EnvDamage");
   for (const std::string& sheet : {zone.m_spawn, zone.m_death, zone.m_once, zone.m_loop}) {

@@ -5,6 +5,7 @@
 #include <set>
 
 #include "render/components/font.h"
+#include "ui/elements/behaviours.h"
 #include "ui/elements/uielement.h"
 #include "ui/interfaceworlds.h"
 
@@ -12,6 +13,8 @@ namespace ZOVEngine {
 namespace {
 
 using carapace_test::ElementRecord;
+using carapace_test::kLevelStates;
+using carapace_test::kMenuStates;
 using carapace_test::LevelScreen;
 using carapace_test::MenuScreen;
 using carapace_test::Record;
@@ -26,10 +29,6 @@ struct Screen {
   std::set<std::string> states;
 };
 
-const std::set<std::string> kLevelStates = {
-    "ui_default",        "ui_pause",         "ui_options",      "ui_how_to_play",
-    "ui_pause_glossary", "ui_pause_credits", "ui_quit_confirm", "ui_quit_mainmenu_confirm",
-    "ui_level_end"};
 const std::vector<Screen> kScreens = {
     {"ui_pause", {"ui_pause"}},
     {"ui_quit", {"ui_quit_confirm"}},
@@ -42,9 +41,6 @@ const std::vector<Screen> kScreens = {
     {"ui_pause_credits", {"ui_pause_credits"}},
     {"ui_splash", {"ui_pause", "ui_options", "ui_how_to_play", "ui_pause_credits"}}};
 
-const std::set<std::string> kMenuStates = {"menu_slide",     "menu_default",  "menu_level_select",
-                                           "menu_howtoplay", "menu_glossary", "menu_credits",
-                                           "menu_quit"};
 const std::vector<Screen> kPages = {{"menu_title", {"menu_default", "menu_slide"}},
                                     {"menu_quit_fade", {"menu_quit"}},
                                     {"menu_splash", {"menu_howtoplay", "menu_credits"}},
@@ -52,6 +48,34 @@ const std::vector<Screen> kPages = {{"menu_title", {"menu_default", "menu_slide"
                                     {"menu_glossary", {"menu_glossary"}},
                                     {"menu_credits", {"menu_credits"}},
                                     {"menu_levelselect_preview", {"menu_level_select"}}};
+
+/// The behaviours that more than the state decides, which have tests of their own.
+const std::set<std::string> kOthers = {"ui_font",
+                                       "ui_element_default",
+                                       "ui_turn",
+                                       "ui_energy",
+                                       "ui_weapon0_font",
+                                       "ui_weapon1_font",
+                                       "ui_weapon0_tex",
+                                       "ui_weapon1_tex",
+                                       "ui_pause_fade",
+                                       "ui_victory",
+                                       "ui_defeat",
+                                       "ui_pause_glossary_anim",
+                                       "menu_glossary_anim",
+                                       "ui_selection_circle",
+                                       "ui_selection_circle_off",
+                                       "aoe_indicator"};
+
+TEST(ScreenElements, EveryBehaviourIsOneOrAmongTheOthers) {
+  std::set<std::string> tested = kOthers;
+  for (const std::vector<Screen>* rows : {&kScreens, &kPages}) {
+    for (const Screen& row : *rows) tested.insert(row.element);
+  }
+  std::set<std::string> all;
+  for (const auto& [name, behaviour] : ElementBehaviours()) all.insert(name);
+  EXPECT_EQ(all, tested);
+}
 
 std::string NameOf(const ::testing::TestParamInfo<Screen>& row) {
   return row.param.element;
@@ -99,7 +123,7 @@ class MenuElement : public TestWithParam<Screen> {};
 TEST_P(MenuElement, IsShownInItsStates) {
   const MenuScreen menu({ElementRecord("piece", GetParam().element, {{"Font", kText}})});
   for (const std::string& state : kMenuStates) {
-    menu.Menu().m_ui_state = state;
+    menu.Show(state);
     menu.Sprite("piece").m_active = false;
     menu.Update<UIElement>("piece");
     const bool shown = GetParam().states.count(state) == 1;

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "core/engine.h"
 #include "ui/elements/uielement.h"
 #include "ui/interfaceworlds.h"
 
@@ -82,6 +83,28 @@ TEST(SelectionRing, OfADeadUnitIsNotSeen) {
   level.Update<UIElement>("ring");
   EXPECT_FALSE(level.Sprite("ring").m_visible);
   EXPECT_FALSE(level.Sprite("ring").m_active);
+}
+
+TEST(SelectionRing, OfAUnitThatDiesWhileItClosesGoesOnUnseenAndTheTurnWithIt) {
+  LevelScreen level = Ringed(UnitKind::kPlayer, "ui_selection_circle_off");
+  level.Update<UIElement>("ring");
+  level.GiveControl("own");
+  ASSERT_EQ(level.Controller().m_selected, level.Find("own"));
+  level.Step(5);
+  EXPECT_TRUE(level.Sprite("ring").m_visible);
+  level.GetPlayer("own").m_health = 0;
+  level.Step(120);
+  EXPECT_FALSE(level.GetPlayer("own").m_alive);
+  EXPECT_FALSE(level.Sprite("ring").m_visible);
+  EXPECT_NE(level.Controller().m_selected, level.Find("own"));
+}
+
+TEST(SelectionRing, ClosesInAPause) {
+  LevelScreen level = Ringed(UnitKind::kPlayer);
+  g_engine->paused = true;
+  level.Step(30);
+  EXPECT_EQ(level.Of<Transform>("ring").m_local_scale.x, 1.0f);
+  EXPECT_TRUE(level.GetPlayer("own").m_show_weapon_label);
 }
 
 TEST(SelectionRing, OpensUnseen) {

@@ -41,6 +41,8 @@ TEST(UIElement, AStepInitialisesItAndTellsItItsLength) {
   EXPECT_EQ(element.m_bar_scale, 125.0f);
   EXPECT_EQ(element.m_bar_left, -542.5f);
   EXPECT_EQ(element.m_bar_x, -480.0f);
+  EXPECT_FALSE(element.m_fade_armed || element.m_banner_armed || element.m_ring_announced);
+  EXPECT_EQ(element.m_dt, 0.0f);
   element.Update(0.25f);
   EXPECT_TRUE(element.m_init);
   EXPECT_EQ(element.m_dt, 0.25f);
