@@ -165,6 +165,7 @@ void FramePlanner::GatherOccluders(std::size_t first) {
 }
 
 void FramePlanner::Add(const DrawCommand& command) {
+  if (IsInvisible(command)) return;
   switch (command.kind) {
     case DrawCommand::Kind::kQuad:
       return AddQuad(command);
@@ -450,6 +451,14 @@ bool FramePlanner::StreamsSprites(Program program) {
 bool FramePlanner::IsOpaque(const DrawCommand& command) {
   return IsUprightQuad(command) && command.colour[3] >= 1.0f &&
          m_units->IsOpaque(command.texture) && StreamsSprites(command.program);
+}
+
+/// A faded sprite or text leaves every pixel as it is.
+bool FramePlanner::IsInvisible(const DrawCommand& command) {
+  if (command.colour[3] != 0.0f || command.kind == DrawCommand::Kind::kInstances) return false;
+  if (command.program == Program::kFont)
+    return Forms(Program::kFont).Streamed(LightClass::kNone, true);
+  return StreamsSprites(command.program);
 }
 
 bool FramePlanner::IsHidden(const DrawCommand& command, const StreamVertex corners[4]) const {

@@ -86,6 +86,7 @@ class FramePlanner {
 
   bool StreamsSprites(Program program);
   bool IsOpaque(const DrawCommand& command);
+  bool IsInvisible(const DrawCommand& command);
   bool IsHidden(const DrawCommand& command, const StreamVertex corners[4]) const;
   LightClass DrawableClass(Program program, LightClass lights);
   LightClass LightSprite(StreamVertex* vertices, std::size_t count, GLenum mode);

@@ -187,6 +187,19 @@ TEST_F(FramePlannerTest, AnotherProgramStartsARunAndTheOrderStays) {
   EXPECT_NE(runs[0].program, runs[1].program);
 }
 
+TEST_F(FramePlannerTest, WhatIsFadedToNothingIsLeftOut) {
+  Frame frame = TriangleFrame(DrawCommand::Kind::kMesh);
+  frame.commands.push_back(QuadCommand(0, 0, 9, 9, 1));
+  frame.commands.push_back(QuadCommand(0, 0, 9, 9, 1, Program::kLight));
+  frame.glyphs = {{m_atlas.Add(m_state, 9, 14, SceneGlyph(9, 14).data()), 0, 0, 1, 9, 14}};
+  frame.commands.push_back(Command(DrawCommand::Kind::kText, Program::kFont, 1));
+  EXPECT_EQ(Plan(frame).size(), 3u);
+  for (DrawCommand& command : frame.commands) SetColour(&command, 100000.0f, 1.0f, 1.0f, 0.0f);
+  EXPECT_TRUE(Plan(frame).empty());
+  frame.commands[1].colour[3] = 0.001f;
+  EXPECT_EQ(Plan(frame).size(), 1u);
+}
+
 TEST_F(FramePlannerTest, WithoutStreamedFormsEachCommandIsAPlainRunWithItsValues) {
   Compile(false);
   Frame frame = EmptyFrame();
