@@ -18,7 +18,8 @@ LOOK_PAUSE = 0.25  # seconds between two looks: a picture takes as long as some 
 
 # World units.
 SAMPLES = 4.5  # between the samples that look for units
-BODY = 30  # a unit's body is about 75 wide and high, its bar of health only 7 high
+BODY = (30, 150)  # a unit's body is about 75 wide and high, its bar of health only 7 high, a closing ring much larger
+ARENA = 475  # from the middle up and down: beyond lie the strips with the keys and the weapons
 NEAR = 7  # two looks at the same place differ by less
 MUZZLE = (28, 58)  # how far the yellow end of a gun is from the middle of its unit
 
@@ -79,16 +80,21 @@ class View:
         return self.picture.crop(x, y, round(width * self.ratio), round(height * self.ratio))
 
     def units(self, colour):
-        """The middles of the bodies of one side, from the top downwards."""
+        """The middles of the bodies of one side, from the top downwards.
+
+        A ring that closes around a selected unit hides the units of its side that it touches.
+        """
         data, width = self.picture.data, self.picture.width
         grid = round(SAMPLES * self.ratio)
-        left = {(x, y) for y in range(0, self.picture.height, grid) for x in range(0, width, grid)
+        top, bottom = (self.pixel_at((0, y))[1] for y in (ARENA, -ARENA))
+        left = {(x, y) for y in range(top, bottom, grid) for x in range(0, width, grid)
                 if colour(*data[(y * width + x) * 3:(y * width + x) * 3 + 3])}
         places = []
         while left:
             patch = _take_patch(left, grid)
             xs, ys = [x for x, _ in patch], [y for _, y in patch]
-            if min(max(xs) - min(xs), max(ys) - min(ys)) >= BODY * self.ratio:
+            sides = sorted((max(xs) - min(xs), max(ys) - min(ys)))
+            if BODY[0] * self.ratio <= sides[0] and sides[1] <= BODY[1] * self.ratio:
                 places.append(self.place_at(((max(xs) + min(xs)) / 2, (max(ys) + min(ys)) / 2)))
         return sorted(places, key=lambda place: -place[1])
 

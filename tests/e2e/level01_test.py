@@ -13,6 +13,7 @@ ANGLE = 9  # degrees to which the gun's bearing is read from a picture
 MOST_TURNS = 24  # of the player, until a level must be over
 
 SHOWN = 12  # mean change of a part of the picture in which something appeared
+DIMMED = 0.7  # of its brightness is left to a level that is over, as long as its banner is not there
 SAME = 4  # mean change of a part in which nothing did; a unit's light and noise make less
 
 
@@ -36,22 +37,23 @@ class FirstLevel(LevelTest):
         """Waits until all units are there."""
         self.watch(lambda view: len(view.units(is_red)) == len(view.units(is_green)) == 2, "two units a side")
 
-    def next_turn(self, turns, is_side):
-        """Waits for the player's next turn after so many, or until one side is gone from the picture."""
-        def event(view):
+    def next_turn(self, turns):
+        """Waits for the player's next turn after so many, or until the music stops at the level's end."""
+        def event():
             if self.count("Player Unit Select") > turns:
                 return "turn"
-            if view.units(is_side):
-                return None
-            time.sleep(1)  # a unit that is hit is white for a moment
-            return "end" if not self.look().units(is_side) else None
-        return self.watch(event, "the next turn or the end")
+            return "end" if MUSIC not in self.open_files() else None
+        return wait_until(event, "the next turn or the end", TURN_PATIENCE)
 
-    def assert_level_over(self, side):
-        """One side is gone, the music is off, no unit gets a turn, and the program runs on."""
+    def assert_level_over(self, lost, won, survivors):
+        """The music is off, one side is gone, the picture grows dark, and no unit gets a turn."""
         wait_until(lambda: MUSIC not in self.open_files(), "the music's end")
-        self.assert_no_turns(3)
-        self.assertEqual(self.look("level-over").units(side), [])
+        view = self.look("level-over")
+        self.assertEqual(len(view.units(won)), survivors)
+        self.watch(lambda now: not now.units(lost), "the end of the dying")
+        said = self.turns()
+        self.watch(lambda now: now.picture.brightness() < view.picture.brightness() * DIMMED, "the dimming")
+        self.assertEqual(self.turns(), said)
         self.assertTrue(self.game.is_running())
 
     def unit_near(self, place):
@@ -88,7 +90,7 @@ class Round(FirstLevel):
         self.assert_orderly_end(self.game)
 
     def check_the_enemies_first_move(self):
-        self.wait_for("Player Unit Select")
+        self.wait_for_aim(1)
         said = self.turns()
         self.assertNotIn("Enemy Shoot", said)
         self.assertEqual(said.count("Enemy Aim"), 2)
@@ -209,14 +211,15 @@ class Defeat(FirstLevel):
         self.start_level()
         self.wait_for_all()
         wait_until(lambda: MUSIC in self.open_files(), "the music")
+        self.point_at((0, 300))
         turns, living = 0, []
-        while self.next_turn(turns, is_green) == "turn":
+        while self.next_turn(turns) == "turn":
             turns += 1
+            self.wait_for_aim(turns)
             living.append(len(self.look(f"turn-{turns}").units(is_green)))
             tap("f")
             self.assertLess(turns, MOST_TURNS)
-        self.assert_level_over(is_green)
-        self.assertEqual(len(self.enemies()), 2)
+        self.assert_level_over(is_green, is_red, 2)
         self.assertEqual(living[:2], [2, 2], "no unit dies in the first round")
         self.assertEqual(living, sorted(living, reverse=True))
         said = self.turns()
@@ -244,9 +247,8 @@ class Victory(FirstLevel):
                     return False
         return True
 
-    def take_turn(self, turns):
+    def take_turn(self, unit):
         """Shoots at an enemy in sight; without one the turn is skipped. Returns how many shots that makes."""
-        unit = self.wait_for_aim(turns)
         targets = [enemy for enemy in self.enemies() if self.is_clear(unit, enemy)]
         if not targets:
             tap("f")
@@ -264,17 +266,17 @@ class Victory(FirstLevel):
         self.point_at((0, -300))
         turns = shots = 0
         living = []
-        while self.next_turn(turns, is_red) == "turn":
+        while self.next_turn(turns) == "turn":
             turns += 1
+            unit = self.wait_for_aim(turns)
             living.append(len(self.enemies()))
-            shots += self.take_turn(turns)
+            shots += self.take_turn(unit)
             self.point_at((0, -300))
             self.assertLess(turns, MOST_TURNS)
         self.assertEqual(living[0], 2)
         self.assertGreaterEqual(shots, 2)
         self.assertEqual(self.count("Player Shoot"), shots)
-        self.assert_level_over(is_red)
-        self.assertEqual(len(self.players()), 2)
+        self.assert_level_over(is_red, is_green, 2)
         self.check_restart()
         self.window.close()
         self.assert_orderly_end(self.game)
@@ -300,8 +302,11 @@ class Interruptions(FirstLevel):
         """Waits until an enemy walks, after so many selections of enemies since the start."""
         self.wait_for("Enemy Unit Select", times)
         start = self.watch(lambda view: len(view.units(is_red)) == 2 and view.units(is_red), "two enemies")
-        self.watch(lambda view: any(distance(now, was) > NEAR for now, was in zip(view.units(is_red), start)),
-                   "an enemy that walks")
+
+        def walks(view):
+            now = view.units(is_red)
+            return len(now) == len(start) and any(distance(*pair) > NEAR for pair in zip(now, start))
+        self.watch(walks, "an enemy that walks")
 
     def assert_paused(self, name):
         time.sleep(1)
@@ -329,9 +334,10 @@ class Interruptions(FirstLevel):
         tap("Escape")
         self.wait_for("Player Unit Select")
 
+        self.point_at((0, 300))
+        self.wait_for_aim(1)
         tap("h")
-        self.watch(lambda view: not view.units(is_red), "the enemies' end")
-        self.assert_level_over(is_red)
+        self.assert_level_over(is_red, is_green, 2)
         self.window.close()
         self.assert_orderly_end(self.game)
 
