@@ -71,10 +71,15 @@ class Picture:
     @classmethod
     def of_screen(cls):
         """A picture of the screen as it is now."""
+        return cls.of_part(0, 0, *SCREEN)
+
+    @classmethod
+    def of_part(cls, x, y, width, height):
+        """A picture of a rectangle of the screen."""
         data = subprocess.run(
-            ["import", "-silent", "-window", "root", "-depth", "8", "rgb:-"],
+            ["import", "-silent", "-window", "root", "-crop", f"{width}x{height}+{x}+{y}", "-depth", "8", "rgb:-"],
             check=True, stdout=subprocess.PIPE).stdout
-        return cls(*SCREEN, data)
+        return cls(width, height, data)
 
     def crop(self, x, y, width, height):
         """The rectangle with its upper left corner at (x, y)."""
@@ -120,7 +125,7 @@ class Window:
             x, y, width, height = self.rectangle()
             fits = x >= 0 and y >= 0 and x + width <= SCREEN[0] and y + height <= SCREEN[1]
             return (x, y, width, height) if fits else None
-        return Picture.of_screen().crop(*wait_until(inside, "the window within the screen"))
+        return Picture.of_part(*wait_until(inside, "the window within the screen"))
 
     def has_focus(self):
         return ask("xdotool", "getwindowfocus").strip() == self.id
