@@ -3,11 +3,13 @@
 #include <string>
 #include <vector>
 
+#include "game/turns/gamecontroller.h"
 #include "jsonunserializer.h"
 #include "render/gldevice.h"
 #include "render/graphicsconfig.h"
 #include "render/passes/crosshairpass.h"
 #include "render/rendersystem.h"
+#include "support/autoplayer.h"
 #include "support/glcontext.h"
 #include "support/levelgame.h"
 #include "support/picture.h"
@@ -19,6 +21,14 @@ namespace {
 constexpr Tolerance kTolerance{6, 0.3};
 constexpr int kWidth = 960;
 constexpr int kHeight = 540;
+
+/// Hides the crosshair while it exists.
+struct NoCrosshair {
+  NoCrosshair() { ZOVEngine::g_show_system_cursor = true; }
+  ~NoCrosshair() { ZOVEngine::g_show_system_cursor = false; }
+  NoCrosshair(const NoCrosshair&) = delete;
+  NoCrosshair& operator=(const NoCrosshair&) = delete;
+};
 
 /// The settings of the picture, all textures and the font as they are shipped.
 Files ShippedPictures() {
@@ -54,32 +64,59 @@ Picture Drawn(const FakeDevice& recorded) {
   return picture;
 }
 
-/// Compares the level with its pictures after each of these numbers of steps.
-void ExpectPictures(const std::string& level, const std::vector<int>& moments) {
-  constexpr std::uint32_t kSeed = 2026;
-  // Without the crosshair: how far it has turned depends on what the process drew before.
-  ZOVEngine::g_show_system_cursor = true;
-  LevelGame game(level, kSeed, ShippedPictures());
-  int steps = 0;
-  for (const int moment : moments) {
-    game.world.Step(moment - steps);
-    steps = moment;
-    const std::string name = level + "_" + std::to_string(moment);
-    EXPECT_EQ(MismatchWithCommitted(name, Drawn(game.world.device), kTolerance), "");
+/// A level whose pictures are compared.
+class PicturedLevel {
+ public:
+  explicit PicturedLevel(const std::string& level)
+      : m_name(level), m_game(level, kSeed, ShippedPictures()) {}
+
+  /// Compares the picture after so many steps from the level's start.
+  void ExpectAfter(int steps) {
+    m_game.world.Step(steps - m_steps);
+    m_steps = steps;
+    Expect(std::to_string(steps));
   }
-  ZOVEngine::g_show_system_cursor = false;
-}
+  /// Compares the picture when the player's first unit has got its turn and its ring has closed.
+  void ExpectAtFirstTurn() {
+    const ZOVEngine::GameController& controller = *AutoPlayer::Controller();
+    for (int i = 0; i < kLongestRound && controller.m_state != ZOVEngine::TURN_PLAYER_MOVE; ++i) {
+      m_game.world.Step();
+    }
+    ASSERT_EQ(controller.m_state, ZOVEngine::TURN_PLAYER_MOVE);
+    m_game.world.Step(kRingSteps);
+    Expect("turn");
+  }
+
+ private:
+  static constexpr std::uint32_t kSeed = 2026;
+  static constexpr int kLongestRound = 6000;  ///< (unit: steps)
+  static constexpr int kRingSteps = 60;
+
+  void Expect(const std::string& moment) {
+    EXPECT_EQ(MismatchWithCommitted(m_name + "_" + moment, Drawn(m_game.world.device), kTolerance),
+              "");
+  }
+
+  /// Without the crosshair: how far it has turned depends on what the process drew before.
+  const NoCrosshair m_no_crosshair;
+  std::string m_name;
+  LevelGame m_game;
+  int m_steps = 0;
+};
 
 TEST(GLLevels, TheRangeLooksAsItDidAtTheStartAfterASecondAndAfterTenSeconds) {
-  ExpectPictures("Level00", {0, 60, 600});
+  PicturedLevel level("Level00");
+  for (const int steps : {0, 60, 600}) level.ExpectAfter(steps);
 }
 
-TEST(GLLevels, TheFirstLevelLooksAsItDidWhenTanksSpawnWalkAndAim) {
-  ExpectPictures("Level01", {20, 150, 600});
+TEST(GLLevels, TheRangeLooksAsItDidWhenAUnitAims) {
+  PicturedLevel level("Level00");
+  level.ExpectAtFirstTurn();
 }
 
 TEST(GLLevels, TheBosssLevelLooksAsItDidWhenItSpawnsAndWhenItAims) {
-  ExpectPictures("Level04", {20, 600});
+  PicturedLevel level("Level04");
+  for (const int steps : {20, 600}) level.ExpectAfter(steps);
 }
 
 }  // namespace
