@@ -21,7 +21,7 @@ SAMPLES = 4.5  # between the samples that look for units
 BODY = (30, 150)  # a unit's body is about 75 wide and high, its bar of health only 7 high, a closing ring much larger
 ARENA = 475  # from the middle up and down: beyond lie the strips with the keys and the weapons
 NEAR = 7  # two looks at the same place differ by less
-MUZZLE = (28, 58)  # how far the yellow end of a gun is from the middle of its unit
+MUZZLE = (28, 45)  # how far the yellow end of a gun is from the middle of its unit; the corners of its outline are farther
 
 # Steps of brightness, of 255.
 LINE_SEEN = 20  # the aim line adds about 40 to its ground
