@@ -2,6 +2,11 @@
 // not what they must be.
 //   carapace_soak LEVEL [STEPS]      the automatic player plays; a level that is over is restarted
 //   carapace_soak states             Level00 after a minute of itself, and all recorded games
+//   carapace_soak pace [GAMES] [LEVEL]
+//                                    the table of docs/levels.md: wins and times of the levels to
+//                                    win
+//   carapace_soak endings LEVEL [GAMES]
+//                                    three kinds of player: no game's turns may stand still
 // 60 steps are a second of game time.
 #include <malloc.h>
 
@@ -14,7 +19,9 @@
 #include "core/messages.h"
 #include "game/level00hash.h"
 #include "game/level00world.h"
+#include "pace.h"
 #include "platform/virtualkeys.h"
+#include "quiet.h"
 #include "support/autoplayer.h"
 #include "support/recordedgame.h"
 
@@ -48,18 +55,6 @@ std::size_t BytesInUse() {
   return info.uordblks + info.hblkhd;
 #endif
 }
-
-/// Takes away what the engine prints, for its life.
-class Quiet {
- public:
-  Quiet() : m_before(std::cout.rdbuf(nullptr)) {}
-  ~Quiet() { std::cout.rdbuf(m_before); }
-  Quiet(const Quiet&) = delete;
-  Quiet& operator=(const Quiet&) = delete;
-
- private:
-  std::streambuf* m_before;
-};
 
 /// The result of a run.
 struct Report {
@@ -153,15 +148,43 @@ bool CompareStates() {
   return good;
 }
 
+/// The table of one level, or of all that are to be won. The latter fails when one is never won, or
+/// when one is won less often than a later one.
+bool ComparePace(int games, const std::string& one) {
+  PrintPaceHead();
+  if (!one.empty()) return PrintPace(one, games) > 0;
+  bool good = true;
+  int before = games;
+  for (const char* level : {"Level01", "Level02", "Level03", "Level04"}) {
+    const int won = PrintPace(level, games);
+    good = good && won > 0 && won <= before;
+    before = won;
+  }
+  if (!good) std::cout << "FAILED: a level is never won, or less often than a later one\n";
+  return good;
+}
+
+int NumberAt(int argc, char** argv, int index, int otherwise) {
+  return argc > index ? std::atoi(argv[index]) : otherwise;
+}
+
+bool Run(const std::string& what, int argc, char** argv) {
+  constexpr int kSteps = 12000;
+  constexpr int kGames = 20;
+  if (what == "states") return CompareStates();
+  if (what == "pace") return ComparePace(NumberAt(argc, argv, 2, kGames), argc > 3 ? argv[3] : "");
+  if (what != "endings") return Soak(what, NumberAt(argc, argv, 2, kSteps));
+  return argc > 2 && CheckEndings(argv[2], NumberAt(argc, argv, 3, kGames));
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
-  const std::string what = argc > 1 ? argv[1] : "";
-  constexpr int kShort = 12000;
-  const int steps = argc > 2 ? std::atoi(argv[2]) : kShort;
-  if (what.empty() || steps <= 0) {
-    std::cerr << "usage: carapace_soak LEVEL [STEPS] | carapace_soak states\n";
+  if (argc < 2) {
+    std::cerr
+        << "usage: carapace_soak LEVEL [STEPS] | states | pace [GAMES] [LEVEL] | endings LEVEL "
+           "[GAMES]\n";
     return 2;
   }
-  return (what == "states" ? CompareStates() : Soak(what, steps)) ? 0 : 1;
+  return Run(argv[1], argc, argv) ? 0 : 1;
 }
