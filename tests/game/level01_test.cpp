@@ -2,7 +2,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 #include <set>
+#include <vector>
 
 #include "audio/audiosource.h"
 #include "core/messages.h"
@@ -10,6 +12,7 @@
 #include "game/hazards/environmentdamage.h"
 #include "game/hazards/environmentdestructible.h"
 #include "game/hazards/environmentrough.h"
+#include "game/objectquery.h"
 #include "game/turns/gamecontroller.h"
 #include "game/units/enemy.h"
 #include "game/units/player.h"
@@ -47,6 +50,17 @@ class Level01 : public ::testing::Test {
     std::multiset<std::string> names;
     for (GameObj* child : object->children) names.insert(child->name);
     return names;
+  }
+
+  /// The strips that show where a unit would fire, as far as they are seen.
+  static std::vector<GameObj*> SightsOf(GameObj* unit) {
+    std::vector<GameObj*> seen;
+    for (GameObj* child : unit->children) {
+      const auto* render = FindComponent<Render>(child);
+      const bool shown = render != nullptr && render->m_tex == "UI_Sight" && render->m_visible;
+      if (shown && child->active) seen.push_back(child);
+    }
+    return seen;
   }
 
   /// How many can be met: examples of the glossary have no shape.
@@ -154,12 +168,11 @@ TEST_F(Level01, AFullBarCarriesATankTwoHundredToThreeHundredUnitsAndItRestsWithi
   EXPECT_LT(tank->GetComponent<RigidBody>()->m_vel.Length(), 3.0f);
 }
 
-/// Off the left wall and the ceiling and along the hall; straight up it would come back to its
-/// tank.
-TEST_F(Level01, AShotFliesFifteenHundredUnits) {
+/// Past the other tank to the lower wall, and up again to the upper one.
+TEST_F(Level01, AShotFliesFourteenHundredUnits) {
   GameObj* tank = Controller().m_players.front();
   m_world.Step(60);
-  tank->GetComponent<Player>()->Fire(PlaceOf(tank) + Vector3D(-100.0f, 40.0f, 0.0f));
+  tank->GetComponent<Player>()->Fire(PlaceOf(tank) + Vector3D(20.0f, -100.0f, 0.0f));
   GameObj* shot = nullptr;
   for (GameObj* child : tank->children) {
     if (child->name == "Weapon0Projectile") shot = child;
@@ -170,11 +183,11 @@ TEST_F(Level01, AShotFliesFifteenHundredUnits) {
     m_world.Step();
     flown += shot->GetComponent<RigidBody>()->m_vel.Length() / 60.0f;
   }
-  EXPECT_GT(flown, 1500.0f);
+  EXPECT_GT(flown, 1400.0f);
   EXPECT_FALSE(shot->active) << "its range or a tank ends it";
 }
 
-TEST_F(Level01, TheEnemiesMoveAndThenItIsThePlayersTurn) {
+TEST_F(Level01, OneEnemyMovesAndThenItIsThePlayersTurn) {
   const Vector3D first = PlaceOf(Controller().m_enemies[0]);
   const Vector3D second = PlaceOf(Controller().m_enemies[1]);
   for (int step = 0; step < 1200 && Controller().m_state != TURN_PLAYER_MOVE; ++step) {
@@ -182,8 +195,33 @@ TEST_F(Level01, TheEnemiesMoveAndThenItIsThePlayersTurn) {
   }
   EXPECT_EQ(Controller().m_state, TURN_PLAYER_MOVE);
   EXPECT_GT((PlaceOf(Controller().m_enemies[0]) - first).Length(), 60.0f);
-  EXPECT_GT((PlaceOf(Controller().m_enemies[1]) - second).Length(), 60.0f);
+  EXPECT_LT((PlaceOf(Controller().m_enemies[1]) - second).Length(), 1.0f) << "it has no patrol";
   EXPECT_EQ(Controller().m_selected, Controller().m_players.front());
+}
+
+TEST_F(Level01, TheSightOfAnEnemyLiesAlongItsHeading) {
+  for (int step = 0; step < 1200 && Controller().m_state != TURN_PLAYER_MOVE; ++step) {
+    m_world.Step();
+  }
+  for (GameObj* enemy : Controller().m_enemies) {
+    ASSERT_THAT(SightsOf(enemy), SizeIs(1)) << "one of two weapons is held";
+    const auto* sight = SightsOf(enemy).front()->GetComponent<Transform>();
+    const float turn = enemy->GetComponent<Transform>()->m_world_rotate;
+    EXPECT_NE(turn, 90.0f) << "it has turned to a player";
+    EXPECT_NEAR(std::remainder(sight->m_world_rotate - turn, 360.0f), 0.0f, 0.1f);
+    const Vector3D ahead = sight->m_world_pos - PlaceOf(enemy);
+    const float bearing = std::atan2(ahead.y, ahead.x) * 57.29578f - 90.0f;
+    EXPECT_NEAR(std::remainder(bearing - turn, 360.0f), 0.0f, 0.1f);
+  }
+}
+
+TEST_F(Level01, TheSightOfAnEnemyVanishesWithIt) {
+  m_world.Step(60);
+  GameObj* enemy = Controller().m_enemies.front();
+  ASSERT_THAT(SightsOf(enemy), SizeIs(1));
+  enemy->GetComponent<Enemy>()->m_health = 0;
+  m_world.Step(2);
+  EXPECT_THAT(SightsOf(enemy), SizeIs(0));
 }
 
 TEST_F(Level01, AClickFiresAndTheTurnWaitsForTheShot) {

@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cmath>
+#include <vector>
 
 #include "core/messages.h"
 #include "game/objectquery.h"
@@ -20,6 +21,8 @@ namespace carapace_test {
 namespace {
 
 using namespace ZOVEngine;
+using ::testing::ElementsAre;
+using ::testing::FloatNear;
 using ::testing::HasSubstr;
 using ::testing::Not;
 using ::testing::SizeIs;
@@ -128,6 +131,27 @@ void Level04::ExpectFan(const std::array<const char*, 3>& names, int steps) {
     EXPECT_NEAR(aside, muzzle_aside, 0.1f) << names[i];
     EXPECT_GT(flown.Length(), Muzzle() + 50.0f) << names[i];
   }
+}
+
+TEST_F(Level04, ThreeSightsLieAlongTheBossesShotsUntilItBeginsToDie) {
+  ASSERT_TRUE(SkipUntil([this] { return Controller().m_state == TURN_PLAYER_MOVE; }));
+  const auto seen = [this] {
+    std::vector<float> angles;
+    for (GameObj* child : m_boss->children) {
+      const auto* render = FindComponent<Render>(child);
+      if (render == nullptr || render->m_tex != "UI_Sight" || !render->m_visible) continue;
+      angles.push_back(std::remainder(child->GetComponent<Transform>()->m_world_rotate -
+                                          m_boss->GetComponent<Transform>()->m_world_rotate,
+                                      360.0f));
+    }
+    return angles;
+  };
+  constexpr float kSpread = 14.32f;
+  EXPECT_THAT(seen(), ElementsAre(FloatNear(-kSpread, 0.1f), FloatNear(0.0f, 0.1f),
+                                  FloatNear(kSpread, 0.1f)));
+  Boss().m_health = 0;
+  m_world.Step(2);
+  EXPECT_THAT(seen(), SizeIs(0));
 }
 
 TEST_F(Level04, TheBossesThreeShotsKeepTheirLines) {

@@ -23,7 +23,7 @@ using Json = rapidjson::Value;
 using Document = rapidjson::Document;
 using Allocator = Document::AllocatorType;
 
-constexpr const char* kLevels[] = {"Level00", "Level01", "Level04"};
+constexpr const char* kLevels[] = {"Level00", "Level01", "Level02", "Level03", "Level04"};
 constexpr const char* kWeaponNames[] = {"Weapon0Projectile", "Weapon1Projectile"};
 constexpr float kShortestLeg = 180.0f;  ///< between two waypoints (unit: world units)
 /// Seconds of pushing in a turn: none, one push, two and three.

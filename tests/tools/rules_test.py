@@ -117,6 +117,12 @@ class Rules(unittest.TestCase):
                 self.player["Transform"]["m_pos"] = [*place, 1]
                 self.assert_only_fault(f"level/player1 stands or walks at ({place[0]}, {place[1]}), in a wall or off the map")
 
+    def test_floor_that_lies_open_to_space(self):
+        rows = ["#####", "#. ##", "#####"]
+        self.assertEqual(list(rules.open_hull("Level01", rows)), ["Level01: the floor in row 1, column 1 lies open to space"])
+        self.assertEqual(list(rules.open_hull("Level01", ["####", "#.##", "### "])), [])
+        self.assertEqual(len(list(rules.open_hull("Level01", ["####", "#..#", "### "]))), 1, "over a corner")
+
     def test_a_path_through_a_wall(self):
         self.enemy["Enemy"]["m_waypoints"] = [[930, 120, 1], [660, 120, 1]]
         self.assert_only_fault("level/enemy1 stands or walks at (930, 120), in a wall or off the map")

@@ -58,7 +58,7 @@ def destructible(own):
 def barrier(own):
     return record("MovableBarrier", {
         **place(own, 72),
-        "RigidBody": body({"mass": 300, "inertia": 260000, "drag": 3, "angular_drag": 5, "rest": 0.4}),
+        "RigidBody": body({"mass": 300, "inertia": 260000, "drag": 8, "angular_drag": 8, "rest": 0.4}),
         "Render": render("Env_MovableBarrier", 1.5),
         "iModel": shared_square(),
         **shape("Box", "Barrier"),
@@ -88,8 +88,21 @@ KINDS = {
 }
 
 
-def hazard_record(own):
+def twin(own):
+    """The invisible twin that stands before a hazard with a loop. In the frame in which a loop starts over, the renderer draws the
+    square that the sprite before left uploaded; with the twin, that is the last frame of the sheet and not the whole sheet at once.
+    It lies in the pass of its hazard: what marks a zone is drawn beneath the units.
+    """
+    copied = {key: own[key] for key in ("Transform", "Render", "iModel", "Animation", "EnvironmentDamage") if key in own}
+    out = record(f"{own['name']}Twin", {**copied, "StateC": {"m_state": "loop"}})
+    out["Render"] = {**own["Render"], "m_colour": [1.0, 1.0, 1.0, 0.0]}
+    return out
+
+
+def hazard_records(own):
+    """The records of a described hazard, with its twin before it if it has a loop."""
     kind = own.get("kind")
     if kind not in KINDS:
         sys.exit(f"hazard at {own.get('at')}: {kind} is none of {', '.join(KINDS)}")
-    return KINDS[kind](own)
+    hazard = KINDS[kind](own)
+    return [twin(hazard), hazard] if "Animation" in hazard else [hazard]

@@ -22,6 +22,7 @@ BOSS_CHILDREN = ("MiddleProj", "LeftProjPhase1", "RightProjPhase1", "LeftProjPha
                  "ShieldPhase2", *(f"DeathExplosion{k:02}" for k in range(11)))
 FORCE_PER_SPEED = 100  # of an enemy's push, which lasts a second
 STEPS_A_SECOND = 60
+SPACE, FREE = " ", "."  # letters of a map: where the station has no hull, and free floor
 BUTTON_TEXTURES = ("m_default_tex", "m_highlight_tex", "m_click_tex")
 
 
@@ -187,6 +188,15 @@ def outside(own, tile_map):
         column, row = int((x + size * width / 2) // size), int((size * height / 2 - y) // size)
         if not (0 <= column < width and 0 <= row < height) or tile_map["TileMap"][row][column]:
             yield f"stands or walks at ({x:g}, {y:g}), in a wall or off the map"
+
+
+def open_hull(name, rows):
+    """Floor beside space without a wall between them, also over a corner: units and shots would leave the station."""
+    for r, row in enumerate(rows):
+        for c, letter in enumerate(row):
+            around = {near for line in rows[max(r - 1, 0):r + 2] for near in line[max(c - 1, 0):c + 2]}
+            if letter == FREE and SPACE in around:
+                yield f"{name}: the floor in row {r}, column {c} lies open to space"
 
 
 def faults(name, records, tile_map, root):

@@ -2,20 +2,20 @@
 from records import animation, attached, body, collider, light, puffs, record, sounds, sprite
 
 HIT = ("Sheet_Shot_Hit", 6)
-RANGE = 2000
-SPEED = 1000  # a shot of mass 1 leaves at 0.83 of it
-RAM_MASS = 200  # makes a push shot shove what it hits
+RANGE = 1500
+SPEED = 1600  # a shot of mass 1 leaves at 0.83 of it
+RAM_MASS = 600  # makes a push shot shove what it hits
 
 # By the names in labels and descriptions. `image` and `gun` are parts of texture keys, `fields` are the component's own besides
 # range and speed, and `light` is the strength of the shot's light. A unit has a mass of 350, so blast and pull are large.
 KINDS = {
     "BASIC": dict(component="ProjectileDefault", image="Basic", gun="Basic", size=28, colour=(1.0, 0.79, 0.3),
                   fields={"m_damage": 1}, light=0.5, sounds=("bullet_bounce.ogg", "default_hit.ogg")),
-    "BOUNCE": dict(component="ProjectileBounce", image="Bounce", gun="Bounce", size=28, colour=(0.49, 0.78, 1.0), range=3000,
+    "BOUNCE": dict(component="ProjectileBounce", image="Bounce", gun="Bounce", size=28, colour=(0.49, 0.78, 1.0), range=2200,
                    fields={"m_min_damage": 0, "m_max_damage": 3}, light=200,
                    sounds=("bullet_bounce1.ogg", "bullet_bounce2.ogg", "bullet_bounce3.ogg", "default_hit.ogg")),
     "EXPLOSION": dict(component="ProjectileExplosion", image="Explosion", gun="Explode", size=34, colour=(1.0, 0.6, 0.24),
-                      fields={"m_damage": 2, "m_aoe": 170.0, "m_knockback": 9000.0}, sounds=("push_hit.ogg",)),
+                      fields={"m_damage": 2, "m_aoe": 170.0, "m_knockback": 24000.0}, sounds=("push_hit.ogg",)),
     "PIERCE": dict(component="ProjectilePierce", image="Pierce", gun="Pierce", size=30, colour=(0.95, 0.96, 1.0),
                    fields={"m_damage": 1}, light=0.5, sounds=("bullet_bounce.ogg", "default_hit.ogg")),
     "PUSH": dict(component="ProjectilePush", image="Push", gun="Push", size=36, colour=(0.75, 0.55, 1.0), mass=RAM_MASS,
@@ -23,7 +23,7 @@ KINDS = {
     "SWAP": dict(component="ProjectileSwap", image="Swap", gun="Swap", size=34, colour=(1.0, 0.54, 0.85),
                  fields={}, light=0.5, sounds=("bullet_bounce.ogg",)),
     "VACUUM": dict(component="ProjectileVacuum", image="Vacuum", gun="Vacuum", size=34, colour=(0.35, 0.88, 1.0),
-                   fields={"m_damage": 0, "m_aoe": 220.0, "m_suction_force": 9000.0}, sounds=("push_hit.ogg",)),
+                   fields={"m_damage": 0, "m_aoe": 220.0, "m_suction_force": 24000.0}, sounds=("push_hit.ogg",)),
 }
 # The trails of these point backwards; those of the others puff in all directions.
 TURNS_TRAIL = {"BOUNCE", "EXPLOSION", "PUSH", "SWAP", "VACUUM"}

@@ -1,16 +1,23 @@
 """Units: those of both sides and the boss, with all children that the game finds by name."""
+import math
 import sys
 
 from levels.shots import HIT, KINDS, shot
 from records import (animation, attached, body, collider, floats, light, puffs, record, render, shared_square, sounds, sprite,
                      transform)
 
-# With a mass of 350 and a drag of 3, the full energy of 2 seconds carries a player 248 units, and the unit rests 1.3 seconds
+# With a mass of 350 and a drag of 8, the full energy of 2 seconds carries a player about 250 units, and the unit rests half a second
 # after the key is released. One push carries an enemy 90 units.
-MASS, DRAG, INERTIA = 350, 3, 360000
+MASS, DRAG, INERTIA = 350, 8, 360000
+PLAYER_FORCE, ENEMY_SPEED = 66700, 2920
+# The shape of a unit, as a part of its size. A larger one keeps the muzzle nearer to the face of a wall that a unit leans on.
+BODY = 1.05
 SIZE = {"player": 90, "enemy": 90, "boss": 270}
 # A gun's size, as a part of the unit's. An enemy's muzzle lies gun / 1.2 before its middle, which must be clear of its shape.
-GUN = 0.82
+GUN, BOSS_GUN = 0.9, 0.82
+# The strip along which an enemy will fire, and the angles of a boss's three shots, which are 0.25 radians apart.
+SIGHT_LENGTH, SIGHT_WIDTH = 700, 26
+FAN = (-14.32, 0, 14.32)
 SNAP = 60  # arrival distance: more than half a push, or an enemy would step over its waypoints
 SIDES = {
     "player": dict(look="Player", gun="Green", colour=(0.18, 0.9, 0.65)),
@@ -28,7 +35,7 @@ def player(unit):
         "m_max_health": unit["health"],
         "m_movement_curr": energy,
         "m_movement_limit": energy,
-        "m_movement_mag": 25000.0,
+        "m_movement_mag": float(PLAYER_FORCE),
         "m_alive": True,
         "m_selected_first_weapon": unit.get("hand", 0) == 0,
     }}
@@ -43,7 +50,7 @@ def enemy(unit, boss):
         "m_selected_first_weapon": unit.get("hand", 0) == 0,
         "m_boss": boss,
         "m_waypoints": [floats((*point, 1)) for point in path],
-        "m_move_speed": 1000.0,
+        "m_move_speed": float(ENEMY_SPEED),
         "m_move_limit": unit.get("pushes", 1) / 60 - 0.005,  # each push counts for one step
         "m_snap_range": float(SNAP),
     }}
@@ -51,9 +58,22 @@ def enemy(unit, boss):
 
 
 def gun(own, index, texture, size):
+    length = size * (BOSS_GUN if texture == "Gun_Boss" else GUN)
     return record(f"Weapon{index}Barrel", {
-        "Transform": attached(own, (0, size * 0.1), (size * GUN, size * GUN), follow=True),
+        "Transform": attached(own, (0, size * 0.1), (length, length), follow=True),
         **sprite(texture, visible=index == 0),
+    })
+
+
+def sight(own, name, start, angle=0):
+    """A faint strip that shows where a shot will fly. It has the name of a piece that the game hides when the unit dies, and must
+    stand after that piece, which the game takes by its name.
+    """
+    middle, turn = start + SIGHT_LENGTH / 2, math.radians(angle)
+    at = (-math.sin(turn) * middle, math.cos(turn) * middle)
+    return record(name, {
+        "Transform": attached(own, at, (SIGHT_WIDTH, SIGHT_LENGTH), angle, follow=True),
+        **sprite("UI_Sight"),
     })
 
 
@@ -111,6 +131,8 @@ def boss_pieces(own, size):
         yield shot(weapon, name, own)
     for name in ("ShieldPhase1", "ShieldPhase2"):
         yield record(name, {"Transform": attached(own, (0, 0), (size * 1.2, size * 1.2), follow=True), **sprite(f"Boss_{name}")})
+    for angle in FAN:
+        yield sight(own, "ShieldPhase1", size * BOSS_GUN, angle)
     for k in range(11):
         at = (size * 0.3 * ((k * 5) % 7 - 3) / 3, size * 0.3 * ((k * 3) % 7 - 3) / 3)
         yield record(f"DeathExplosion{k:02}", {
@@ -130,6 +152,9 @@ def pieces(unit, kind, own):
     else:
         for index, weapon in enumerate(unit["weapons"]):
             yield gun(own, index, f"Gun_{KINDS[weapon]['gun']}_{side['gun']}", size)
+    if kind == "enemy":
+        for index in (0, 1):
+            yield sight(own, f"Weapon{index}Barrel", size * GUN / 1.2)
     yield from effects(own, size, kind == "player")
     if kind == "boss":
         yield from boss_pieces(own, size)
@@ -167,7 +192,7 @@ def unit_record(unit, number):
         **light(SIDES[kind]["colour"], 0.45, 10),
         **(player(unit) if kind == "player" else enemy(unit, kind == "boss")),
         "ColliderHolder": {**collider({"shape": "Circle", "category": "Player" if kind == "player" else "Enemy"}),
-                           "m_local_scale": [0.9, 0.9, 1.0]},
+                           "m_local_scale": [BODY, BODY, 1.0]},
     }
     return record(name, components, pieces(unit, kind, own))
 
