@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <filesystem>
 #include <fstream>
@@ -96,8 +97,13 @@ INSTANTIATE_TEST_SUITE_P(Round, RecordedGames, ::testing::ValuesIn(RecordedGameF
                            return std::filesystem::path(test.param).stem().string();
                          });
 
+/// In the game that is skipped every input counts; elsewhere the cursor often moves in vain.
 TEST(RecordedGame, AnotherInputOrStateIsNoticed) {
-  std::ifstream in(RecordedGameFiles().back());
+  const std::vector<std::string> files = RecordedGameFiles();
+  const auto skipped = std::ranges::find_if(
+      files, [](const std::string& file) { return file.ends_with("level01_skips.txt"); });
+  ASSERT_NE(skipped, files.end());
+  std::ifstream in(*skipped);
   const RecordedGame game = RecordedGame::Read(in);
   RecordedGame other = game;
   other.hashes.begin()->second ^= 1;
