@@ -22,6 +22,7 @@ BODY = (30, 150)  # a unit's body is about 75 wide and high, its bar of health o
 ARENA = 475  # from the middle up and down: beyond lie the strips with the keys and the weapons
 NEAR = 7  # two looks at the same place differ by less
 MUZZLE = (28, 45)  # how far the yellow end of a gun is from the middle of its unit; the corners of its outline are farther
+MUZZLE_SIZE = 12  # what is yellow farther apart is not the same muzzle
 
 # Steps of brightness, of 255.
 LINE_SEEN = 20  # the aim line adds about 40 to its ground
@@ -99,12 +100,13 @@ class View:
         return sorted(places, key=lambda place: -place[1])
 
     def gun_bearing(self, unit):
-        """The direction of a unit's gun, by the yellow of its muzzle."""
+        """The direction of a unit's gun, by the yellow of its muzzle: the densest of what is yellow around the unit."""
         reach = range(-MUZZLE[1], MUZZLE[1] + 1, 2)
         seen = [(dx, dy) for dx in reach for dy in reach
                 if MUZZLE[0] < math.hypot(dx, dy) < MUZZLE[1] and is_yellow(*self.colour((unit[0] + dx, unit[1] + dy)))]
         assert seen, f"no gun is seen at {unit}"
-        return bearing((0, 0), (sum(x for x, _ in seen), sum(y for _, y in seen)))
+        muzzle = max(([other for other in seen if distance(point, other) < MUZZLE_SIZE] for point in seen), key=len)
+        return bearing((0, 0), (sum(x for x, _ in muzzle), sum(y for _, y in muzzle)))
 
     def gains(self, start, end, near=120, far=60):
         """How much brighter each point of a straight path is than the ground beside it.

@@ -89,7 +89,7 @@ class TrainingRange(LevelTest):
 
     def check_armament(self):
         """The first weapons of all units and the second ones of all but the last are all kinds of weapons."""
-        units = [record for record in self.records[0]["Childs"] if "Player" in record]
+        units = [record for record in find_record(self.records, "level")["Childs"] if "Player" in record]
         self.assertEqual(len(units), PLAYERS)
         carried = [[part for weapon in (0, 1)
                     for part in find_record(unit["Childs"], f"Weapon{weapon}Projectile") if part in WEAPONS]
