@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "game/levelplay.h"
 #include "game/objectquery.h"
 #include "game/turns/gamecontroller.h"
 #include "game/units/enemy.h"
@@ -8,66 +9,22 @@
 #include "physics/components/transform.h"
 #include "support/autoplayer.h"
 #include "support/levelgame.h"
-#include "support/reports.h"
 
 namespace carapace_test {
 namespace {
 
 using namespace ZOVEngine;
-using ::testing::HasSubstr;
-using ::testing::Not;
 using ::testing::SizeIs;
 
 constexpr std::uint32_t kSeed = 3;
-constexpr int kMostSteps = 3000;  ///< that anything here may take
 
-/// The second level as it is shipped, before the player's first turn.
-class Level02 : public ::testing::Test {
+class Level02 : public LevelPlayTest {
  protected:
-  Level02() { m_world.Step(); }
-
-  GameController& Controller() { return *m_world.Find("level")->GetComponent<GameController>(); }
-  GameObj* PlayerAt(std::size_t index) { return Controller().m_players[index]; }
-  GameObj* EnemyAt(std::size_t index) { return Controller().m_enemies[index]; }
-  int HealthOf(std::size_t enemy) { return EnemyAt(enemy)->GetComponent<Enemy>()->m_health; }
-
-  static const Vector3D& PlaceOf(GameObj* object) {
-    return object->GetComponent<Transform>()->m_world_pos;
-  }
-
-  /// Skips turns until it is this unit's, which keeps it.
-  void SkipToTurnOf(GameObj* unit) {
-    AutoPlayer player(&m_world, AutoPlayer::Style::kSkip);
-    for (int step = 0; step < kMostSteps; ++step) {
-      if (Controller().m_selected == unit && Controller().m_state == TURN_PLAYER_MOVE) return;
-      player.Step();
-    }
-    FAIL() << unit->name << " has no turn";
-  }
-
-  /// In its turn the unit fires one of its weapons at a place; then all comes to rest.
-  void Fire(std::size_t player, bool first_weapon, const Vector3D& at) {
-    SkipToTurnOf(PlayerAt(player));
-    auto* unit = PlayerAt(player)->GetComponent<Player>();
-    unit->m_selected_first_weapon = first_weapon;
-    unit->Fire(at);
-    m_world.Step(10);
-    for (int step = 0; step < kMostSteps && !Controller().AllBodiesAtRest(); ++step) m_world.Step();
-    m_world.Step(2);
-  }
-
-  LevelGame m_game{"Level02", kSeed};
-  World& m_world = m_game.world;
+  Level02() : LevelPlayTest("Level02") {}
 };
 
 TEST(Level02Files, LoadingThemComplainsOfNothing) {
-  const std::string output = OutputOf([] {
-    LevelGame game("Level02", kSeed);
-    game.world.Step(2);
-  });
-  EXPECT_THAT(output, Not(HasSubstr("Cant find Key: m_")));
-  EXPECT_THAT(output, Not(HasSubstr(" not found")));
-  EXPECT_THAT(output, Not(HasSubstr("Not Object")));
+  ExpectLoadsQuietly("Level02");
 }
 
 TEST_F(Level02, TwoStandAgainstThree) {
@@ -76,11 +33,7 @@ TEST_F(Level02, TwoStandAgainstThree) {
 }
 
 TEST_F(Level02, TheFirstVolleyKillsNobody) {
-  AutoPlayer player(&m_world, AutoPlayer::Style::kSkip);
-  ASSERT_FALSE(player.Play(2)) << "the enemies fire in the second round";
-  for (GameObj* unit : Controller().m_players) {
-    EXPECT_TRUE(unit->GetComponent<Player>()->m_alive) << unit->name;
-  }
+  ExpectTheFirstVolleyKillsNobody();
 }
 
 TEST_F(Level02, APushSendsTheFirstEnemyIntoTheHole) {
