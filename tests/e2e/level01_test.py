@@ -247,7 +247,12 @@ class Victory(FirstLevel):
     def setUp(self):
         super().setUp()
         level = self.read_json(self.level_file())
-        self.map = self.read_json(level["TileMap"])["TileMap"]
+        middles = (tile["Transform"]["m_world_pos"] for tile in self.read_json(level["Tiles"])["GameObjFactory"])
+        self.tiles = {(x, y) for x, y, _ in middles}
+
+    def is_wall(self, place):
+        """True if a tile lies on the place's cell; the floor's plates lie on none."""
+        return tuple(60 * (value // 60) + 30 for value in place) in self.tiles
 
     def is_clear(self, start, end):
         """True if no wall lies on the path of a shot, taken a little wider than the shot."""
@@ -256,7 +261,7 @@ class Victory(FirstLevel):
         for along in range(0, int(length), 10):
             for aside in (-25, 0, 25):
                 place = (start[0] + along * x - aside * y, start[1] + along * y + aside * x)
-                if self.map[int((540 - place[1]) // 60)][int((960 + place[0]) // 60)]:
+                if self.is_wall(place):
                     return False
         return True
 

@@ -10,7 +10,9 @@
 #include <cmath>
 #include <iterator>
 #include <random>
+#include <set>
 #include <stdexcept>
+#include <utility>
 #include <vector>
 
 #include "game/levels/levelsave.h"
@@ -123,6 +125,7 @@ class Maker {
   void FindFreeCells(const std::string& level) {
     Document map;
     map.Parse(ShippedFile(ZOVEngine::LevelPaths(level).tile_map));
+    const std::set<std::pair<float, float>> tiles = FindTiles(level);
     const int size = map["TileSize"].GetInt();
     const int width = map["Width"].GetInt();
     const int height = map["Height"].GetInt();
@@ -130,10 +133,22 @@ class Maker {
       for (int column = 0; column < width; ++column) {
         const Point centre = {static_cast<float>(size / 2 - size * width / 2 + column * size),
                               static_cast<float>(size / 2 + size * height / 2 - (row + 1) * size)};
-        const auto& cells = map["TileMap"][static_cast<unsigned>(row)];
-        (cells[static_cast<unsigned>(column)].GetInt() == 0 ? m_free : m_walls).push_back(centre);
+        (tiles.contains({centre.x, centre.y}) ? m_walls : m_free).push_back(centre);
       }
     }
+  }
+
+  /// The middles of all tiles. Those of walls lie in the middles of cells, those of the floor
+  /// between.
+  static std::set<std::pair<float, float>> FindTiles(const std::string& level) {
+    Document file;
+    file.Parse(ShippedFile(ZOVEngine::LevelPaths(level).tiles));
+    std::set<std::pair<float, float>> tiles;
+    for (const Json& tile : file["GameObjFactory"].GetArray()) {
+      const Json& place = tile["Transform"]["m_world_pos"];
+      tiles.emplace(place[0].GetFloat(), place[1].GetFloat());
+    }
+    return tiles;
   }
 
   /// Moves the first record with this component out of its list.
