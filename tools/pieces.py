@@ -5,8 +5,6 @@ what is needed stays within 700 to the left and the right.
 """
 from records import animation, audio_source, record, shared_square, sound, sprite, transform
 
-# The keys of an AudioSource in the order in which the game writes them.
-AUDIO_KEYS = ("sounds", "loop", "is_3D", "start_play", "sound_type", "volume")
 WIDE = (2600, 1100)  # covers every screen, up to 21 by 9
 BUTTON, SHORT_BUTTON, TAB, SWITCH = (416, 96), (288, 96), (320, 80), (192, 96)
 PAGE, PAGE_MIDDLE, BELOW_PAGE = (1424, 928), (0, 36), (0, -484)
@@ -19,9 +17,8 @@ def place(x=0, y=0, width=1, height=1):
 
 
 def hearing(*heard):
-    """The AudioSource of these sounds, as the game writes it."""
-    found = audio_source(*heard)
-    return {"AudioSource": {key: found[key] for key in AUDIO_KEYS}}
+    """The AudioSource of these sounds."""
+    return {"AudioSource": audio_source(*heard)}
 
 
 def image(name, texture, at, size, alpha=1, visible=True):

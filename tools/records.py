@@ -1,4 +1,4 @@
-"""The records of objects and of their components, as the game's data files hold them.
+"""The records of objects and of their components, as the game's data files hold them: every key, in the game's order.
 
 The makers of levels and of screens share these functions. A function that is named after a component returns the
 value of that component's key; `sprite`, `animation`, `light`, `sounds` and `emitter` return whole entries, so that a
@@ -26,7 +26,7 @@ def archetype(name, components):
 
 
 def transform(at=(0, 0), size=(1, 1), turn=0, depth=1):
-    """The Transform of an object without a parent."""
+    """The Transform of an object without a parent. `places.derive` gives those below others their place in the world."""
     place = floats((*at, depth))
     scale = floats((*size, 1))
     return {
@@ -46,14 +46,7 @@ def attached(parent, at, size, turn=0, follow=False):
     `parent` is the parent's Transform. A child that follows turns with the parent; any other is only carried along.
     """
     out = transform(at, [own / of for own, of in zip(size, parent["m_world_scale"])], turn)
-    out["m_world_scale"] = floats((*size, 1))
-    out["m_rotate_with_parent"] = follow
-    x, y = at
-    if follow:
-        angle = math.radians(parent["m_world_rotate"])
-        x, y = x * math.cos(angle) - y * math.sin(angle), x * math.sin(angle) + y * math.cos(angle)
-        out["m_world_rotate"] += parent["m_world_rotate"]
-    out["m_world_pos"] = [parent["m_world_pos"][0] + x, parent["m_world_pos"][1] + y, 1.0]
+    out.update(m_world_scale=floats((*size, 1)), m_rotate_with_parent=follow)
     return out
 
 
@@ -142,17 +135,18 @@ def animation(seconds=0.05, **sheets):
 
 def sound(name, kind="SFX", volume=0.8, loop=False, placed=False, starts=False):
     """One sound of an AudioSource; see `audio_source`."""
-    return {"sounds": name, "loop": loop, "is_3D": placed, "start_play": starts, "volume": float(volume), "sound_type": kind}
+    return {"sounds": name, "loop": loop, "is_3D": placed, "start_play": starts, "sound_type": kind, "volume": float(volume)}
 
 
 def audio_source(*heard):
-    """The AudioSource of these sounds: a list for each of their properties."""
-    return {key: [own[key] for own in heard] for key in heard[0]}
+    """The AudioSource of these sounds, sorted as the game sorts them: a list for each of their properties."""
+    in_order = sorted(heard, key=lambda own: own["sounds"])
+    return {key: [own[key] for own in in_order] for key in heard[0]}
 
 
 def sounds(*names, volume=0.8):
     """The AudioSource of effects that are heard from where their object is."""
-    return {"AudioSource": audio_source(*(sound(name, volume=volume, placed=True) for name in sorted(names)))}
+    return {"AudioSource": audio_source(*(sound(name, volume=volume, placed=True) for name in names))}
 
 
 def light(colour, strength, height=0, specular=0, ambient=0):

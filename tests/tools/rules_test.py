@@ -1,14 +1,16 @@
 """The rules of levels: the first level passes, and is refused after each change that would keep it from going on."""
 import copy
 import json
+import tomllib
 import unittest
 
-from makers import LEVEL01, ROOT, make_level
+from makers import LEVEL01, ROOT, level_maker, make_level
 from levels import rules
 
 FILES = make_level(LEVEL01)
 RECORDS = json.loads(FILES["Level Editor/Levels/Level01/Entity/Units.json"])["GameObjFactory"]
-MAP = json.loads(FILES["Level Editor/Levels/Level01/Map/Level01.json"])
+SIZES, CELLS = level_maker.tile_map(tomllib.loads(LEVEL01))
+MAP = {**SIZES, "TileMap": CELLS}
 
 PUCK = {
     "name": "puck", "active": True, "components": ["Transform", "RigidBody", "ColliderHolder"],

@@ -56,19 +56,25 @@ def children(name, kind, own):
     })
 
 
+def flight(kind, mass):
+    """The fields of a shot's component. The game has the damage before the speed, all other own fields behind it."""
+    damage = {key: value for key, value in kind["fields"].items() if key == "m_damage"}
+    return {"m_max_range": float(kind.get("range", RANGE)), "m_curr_range": 0.0, **damage, "m_speed": float(SPEED * mass),
+            **{key: value for key, value in kind["fields"].items() if key != "m_damage"}}
+
+
 def shot(name, child, parent):
     """The hidden shot of a weapon. Its shape is switched off; firing switches everything on."""
     kind = KINDS[name]
     mass = kind.get("mass", 1)
     own = attached(parent, (0, 0), (kind["size"], kind["size"]))
-    fields = {"m_max_range": float(kind.get("range", RANGE)), "m_curr_range": 0.0, "m_speed": float(SPEED * mass), **kind["fields"]}
     components = {
         "Transform": own,
         "RigidBody": body({"mass": mass, "inertia": mass * 100, "rest": 1}),
         **sprite(f"Shot_{kind['image']}", visible=False),
         **sounds(*kind["sounds"], volume=0.9),
         **(shot_light(name, kind) if "light" in kind else {}),
-        kind["component"]: fields,
+        kind["component"]: flight(kind, mass),
         "ColliderHolder": {**collider({"shape": "Circle", "category": "Projectile"}), "m_active": False},
     }
     return record(child, components, children(name, kind, own))
