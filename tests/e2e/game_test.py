@@ -12,7 +12,6 @@ PREVIEW_NEAR = 12  # mean difference of a preview from its image, for want of wh
 
 # What the masks hide, in world units: x, y, width, height.
 PREVIEW = (286, 18, 790, 548)  # it shows the levels
-ARENA = (0, 0, 1920, 964)  # units move there, and levels differ
 AROUND_QUESTION = [(-682, 0, 556, 964), (682, 0, 556, 964), (0, 352, 808, 264), (0, -312, 808, 340)]
 AROUND_END = [(-782, 0, 356, 964), (782, 0, 356, 964), (-410, -221, 388, 522), (410, -221, 388, 522)]
 EXAMPLES = [(-660, -45, 100, 100), (160, 130, 170, 150), (160, -75, 200, 200)]  # they move
@@ -31,8 +30,7 @@ class WholeGame(Session):
         self.ears.wait_for_sound("the menu's music")
         self.visit_the_menu()
         self.choose_a_level()
-        self.wait_for_turn(1)
-        self.expect("level", [ARENA])
+        self.expect_level("Level01", 1)
         self.visit_the_pause()
         self.restart()
         self.win()
@@ -96,8 +94,7 @@ class WholeGame(Session):
         click("ui_pause_glossary_back")
         self.use_the_switches()
         click("ui_pause_resume")
-        self.wait_for_turn(1)
-        self.expect("level", [ARENA])
+        self.expect_level("Level01", 1)
 
     def use_the_switches(self):
         """Each switch silences its half of the sounds, and brings it back."""
@@ -140,7 +137,7 @@ class WholeGame(Session):
         """Space begins the level anew."""
         turns = self.count("Player Unit Select")
         tap("space")
-        self.wait_for_turn(turns + 1)
+        self.expect_level("Level01", turns + 1)
 
     def win(self):
         """One shot at the only enemy wins; the next level follows."""
@@ -154,8 +151,7 @@ class WholeGame(Session):
         self.expect("victory", AROUND_END)
         self.player.click("ui_end_gotonext")
         self.player.turn_to("Level02")
-        self.wait_for_turn(turns + 1)
-        self.expect("level", [ARENA])
+        self.expect_level("Level02", turns + 1)
 
     def lose(self):
         """A turn left out lets the enemy shoot the only unit. The buttons then lie higher."""
@@ -166,8 +162,7 @@ class WholeGame(Session):
         self.expect("defeat", AROUND_END)
         self.player.hover("ui_end_gotonext")  # in whose place the restart is
         self.player.press()
-        self.wait_for_turn(turns + 1)
-        self.expect("level", [ARENA])
+        self.expect_level("Level02", turns + 1)
 
     def leave(self):
         tap("Escape")

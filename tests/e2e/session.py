@@ -1,4 +1,6 @@
 """A session of the game from the splash screen on, in levels that are over after one shot."""
+import json
+
 from case import SETTINGS, WINDOW
 from driver import tap, wait_until
 from ears import Ears
@@ -6,13 +8,13 @@ from level import LevelTest
 from moments import Moments
 from player import REST, Player
 
-SIDE, BELOW = 760, -250  # where the two units of a duel stand, to the left and the right
-INNER = (900, 480)  # the middles of the walls around a level lie farther out
+SIDE, BELOW = 660, -250  # where the two units of a duel stand, to the left and the right; a window of 4 to 3 shows them
 LEVELS = ("Level01", "Level02")
 ASIDE = (0, 300)  # where it is out of the units' way
 
 # What the masks hide, in world units: x, y, width, height.
 CROSSHAIR = 84
+ARENA = (0, 0, 1920, 964)  # units move there
 PROMPT = (0, -220, 500, 90)  # it blinks
 HOLE = (0, 265, 640, 510)  # it turns
 
@@ -27,31 +29,38 @@ class Session(LevelTest):
         self.ears = Ears(self.directory)
 
     def make_duel(self, level):
-        """Writes a level with all that the first level has but its walls and most of its units."""
-        plan = self.read_json("Level Editor/Levels/Level01/Level01.json")
+        """Leaves a level its first units, its interface and the walls around it."""
+        plan = self.read_json(f"Level Editor/Levels/{level}/{level}.json")
         objects, walls, tiles = (self.read_json(plan[key]) for key in ("Objects", "TileMap", "Tiles"))
         root = next(record for record in objects["GameObjFactory"] if "GameController" in record)
-        sides = {key: [record for record in root["Childs"] if key in record] for key in ("Player", "Enemy")}
-        for x, (key, records) in zip((-SIDE, SIDE), sides.items()):
-            for record in records[1:]:
-                root["Childs"].remove(record)
-            records[0]["Transform"]["m_pos"][:2] = records[0]["Transform"]["m_world_pos"][:2] = [x, BELOW]
-            records[0][key]["m_health"] = records[0][key]["m_max_health"] = 1
-        root["GameController"]["m_level_map"] = f"Level Editor/Levels/{level}/{level}.json"
+        units = [next(record for record in root["Childs"] if key in record) for key in ("Player", "Enemy")]
+        for unit, key, x in zip(units, ("Player", "Enemy"), (-SIDE, SIDE)):
+            unit["Transform"]["m_pos"][:2] = unit["Transform"]["m_world_pos"][:2] = [x, BELOW]
+            unit[key]["m_health"] = unit[key]["m_max_health"] = 1
+        root["Childs"] = units + [record for record in root["Childs"] if self.is_interface(record)]
         objects["GameObjFactory"] = [root]
-        for row in walls["TileMap"][1:-1]:
-            row[1:-1] = [0] * len(row[1:-1])
-        tiles["GameObjFactory"] = [tile for tile in tiles["GameObjFactory"] if not self.is_inner_wall(tile)]
-        for key, value in (("Objects", objects), ("TileMap", walls), ("Tiles", tiles)):
-            plan[key] = f"{level}-{key}.json"
-            self.write_json(plan[key], value)
-        (self.directory / f"Level Editor/Levels/{level}").mkdir(exist_ok=True)
-        self.write_json(f"Level Editor/Levels/{level}/{level}.json", plan)
+        self.write_json(plan["Objects"], objects)
+        columns, rows = walls["Width"], walls["Height"]
+        border = [(x, y) for y in range(rows) for x in range(columns) if x in (0, columns - 1) or y in (0, rows - 1)]
+        walls["TileMap"] = [[int((x, y) in border) for x in range(columns)] for y in range(rows)]
+        self.write_json(plan["TileMap"], walls)
+        tiles["GameObjFactory"] = list(self.walls_at(border, walls, tiles["GameObjFactory"]))
+        self.write_json(plan["Tiles"], tiles)
 
     @staticmethod
-    def is_inner_wall(tile):
-        x, y = tile["Transform"]["m_pos"][:2]
-        return "Wall" in tile["Render"]["m_tex"] and abs(x) < INNER[0] and abs(y) < INNER[1]
+    def is_interface(record):
+        return "UIElement" in record or "Camera" in record or record["name"].startswith("ui_")
+
+    @staticmethod
+    def walls_at(cells, walls, tiles):
+        """A wall for each cell, made like the first one of the level."""
+        wall = next(tile for tile in tiles if tile["Render"]["m_tex"] == "Tile_Wall")
+        for x, y in cells:
+            size = walls["TileSize"]
+            place = [(x + 0.5 - walls["Width"] / 2) * size, (walls["Height"] / 2 - 0.5 - y) * size]
+            copy = json.loads(json.dumps(wall))
+            copy["Transform"]["m_pos"][:2] = copy["Transform"]["m_world_pos"][:2] = place
+            yield copy
 
     def begin(self, size=WINDOW):
         settings = self.read_json(SETTINGS)
@@ -77,6 +86,11 @@ class Session(LevelTest):
         self.player.point_at(ASIDE)
         self.mouse = ASIDE
         return self.wait_for_aim(turns)
+
+    def expect_level(self, level, turns):
+        """The player's turn comes in this level, whose weapons tell it from the other, after so many since the start."""
+        self.wait_for_turn(turns)
+        self.expect(f"play-{level}", [ARENA])
 
     def skip_the_splash(self):
         self.player.point_at(REST)
