@@ -22,7 +22,7 @@ PROGRAM = pathlib.Path(os.environ.get("CARAPACE_PROGRAM", ROOT / "build/release/
 OUTPUT = pathlib.Path(os.environ.get("CARAPACE_E2E_OUTPUT", ROOT / "build/e2e"))
 
 WINDOW = (1280, 720)  # the window of the shipped settings
-WORLD = (1920, 1080)  # world units that a window of any size shows
+WORLD = (1920, 1080)  # world units that a window of this shape shows; any other has the same height
 
 UNLIT = bytes(value // 2 for value in range(256))  # the background, where no light reaches
 

@@ -61,7 +61,7 @@ class View:
 
     def __init__(self, picture):
         self.picture = picture
-        self.ratio = picture.width / WORLD[0]
+        self.ratio = picture.height / WORLD[1]
 
     def pixel_at(self, place):
         return (round(self.picture.width / 2 + place[0] * self.ratio),
