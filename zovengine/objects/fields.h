@@ -7,11 +7,13 @@
 
 #include "core/base/vector3d.h"
 #include "jsonunserializer.h"
+#include "objects/fieldforms.h"
 #include "objects/reflection.h"
 
 namespace ZOVEngine {
 
-// One list of a component's fields serves its reader, its writer and the inspector. A class
+// One list of a component's fields serves its reader, its writer, the inspector and the check of
+// files before they are read (objects/fieldforms.h). A class
 // declares it by ZOV_DECLARE_FIELDS() and defines it in its source, before ZOV_COMPONENT_FIELDS: a
 // line for each field, in the order of the files, `visit(key, &Class::member)`, with the label of
 // the inspector behind it if the inspector shows the field. `visit.Checked(key, &Class::member,
@@ -177,6 +179,7 @@ ComponentRegistration<T>& RegisterFields(ComponentRegistration<T>&& registration
 
 /// Defines reader and writer of a component by its list of fields.
 #define ZOV_COMPONENT_FILE(Class)               \
+  ZOV_COMPONENT_FORMS(Class)                    \
   void Class::Unserialize(const Value& value) { \
     ReadFields(value, this);                    \
   }                                             \

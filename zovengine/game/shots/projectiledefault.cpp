@@ -12,6 +12,7 @@ constexpr float kBossMuzzle = 100.0f;  ///< so far the shot spares its boss (uni
 
 }  // namespace
 
+ZOV_COMPONENT_FORMS(ProjectileDefault)
 ZOV_COMPONENT_INSPECTED(ProjectileDefault)
 
 void ProjectileDefault::Update(float dt) {

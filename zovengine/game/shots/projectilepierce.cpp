@@ -25,6 +25,7 @@ bool AreAllPlayersDead(GameObj* shot) {
 
 }  // namespace
 
+ZOV_COMPONENT_FORMS(ProjectilePierce)
 ZOV_COMPONENT_INSPECTED(ProjectilePierce)
 
 void ProjectilePierce::Update(float dt) {

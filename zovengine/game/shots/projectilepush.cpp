@@ -6,6 +6,7 @@
 
 namespace ZOVEngine {
 
+ZOV_COMPONENT_FORMS(ProjectilePush)
 ZOV_COMPONENT_INSPECTED(ProjectilePush)
 
 void ProjectilePush::Update(float dt) {

@@ -32,6 +32,7 @@ void TradePlaces(GameObj* target, GameObj* selected) {
 
 }  // namespace
 
+ZOV_COMPONENT_FORMS(ProjectileSwap)
 ZOV_COMPONENT_INSPECTED(ProjectileSwap)
 
 void ProjectileSwap::Update(float dt) {

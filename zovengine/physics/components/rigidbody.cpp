@@ -23,6 +23,7 @@ void RigidBody::Fields(Visitor& visit) {
   visit("m_angular_drag", &RigidBody::m_angular_drag, "Ang Drag", "float");
   visit("m_rest", &RigidBody::m_rest, "Rest", "float");
 }
+ZOV_COMPONENT_FORMS(RigidBody)
 ZOV_COMPONENT_INSPECTED(RigidBody)
 
 void RigidBody::Unserialize(const Value& value) {

@@ -60,6 +60,8 @@ void Transform::Inspected(Visitor& visit) {
   visit("m_rotate_with_parent", &Transform::m_rotate_with_parent, "Rotate with parent");
 }
 
+ZOV_COMPONENT_FORMS(Transform)
+
 ZOV_REGISTRATION(Transform) {
   RegisterFields(ComponentRegistration<Transform>("Transform"))
       .Method("SetLocalPosition", &Transform::SetLocalPosition)
