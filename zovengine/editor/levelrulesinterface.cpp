@@ -1,0 +1,65 @@
+#include <iterator>
+
+#include "editor/levelrulesreport.h"
+
+namespace ZOVEngine {
+namespace {
+
+/// Names of the program's tables that no level needs: one element does nothing, one is set while
+/// the level runs, and the handler reports a button that was forgotten.
+const NameSet kUnneeded = {"ui_element_default", "ui_selection_circle", "default"};
+/// Buttons that are hints of keys; they are shown and have no handler.
+const NameSet kKeyHints = {"ui_skip", "ui_cycle_left", "ui_cycle_right", "ui_undo"};
+/// The pieces of the glossary that its tabs look for among the children of the level's root.
+constexpr const char* kGlossary[] = {"ui_pause_glossary_img",
+                                     "ui_pause_glossary_weapons",
+                                     "ui_pause_glossary_enviro",
+                                     "EnvDestructible",
+                                     "EnvDamage",
+                                     "EnvBlackhole"};
+
+bool IsOfMenu(const std::string& name) {
+  return name.starts_with("menu_");
+}
+
+/// The names of `wanted` that a level needs and that `found` lacks, separated by commas.
+std::string Missing(const NameSet& wanted, const NameSet& found) {
+  std::string names;
+  for (const std::string& name : wanted) {
+    if (IsOfMenu(name) || kUnneeded.contains(name) || found.contains(name)) continue;
+    names += (names.empty() ? "" : ", ") + name;
+  }
+  return names;
+}
+
+void RequireAll(const char* what, const std::string& missing, LevelReport* report) {
+  if (missing.empty()) return;
+  report->Add("interface-missing", LevelFile::kObjects,
+              std::string("the level has no ") + what + " " + missing);
+}
+
+}  // namespace
+
+void CheckInterface(const LevelView& level, const KnownAssets& known, LevelReport* report) {
+  NameSet elements, buttons, pieces;
+  for (const ObjectView& object : level.objects.All()) {
+    const std::string element(object.Text("UIElement", "m_ui_element_name", "ui_element_default"));
+    if (object.Has("UIElement") && !known.behaviours.contains(element)) {
+      report->Add("interface-element", object, "is an element of the unknown name " + element);
+    }
+    const std::string click(object.Text("Button", "m_click_name", "default"));
+    if (object.Has("Button") && !known.handlers.contains(click) && !kKeyHints.contains(click)) {
+      report->Add("interface-button", object, "is a button of the unknown name " + click);
+    }
+    if (object.Has("UIElement")) elements.insert(element);
+    if (object.Has("Button")) buttons.insert(click);
+    if (object.parent != nullptr && object.parent == level.root) pieces.insert(object.name);
+  }
+  RequireAll("element", Missing(known.behaviours, elements), report);
+  RequireAll("button", Missing(known.handlers, buttons), report);
+  RequireAll("hint", Missing(kKeyHints, buttons), report);
+  RequireAll("piece of the glossary below its root",
+             Missing({std::begin(kGlossary), std::end(kGlossary)}, pieces), report);
+}
+
+}  // namespace ZOVEngine
