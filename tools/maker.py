@@ -17,16 +17,21 @@ ROOT = pathlib.Path(__file__).resolve().parents[1]
 RECORD = "rendered.json"
 
 
-def read_arguments(arguments, names):
-    """The option, or an empty text, and the wanted names, which are all when none is given."""
-    options = [word for word in arguments if word.startswith("-")]
+NAMED = ("--start-over", "--renew")  # options that need a name
+
+
+def read_arguments(arguments, names, options=("--check", "--list")):
+    """The option, or an empty text, and the wanted names, which are all when none is given and the option needs none."""
+    given = [word for word in arguments if word.startswith("-")]
     wanted = [word for word in arguments if not word.startswith("-")]
-    if len(options) > 1 or not {*options} <= {"--check", "--list"}:
-        sys.exit("the options are --check and --list, one at a time")
+    if len(given) > 1 or not {*given} <= {*options}:
+        sys.exit(f"the options are {' and '.join(options)}, one at a time")
+    if {*given} & {*NAMED} and not wanted:
+        sys.exit(f"{given[0]} needs the names of what it is to change")
     for name in wanted:
         if name not in names:
             sys.exit(f"nothing is named {name}; the names are {', '.join(names)}")
-    return "".join(options), wanted or list(names)
+    return "".join(given), wanted or list(names)
 
 
 def report(faults, count):
@@ -45,10 +50,15 @@ def run_text_maker(arguments, names, make):
     elif option == "--check":
         report([fault for path, text in texts.items() for fault in text_faults(path, text)], len(texts))
     else:
-        for path, text in texts.items():
-            (ROOT / path).parent.mkdir(parents=True, exist_ok=True)
-            (ROOT / path).write_text(text)
-            print(f"{path}  {len(text) // 1024 + 1} KB")
+        write_texts(texts)
+
+
+def write_texts(texts):
+    """Writes the texts to their paths, which are relative to the repository."""
+    for path, text in texts.items():
+        (ROOT / path).parent.mkdir(parents=True, exist_ok=True)
+        (ROOT / path).write_text(text)
+        print(f"{path}  {len(text) // 1024 + 1} KB")
 
 
 def text_faults(path, text):

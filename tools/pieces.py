@@ -115,6 +115,13 @@ def examples(behaviour):
             })
 
 
+def walk(records, parent=None):
+    """Every record with its parent's, parents first."""
+    for own in records:
+        yield own, parent
+        yield from walk(own["Childs"], own)
+
+
 def textures(records):
     """The keys of all textures that objects show at some time, as far as their records tell."""
     for own in records:

@@ -76,6 +76,11 @@ class TextMaker(MakerTest):
         (self.root / "data/c.json").unlink()
         self.assert_refused("data/b.json differs from what its maker writes\ndata/c.json is missing", "--check")
 
+    def test_an_option_that_changes_what_an_author_did_needs_a_name(self):
+        with self.assertRaises(SystemExit) as refused:
+            maker.read_arguments(["--start-over"], self.TEXTS, ("--check", "--start-over"))
+        self.assertEqual(refused.exception.code, "--start-over needs the names of what it is to change")
+
     def test_an_unknown_name_or_option_is_refused(self):
         self.assert_refused("nothing is named three; the names are one, two", "three")
         for options in (["--force"], ["--check", "--list"]):

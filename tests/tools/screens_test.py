@@ -7,7 +7,7 @@ import unittest
 from makers import ROOT, load
 
 import pieces
-from levels.rules import walk
+from pieces import walk
 
 MENU = "MainMenu"
 LEVELS = [path.parent.parent.name for path in sorted((ROOT / "Level Editor/Levels").glob("Level*/Entity/Units.json"))]
