@@ -12,12 +12,13 @@ find_package(RapidJSON 1.1 CONFIG REQUIRED)
 pkg_check_modules(STB REQUIRED IMPORTED_TARGET stb)
 find_package(OpenAL REQUIRED)
 pkg_check_modules(SNDFILE REQUIRED IMPORTED_TARGET sndfile)
+pkg_check_modules(IMGUI REQUIRED IMPORTED_TARGET imgui)
 
 add_library(carapace_dependencies INTERFACE)
 target_include_directories(carapace_dependencies SYSTEM INTERFACE ${RAPIDJSON_INCLUDE_DIRS})
 target_link_libraries(carapace_dependencies INTERFACE
   SDL2::SDL2 X11::X11 GLEW::GLEW OpenGL::GLU OpenGL::GL Freetype::Freetype glm::glm RTTR::Core
-  PkgConfig::STB OpenAL::OpenAL PkgConfig::SNDFILE)
+  PkgConfig::STB OpenAL::OpenAL PkgConfig::SNDFILE PkgConfig::IMGUI)
 
 # clang wants the element type of a default argument in rttr/type.h complete, which it is not there. It
 # reads a copy of the headers without that default, on which nothing here relies.

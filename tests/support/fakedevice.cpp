@@ -9,7 +9,12 @@ std::string FakeDevice::Start() {
 
 void FakeDevice::ResetViewport(int width, int height, double aspect) {
   calls.push_back("ResetViewport");
-  viewport = {width, height, aspect};
+  viewport = {0, 0, width, height, aspect};
+}
+
+void FakeDevice::SetViewport(int left, int bottom, int width, int height) {
+  calls.push_back("SetViewport");
+  viewport = {left, bottom, width, height, viewport.aspect};
 }
 
 void FakeDevice::SetSwapInterval(bool vsync_) {

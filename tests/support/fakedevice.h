@@ -30,6 +30,8 @@ class FakeDevice final : public ZOVEngine::GLDevice {
 
   /// A viewport as it was set last.
   struct Viewport {
+    int left = 0;
+    int bottom = 0;
     int width = 0;
     int height = 0;
     double aspect = 0.0;
@@ -37,6 +39,7 @@ class FakeDevice final : public ZOVEngine::GLDevice {
 
   std::string Start() override;
   void ResetViewport(int width, int height, double aspect) override;
+  void SetViewport(int left, int bottom, int width, int height) override;
   void SetSwapInterval(bool vsync) override;
   std::uint32_t CompileProgram(ZOVEngine::Program program, const std::string& vertex_source,
                                const std::string& fragment_source) override;

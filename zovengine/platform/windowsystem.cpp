@@ -19,11 +19,11 @@ ZOV_REGISTRATION(WindowSystem) {
 namespace ZOVEngine {
 
 WindowState g_window_state;
+std::string g_settings_path = "Resources/Archetypes/WinInit.json";
 WindowSystem* g_window_system = nullptr;
 
 namespace {
 
-constexpr const char* kSettingsPath = "Resources/Archetypes/WinInit.json";
 constexpr std::uint32_t kWindowStyle = 0x000B0000;
 constexpr std::int32_t kLargestSide = 16384;  ///< of a window by its settings (unit: pixels)
 constexpr std::uint32_t kMasterChannel = 2;
@@ -174,7 +174,7 @@ void WindowSystem::SendMessage(Message* message) {
 
 void WindowSystem::ReadSettings() {
   JsonDocument document;
-  document.Open(kSettingsPath);
+  document.Open(g_settings_path);
   document.Parse();
   const Value& root = document.Root();
   ReadValue(root, "name", &m_name);

@@ -31,6 +31,11 @@ struct WindowState {
 
 extern WindowState g_window_state;
 
+/// The settings file that WindowSystem reads: "Resources/Archetypes/WinInit.json", unless the
+/// program was asked for the level editor, which has settings of its own.
+extern std::string g_settings_path;
+inline constexpr const char* kEditorSettingsPath = "Resources/Archetypes/EditInit.json";
+
 /// Reads the window settings, opens the window with its GL context, and owns the window procedure
 /// through which everything the desktop reports enters the engine as messages.
 ///
@@ -45,7 +50,7 @@ class WindowSystem : public UnpausedSystem {
   WindowSystem();
   ~WindowSystem() override;
 
-  /// Reads "Resources/Archetypes/WinInit.json", opens window and context, starts the GL device,
+  /// Reads the settings of `g_settings_path`, opens window and context, starts the GL device,
   /// shows the window. If one of these cannot be had, the user is told and the process ends with
   /// failure.
   void Init() override;

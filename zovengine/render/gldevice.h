@@ -42,6 +42,10 @@ class GLDevice {
   /// near 1, far 1000) of the given aspect; leaves the model-view matrix selected (unit: pixels).
   virtual void ResetViewport(int width, int height, double aspect) = 0;
 
+  /// Draws the frames into a part of the window from now on, until the next ResetViewport: `left`
+  /// and `bottom` are its distances from the window's lower left corner (unit: pixels).
+  virtual void SetViewport(int left, int bottom, int width, int height) = 0;
+
   /// Waits for the screen's refresh in Present when `vsync` is true.
   virtual void SetSwapInterval(bool vsync) = 0;
 

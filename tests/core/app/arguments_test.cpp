@@ -7,9 +7,11 @@
 #include <fstream>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "core/statemachine.h"
+#include "platform/windowsystem.h"
 #include "support/tempdirectory.h"
 
 namespace ZOVEngine {
@@ -47,8 +49,15 @@ TEST_F(Arguments, NoneStartTheGameWhereItStartsAnyway) {
 
 TEST_F(Arguments, HelpPrintsTheUseToTheOutput) {
   EXPECT_EQ(Read({"--help"}), StartRequest::kHelp);
-  EXPECT_THAT(m_out.str(), StartsWith("usage: carapace [--level FILE]\n"));
+  EXPECT_THAT(m_out.str(), StartsWith("usage: carapace [--level FILE | --edit]\n"));
   EXPECT_EQ(m_errors.str(), "");
+}
+
+TEST_F(Arguments, TheEditorStartsByItsOwnSettings) {
+  const std::string settings = std::exchange(g_settings_path, "");
+  EXPECT_EQ(Read({"--edit"}), StartRequest::kPlay);
+  EXPECT_EQ(g_settings_path, kEditorSettingsPath);
+  g_settings_path = settings;
 }
 
 TEST_F(Arguments, OtherFormsPrintTheUseToTheErrors) {
@@ -57,7 +66,7 @@ TEST_F(Arguments, OtherFormsPrintTheUseToTheErrors) {
   for (const auto& form : forms) {
     m_errors.str("");
     EXPECT_EQ(Read(form), StartRequest::kWrong) << form[0];
-    EXPECT_THAT(m_errors.str(), StartsWith("usage: carapace [--level FILE]\n")) << form[0];
+    EXPECT_THAT(m_errors.str(), StartsWith("usage: carapace [--level FILE | --edit]\n")) << form[0];
   }
   EXPECT_EQ(m_out.str(), "");
 }

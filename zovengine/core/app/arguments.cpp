@@ -5,14 +5,16 @@
 #include <ostream>
 
 #include "core/statemachine.h"
+#include "platform/windowsystem.h"
 
 namespace ZOVEngine {
 namespace {
 
 constexpr const char* kUse =
-    "usage: carapace [--level FILE]\n"
+    "usage: carapace [--level FILE | --edit]\n"
     "  --level FILE   starts in a level, such as "
     "\"Level Editor/Levels/Level01/Level01.json\"\n"
+    "  --edit         opens the level editor\n"
     "  --help         prints this\n";
 
 bool CanOpen(const std::string& path) {
@@ -28,6 +30,10 @@ StartRequest ReadArguments(const std::vector<std::string>& arguments, std::ostre
   if (arguments.size() == 1 && arguments[0] == "--help") {
     out << kUse;
     return StartRequest::kHelp;
+  }
+  if (arguments.size() == 1 && arguments[0] == "--edit") {
+    g_settings_path = kEditorSettingsPath;
+    return StartRequest::kPlay;
   }
   if (arguments.size() != 2 || arguments[0] != "--level") {
     errors << kUse;

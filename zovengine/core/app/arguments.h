@@ -17,7 +17,8 @@ enum class StartRequest {
 /// Exit status after arguments that cannot be followed.
 inline constexpr int kWrongUse = 2;
 
-/// Reads the program's arguments, without its name: none, "--help", or "--level" and the path of a
+/// Reads the program's arguments, without its name: none, "--help", "--edit", which
+/// starts the level editor by its own settings file, or "--level" and the path of a
 /// level file, which then becomes the first screen. The use goes to `out` on request, to `errors`
 /// with arguments of another form. A level file that cannot be opened is named on
 /// `errors`.

@@ -63,6 +63,7 @@ class RealGLDevice final : public GLDevice {
 
   std::string Start() override;
   void ResetViewport(int width, int height, double aspect) override;
+  void SetViewport(int left, int bottom, int width, int height) override;
   void SetSwapInterval(bool vsync) override { m_set_swap_interval(vsync ? 1 : 0); }
   std::uint32_t CompileProgram(Program program, const std::string& vertex_source,
                                const std::string& fragment_source) override;
@@ -135,6 +136,10 @@ void RealGLDevice::ResetViewport(int width, int height, double aspect) {
   glViewport(0, 0, width, height);
   gluPerspective(kFieldOfView, aspect, kNearPlane, kFarPlane);
   glMatrixMode(GL_MODELVIEW);
+}
+
+void RealGLDevice::SetViewport(int left, int bottom, int width, int height) {
+  glViewport(left, bottom, width, height);
 }
 
 std::uint32_t RealGLDevice::CompileProgram(Program program, const std::string& vertex_source,
