@@ -11,6 +11,7 @@
 #include "core/base/profile.h"
 #include "objects/reflection.h"
 #include "objects/tablewalk.h"
+#include "platform/windowsystem.h"
 
 ZOV_REGISTRATION(LogicSystem) {
   using ZOVEngine::LogicSystem;
@@ -61,6 +62,9 @@ void LogicSystem::Init() {
   states[kDefaultState] = std::make_unique<DefaultState>();
   states[kLevelEditorState] = std::make_unique<LevelEditorState>();
   states[kMainMenuState] = std::make_unique<MainMenuState>();
+  if (g_window_system != nullptr && g_window_system->m_imguiActive) {
+    g_start_state = kLevelEditorState;
+  }
   m_machine.m_current = g_start_state;
   m_machine.m_next = g_start_state;
   m_machine.At(g_start_state).Enter();

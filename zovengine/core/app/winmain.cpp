@@ -9,6 +9,7 @@
 #include "core/app/loadscreen.h"
 #include "core/app/logicsystem.h"
 #include "core/statemachine.h"
+#include "editor/shell/editorsystem.h"
 #include "objects/gameobjfactory.h"
 #include "physics/collidersystem.h"
 #include "physicssystem.h"
@@ -69,6 +70,7 @@ int WinMain() {
   g_mixer = mixer.get();
   CreateEngine();
   InitSystems();
+  if (g_window_system->m_imguiActive) g_engine->systems.push_back(new EditorSystem);
   // A level keeps the background of the screen before it; at the start there is none.
   if (g_start_state == kDefaultState) ShowBackground(g_current_level_path);
   MainLoop(*g_engine, NowNanoseconds, SleepNanoseconds, BeginStep);

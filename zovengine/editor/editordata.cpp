@@ -1,0 +1,7 @@
+#include "editor/editordata.h"
+
+namespace ZOVEngine {
+
+EditorData g_editor;
+
+}  // namespace ZOVEngine

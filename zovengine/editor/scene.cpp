@@ -1,0 +1,125 @@
+#include "editor/scene.h"
+
+#include "audio/audiosource.h"
+#include "editor/editorview.h"
+#include "editor/leveldocument.h"
+#include "game/levels/levelobjects.h"
+#include "game/turns/gamecontroller.h"
+#include "jsonunserializer.h"
+#include "objects/gameobjfactory.h"
+#include "physics/components/transform.h"
+
+namespace ZOVEngine {
+namespace {
+
+constexpr const char* kOpenLevel = "the open level";  ///< in reports, in place of a path
+
+void ReadObjects(const Value& root) {
+  for (const Value& record : RequireValue(root, "GameObjFactory").GetArray()) {
+    g_game_obj_factory->ReadObject(record);
+  }
+}
+
+void ReadTiles(const std::string& text) {
+  JsonDocument document;
+  document.ParseText(text, kOpenLevel);
+  if (document.Root().IsObject()) ReadObjects(document.Root());
+}
+
+/// A file's "active" marks the object alone; an erased tile is hidden as well.
+void HideErasedTiles() {
+  for (GameObj* object : g_game_obj_factory->m_objects) {
+    if (IsTile(object) && !object->active) object->SetActive(false);
+  }
+}
+
+/// A level that is edited does not start: its controller would load the tiles of the saved level.
+void HoldControllers() {
+  for (GameController* controller : ComponentTable<GameController>().Components()) {
+    controller->m_init = true;
+  }
+}
+
+void HoldSounds() {
+  for (AudioSource* source : ComponentTable<AudioSource>().Components()) {
+    for (auto& [name, sound] : source->sounds) sound.start_play = false;
+  }
+}
+
+void DeriveTransforms() {
+  for (Transform* transform : ComponentTable<Transform>().Components()) transform->DeriveWorld();
+}
+
+/// The component of this class name, or null.
+GameComponentBase* FindComponent(GameObj* object, const std::string& component) {
+  for (const ComponentType type : object->components) {
+    if (g_game_obj_factory->TypeName(type) != component) continue;
+    return g_game_obj_factory->Table(type).Get(object);
+  }
+  return nullptr;
+}
+
+void SetOwnFields(GameObj* object, const Value& fields) {
+  ReadValue(fields, "name", &object->name);
+  ReadValue(fields, "active", &object->active);
+}
+
+}  // namespace
+
+std::string TilesText() {
+  JsonWriter writer;
+  writer.Out().json->StartObject();
+  WriteKey(writer.Out(), "GameObjFactory");
+  writer.Out().json->StartArray();
+  for (GameObj* object : g_game_obj_factory->m_objects) {
+    if (IsTile(object)) WriteObject(writer.Out(), object);
+  }
+  writer.Out().json->EndArray();
+  writer.Out().json->EndObject();
+  return writer.Text();
+}
+
+void BuildScene(const LevelDocument& document, const std::string& tiles, SceneUse use) {
+  const Vector3D camera = EditorCameraPosition();
+  g_game_obj_factory->ClearObjects();
+  {
+    const JsonTrail::FileScope file(kOpenLevel);
+    ReadObjects(document.Json());
+  }
+  ReadTiles(tiles);
+  HideErasedTiles();
+  if (use == SceneUse::kEdit) {
+    HoldControllers();
+    HoldSounds();
+  }
+  MakeEditorCamera(camera);
+  DeriveTransforms();
+}
+
+std::string LiveFields(GameObj* object, const std::string& component) {
+  JsonWriter writer;
+  writer.Out().json->StartObject();
+  if (component.empty()) {
+    WriteValue(writer.Out(), "name", object->name);
+    WriteValue(writer.Out(), "active", object->active);
+  } else if (GameComponentBase* own = FindComponent(object, component)) {
+    own->Serialize(writer.Out());
+  } else {
+    return "";
+  }
+  writer.Out().json->EndObject();
+  return writer.Text();
+}
+
+void SetLiveFields(GameObj* object, const std::string& component, const std::string& text) {
+  JsonDocument document;
+  document.ParseText(text, kOpenLevel);
+  const JsonTrail::ObjectScope scope(object->name);
+  if (component.empty()) {
+    SetOwnFields(object, document.Root());
+  } else if (GameComponentBase* own = FindComponent(object, component)) {
+    own->Unserialize(document.Root());
+  }
+}
+
+}  // namespace ZOVEngine

@@ -1,0 +1,89 @@
+#include "editor/shell/editorlayout.h"
+
+#include <imgui.h>
+
+#include <algorithm>
+
+#include "editor/editordata.h"
+#include "editor/editorview.h"
+#include "editor/leveleditor.h"
+
+namespace ZOVEngine {
+namespace {
+
+constexpr float kLeftWidth = 250.0f;    // (unit: pixels)
+constexpr float kRightWidth = 390.0f;   // (unit: pixels)
+constexpr float kBottomLeast = 220.0f;  // height of the lower panels in a small window
+
+/// Begins a panel at a fixed place; it can be folded, not moved.
+bool BeginPanel(const char* title, float left, float top, float width, float height) {
+  constexpr ImGuiWindowFlags kFlags = ImGuiWindowFlags_NoMove | ImGuiWindowFlags_NoResize;
+  ImGui::SetNextWindowPos(ImVec2(left, top));
+  ImGui::SetNextWindowSize(ImVec2(width, height));
+  return ImGui::Begin(title, nullptr, kFlags);
+}
+
+/// A tab of the present tab bar with one panel in it.
+template <class Panel>
+void Tab(const char* title, Panel& panel, LevelEditor& editor) {
+  if (!ImGui::BeginTabItem(title)) return;
+  ImGui::BeginChild(title);
+  panel.Show(editor);
+  ImGui::EndChild();
+  ImGui::EndTabItem();
+}
+
+float BottomHeight(float top) {
+  const float display = ImGui::GetIO().DisplaySize.y;
+  return std::max(kBottomLeast, display - top - static_cast<float>(kPictureHeight));
+}
+
+}  // namespace
+
+void EditorLayout::Show(LevelEditor& editor) {
+  const float top = m_menu.Show(editor);
+  g_editor.m_viewport_offset_y = top;
+  m_canvas.Show(editor);
+  ShowLeft(editor, top);
+  ShowRight(editor, top);
+  ShowBottom(editor, top);
+}
+
+void EditorLayout::ShowLeft(LevelEditor& editor, float top) {
+  const float height = ImGui::GetIO().DisplaySize.y - top - BottomHeight(top);
+  if (BeginPanel("Objects", 0.0f, top, kLeftWidth, height)) m_hierarchy.Show(editor);
+  ImGui::End();
+}
+
+void EditorLayout::ShowRight(LevelEditor& editor, float top) {
+  const ImVec2 display = ImGui::GetIO().DisplaySize;
+  if (BeginPanel("Inspector", display.x - kRightWidth, top, kRightWidth, display.y - top)) {
+    m_inspector.Show(editor);
+  }
+  ImGui::End();
+}
+
+void EditorLayout::ShowBottom(LevelEditor& editor, float top) {
+  const ImVec2 display = ImGui::GetIO().DisplaySize;
+  const float height = BottomHeight(top);
+  const float width = (display.x - kRightWidth) / 2.0f;
+  if (BeginPanel("Build", 0.0f, display.y - height, width, height) &&
+      ImGui::BeginTabBar("build tabs")) {
+    Tab("Palette", m_palette, editor);
+    Tab("Tiles", m_tiles, editor);
+    Tab("Assets", m_assets, editor);
+    ImGui::EndTabBar();
+  }
+  ImGui::End();
+  if (BeginPanel("Check", width, display.y - height, width, height) &&
+      ImGui::BeginTabBar("check tabs")) {
+    Tab("Problems", m_problems, editor);
+    Tab("History", m_history, editor);
+    Tab("Log", m_log, editor);
+    Tab("Winnable?", m_trial, editor);
+    ImGui::EndTabBar();
+  }
+  ImGui::End();
+}
+
+}  // namespace ZOVEngine

@@ -1,0 +1,116 @@
+#include "editor/shell/toolswindow.h"
+
+#include <SDL.h>
+#include <imgui.h>
+
+#include <backends/imgui_impl_opengl3.h>
+#include <backends/imgui_impl_sdl.h>
+
+#include "platform/native.h"
+#include "platform/windowsystem.h"
+#include "render/gldevice.h"
+#include "render/rendersystem.h"
+
+namespace ZOVEngine {
+namespace {
+
+constexpr float kTextHeight = 17.0f;  // (unit: pixels)
+
+void OfferToPanels(const void* platform_event) {
+  ImGui_ImplSDL2_ProcessEvent(static_cast<const SDL_Event*>(platform_event));
+}
+
+void HearEvents(bool hear) {
+  g_window_state.imguiLive = hear;
+  const PlatformEventListener listener = hear ? OfferToPanels : PlatformEventListener();
+  SetToolsListener(listener);
+  // Typed text is among the events that the game has no use for.
+  g_native->SetSkippedEventListener(listener);
+}
+
+void LoadFont() {
+  ImGui::GetIO().Fonts->AddFontFromFileTTF(g_render_system->m_font_path.c_str(), kTextHeight);
+}
+
+ImVec4 Colour(int red, int green, int blue, float alpha = 1.0f) {
+  constexpr float kFull = 255.0f;
+  return ImVec4(static_cast<float>(red) / kFull, static_cast<float>(green) / kFull,
+                static_cast<float>(blue) / kFull, alpha);
+}
+
+void ApplyColours(ImVec4* colours) {
+  const ImVec4 panel = Colour(16, 22, 46), raised = Colour(42, 53, 88), edge = Colour(70, 85, 127);
+  const ImVec4 accent = Colour(255, 201, 77), green = Colour(18, 138, 102);
+  colours[ImGuiCol_Text] = Colour(242, 245, 255);
+  colours[ImGuiCol_TextDisabled] = Colour(143, 160, 204);
+  colours[ImGuiCol_WindowBg] = panel;
+  colours[ImGuiCol_PopupBg] = panel;
+  colours[ImGuiCol_Border] = edge;
+  colours[ImGuiCol_FrameBg] = Colour(11, 16, 36);
+  colours[ImGuiCol_FrameBgHovered] = raised;
+  colours[ImGuiCol_FrameBgActive] = edge;
+  colours[ImGuiCol_TitleBg] = colours[ImGuiCol_MenuBarBg] = Colour(11, 16, 36);
+  colours[ImGuiCol_TitleBgActive] = raised;
+  colours[ImGuiCol_TitleBgCollapsed] = Colour(11, 16, 36, 0.9f);
+  colours[ImGuiCol_Button] = raised;
+  colours[ImGuiCol_ButtonHovered] = edge;
+  colours[ImGuiCol_ButtonActive] = green;
+  colours[ImGuiCol_Header] = raised;
+  colours[ImGuiCol_HeaderHovered] = edge;
+  colours[ImGuiCol_HeaderActive] = green;
+  colours[ImGuiCol_CheckMark] = colours[ImGuiCol_SliderGrab] = accent;
+  colours[ImGuiCol_SliderGrabActive] = Colour(46, 230, 166);
+  colours[ImGuiCol_Tab] = Colour(11, 16, 36);
+  colours[ImGuiCol_TabHovered] = edge;
+  colours[ImGuiCol_TabActive] = raised;
+  colours[ImGuiCol_TabUnfocused] = Colour(11, 16, 36);
+  colours[ImGuiCol_TabUnfocusedActive] = raised;
+  colours[ImGuiCol_NavHighlight] = accent;
+}
+
+}  // namespace
+
+void ApplyEditorStyle() {
+  ImGuiStyle& style = ImGui::GetStyle();
+  style.WindowRounding = 0.0f;
+  style.FrameRounding = style.GrabRounding = style.TabRounding = 3.0f;
+  style.WindowBorderSize = style.FrameBorderSize = 1.0f;
+  style.FramePadding = ImVec2(7.0f, 4.0f);
+  style.ItemSpacing = ImVec2(7.0f, 5.0f);
+  style.ScrollbarSize = 13.0f;
+  ApplyColours(style.Colors);
+}
+
+ToolsWindow::ToolsWindow() {
+  ImGui::CreateContext();
+  ImGuiIO& io = ImGui::GetIO();
+  io.IniFilename = nullptr;  // the layout is the editor's own
+  LoadFont();
+  ApplyEditorStyle();
+  ImGui_ImplSDL2_InitForOpenGL(static_cast<SDL_Window*>(g_native->WindowHandle()),
+                               g_native->ContextHandle());
+  ImGui_ImplOpenGL3_Init("#version 130");
+  HearEvents(true);
+}
+
+ToolsWindow::~ToolsWindow() {
+  HearEvents(false);
+  ImGui_ImplOpenGL3_Shutdown();
+  ImGui_ImplSDL2_Shutdown();
+  ImGui::DestroyContext();
+}
+
+void ToolsWindow::BeginFrame() {
+  ImGui_ImplOpenGL3_NewFrame();
+  ImGui_ImplSDL2_NewFrame();
+  ImGui::NewFrame();
+}
+
+void ToolsWindow::EndFrame() {
+  ImGui::Render();
+  if (g_native->IsMinimised()) return;
+  ImGui_ImplOpenGL3_RenderDrawData(ImGui::GetDrawData());
+  g_gl_device->Present();
+}
+
+}  // namespace ZOVEngine

@@ -1,0 +1,26 @@
+#pragma once
+
+namespace ZOVEngine {
+
+/// Dear ImGui in the program's window: its context, fed with the window's events, and its drawing
+/// over the frame that the renderer made.
+///
+/// One lives at a time, between the start and the end of the window's OpenGL context. From its
+/// construction on the renderer leaves presenting to it.
+class ToolsWindow {
+ public:
+  /// Needs an open window with its context current.
+  ToolsWindow();
+  ~ToolsWindow();
+  ToolsWindow(const ToolsWindow&) = delete;
+  ToolsWindow& operator=(const ToolsWindow&) = delete;
+
+  void BeginFrame();
+  /// Draws the panels of this frame and shows the window's back buffer.
+  void EndFrame();
+};
+
+/// The colours, sizes and spacings of the panels.
+void ApplyEditorStyle();
+
+}  // namespace ZOVEngine
