@@ -10,6 +10,7 @@
 
 #include "editor/editordata.h"
 #include "editor/editorsave.h"
+#include "editor/recovery.h"
 #include "editor/scene.h"
 #include "game/levels/levelsave.h"
 #include "game/levels/tilemap.h"
@@ -119,7 +120,7 @@ bool LevelEditor::IsOpen() const {
 bool LevelEditor::Open(const std::string& name) {
   const LevelPaths paths(name);
   const auto level = ReadFile(paths.level), units = ReadFile(paths.objects);
-  const auto tiles = ReadFile(paths.tiles);
+  const auto tile_text = ReadFile(paths.tiles);
   TileMapInfo map;
   if (!level || !units || !ReadMap(paths.tile_map, &map) || !document.SetText(*units)) {
     log.Fault("\"" + name + "\" is no level that can be opened.");
@@ -136,7 +137,7 @@ bool LevelEditor::Open(const std::string& name) {
   g_render_system->m_background_tex = ReadBackground(*level, paths.level);
   selection.clear();
   history.Clear();
-  BuildScene(document, tiles.value_or(kNoObjects));
+  BuildScene(document, tile_text.value_or(kNoObjects));
   Remember(name, &recent);
   log.Say("Opened " + name + ".");
   return true;
@@ -175,12 +176,14 @@ bool LevelEditor::Create(const NewLevel& level) {
 
 bool LevelEditor::Save() {
   if (!IsOpen()) return false;
-  const std::string tiles = TilesText();
-  BuildScene(document, tiles, SceneUse::kSave);
+  const std::string tile_text = TilesText();
+  BackUpLevel(g_editor.m_level_name);
+  BuildScene(document, tile_text, SceneUse::kSave);
   const bool saved = SaveLiveLevel();
-  BuildScene(document, tiles);
+  BuildScene(document, tile_text);
   if (saved) {
     history.MarkSaved();
+    DropRecovery(g_editor.m_level_name);
     log.Say("Saved " + g_editor.m_level_name + ".");
   } else {
     log.Fault("\"" + g_editor.m_level_name + "\" could not be saved; it stays open and unsaved.");

@@ -9,6 +9,7 @@
 #include "editor/leveldocument.h"
 #include "editor/objectedit.h"
 #include "editor/sceneedit.h"
+#include "editor/tiles.h"
 
 namespace ZOVEngine {
 
@@ -77,7 +78,10 @@ class LevelEditor {
   Selection selection;
   History history;
   SceneEditor scene{&document, &selection};
+  TileBook tiles;
   EditorLog log;
+  bool wants_test_play = false;     ///< asked for; the shell serves it after the frame
+  bool tiles_in_hand = false;       ///< the left button paints tiles instead of picking objects
   std::vector<std::string> recent;  ///< names of levels, the latest first
 };
 

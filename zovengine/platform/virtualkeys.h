@@ -55,6 +55,7 @@ enum VirtualKey : std::uint32_t {
   kVkF6 = 117,
   kVkF7 = 118,
   kVkF8 = 119,
+  kVkF9 = 120,
   kVkF10 = 121,
   kVkF13 = 124,
   kVkNumLock = 144,

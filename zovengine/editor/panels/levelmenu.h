@@ -1,14 +1,38 @@
 #pragma once
 
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "editor/leveleditor.h"
+
 namespace ZOVEngine {
 
-class LevelEditor;
-
 /// The menu above the panels: levels, undo, views, and the dialogs that they open.
+///
+/// Whatever would lose unsaved work asks first. At the start it offers the work that an editor
+/// which ended has left.
 class LevelMenu {
  public:
-  /// Shows the bar; returns its height (unit: pixels).
+  /// Shows the bar and a dialog that is open; returns the bar's height (unit: pixels).
   float Show(LevelEditor& editor);
+
+ private:
+  void ShowLevelMenu(LevelEditor& editor);
+  void ShowEditMenu(LevelEditor& editor);
+  void ShowViewMenu();
+  void ShowState(LevelEditor& editor);
+  void ShowNewDialog(LevelEditor& editor);
+  void ShowUnsavedDialog(LevelEditor& editor);
+  void ShowRecoveryDialog(LevelEditor& editor);
+  /// Does `action` now, or after the author has said what becomes of unsaved work.
+  void Leave(LevelEditor& editor, std::function<void()> action);
+
+  NewLevel m_new;
+  std::string m_dialog;             ///< the title of the one to open
+  std::function<void()> m_pending;  ///< waits for the answer about unsaved work
+  std::vector<std::string> m_recoverable;
+  bool m_offered = false;  ///< the work of an earlier editor
 };
 
 }  // namespace ZOVEngine

@@ -5,7 +5,21 @@
 #include "editor/leveleditor.h"
 
 namespace ZOVEngine {
+namespace {
 
-void LogPanel::Show(LevelEditor&) {}
+const ImVec4 kFault(1.0f, 0.53f, 0.55f, 1.0f);
+
+}  // namespace
+
+void LogPanel::Show(LevelEditor& editor) {
+  const std::vector<EditorLog::Line>& lines = editor.log.Lines();
+  for (const EditorLog::Line& line : lines) {
+    if (line.fault) ImGui::PushStyleColor(ImGuiCol_Text, kFault);
+    ImGui::TextWrapped("%s", line.text.c_str());
+    if (line.fault) ImGui::PopStyleColor();
+  }
+  if (lines.size() != m_seen) ImGui::SetScrollHereY(1.0f);
+  m_seen = lines.size();
+}
 
 }  // namespace ZOVEngine

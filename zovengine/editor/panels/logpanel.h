@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+
 namespace ZOVEngine {
 
 class LevelEditor;
@@ -9,6 +11,9 @@ class LogPanel {
  public:
   /// Fills the window that the layout has begun.
   void Show(LevelEditor& editor);
+
+ private:
+  std::size_t m_seen = 0;  ///< lines as of the last frame
 };
 
 }  // namespace ZOVEngine

@@ -28,6 +28,7 @@ template <class Panel>
 void Tab(const char* title, Panel& panel, LevelEditor& editor) {
   if (!ImGui::BeginTabItem(title)) return;
   ImGui::BeginChild(title);
+  editor.tiles_in_hand = false;
   panel.Show(editor);
   ImGui::EndChild();
   ImGui::EndTabItem();
@@ -40,10 +41,13 @@ float BottomHeight(float top) {
 
 }  // namespace
 
+EditorLayout::EditorLayout(LevelEditor& editor) : m_brush(&editor.tiles) {}
+
 void EditorLayout::Show(LevelEditor& editor) {
   const float top = m_menu.Show(editor);
   g_editor.m_viewport_offset_y = top;
   m_canvas.Show(editor);
+  if (editor.IsOpen() && editor.tiles_in_hand) m_brush.Show(editor);
   ShowLeft(editor, top);
   ShowRight(editor, top);
   ShowBottom(editor, top);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "editor/canvas/canvas.h"
+#include "editor/canvas/tilebrush.h"
 #include "editor/panels/assetspanel.h"
 #include "editor/panels/hierarchypanel.h"
 #include "editor/panels/historypanel.h"
@@ -22,6 +23,7 @@ class LevelEditor;
 /// lie over it, and each can be folded to its title.
 class EditorLayout {
  public:
+  explicit EditorLayout(LevelEditor& editor);
   /// Shows everything; between ImGui's NewFrame and Render.
   void Show(LevelEditor& editor);
 
@@ -32,6 +34,7 @@ class EditorLayout {
 
   LevelMenu m_menu;
   Canvas m_canvas;
+  TileBrush m_brush;
   HierarchyPanel m_hierarchy;
   InspectorPanel m_inspector;
   PalettePanel m_palette;

@@ -2,9 +2,14 @@
 
 #include <imgui.h>
 
+#include <chrono>
+#include <utility>
+
+#include "core/messages.h"
 #include "core/statemachine.h"
 #include "editor/editordata.h"
 #include "editor/editorview.h"
+#include "platform/virtualkeys.h"
 #include "platform/windowsystem.h"
 #include "render/gldevice.h"
 #include "render/passes/crosshairpass.h"
@@ -35,24 +40,44 @@ void GuardInput() {
 void EditorSystem::Update(float) {
   const bool editing = g_state_machine->m_current == kLevelEditorState &&
                        g_state_machine->m_next == kLevelEditorState;
-  if (editing && m_window == nullptr) Begin();
-  if (!editing && m_window != nullptr) End();
-  if (m_window != nullptr) ShowFrame();
+  if (editing && !m_shown) Begin();
+  if (!editing && m_shown) End();
+  if (m_shown) ShowFrame();
+  ServeRequests();
+}
+
+void EditorSystem::SendMessage(Message* message) {
+  if (message->id != kKeyUp) return;
+  const std::uint64_t key = dynamic_cast<KeyUp&>(*message).key;
+  if (key == kVkF9 && m_shown) m_editor.wants_test_play = true;
+  if (key == kVkEscape && m_test_play.IsRunning()) m_leave_play = true;
+}
+
+/// Objects must not vanish in the middle of a broadcast or of a panel, so it is done here.
+void EditorSystem::ServeRequests() {
+  if (std::exchange(m_editor.wants_test_play, false)) m_test_play.Start(m_editor);
+  if (std::exchange(m_leave_play, false)) m_test_play.Stop();
 }
 
 void EditorSystem::Begin() {
-  m_window = std::make_unique<ToolsWindow>();
+  m_shown = true;
+  if (m_window == nullptr) m_window = std::make_unique<ToolsWindow>();
+  m_window->SetLive(true);
   g_show_system_cursor = true;
+  if (m_test_play.IsRunning()) m_test_play.Resume(m_editor);
 }
 
 void EditorSystem::End() {
-  m_window.reset();
+  m_shown = false;
+  m_window->SetLive(false);
+  if (!m_test_play.IsRunning()) m_window.reset();
   g_show_system_cursor = false;
   ResizeViewport(static_cast<int>(g_window_system->m_size.x),
                  static_cast<int>(g_window_system->m_size.y));
 }
 
 void EditorSystem::ShowFrame() {
+  m_recovery.Step(m_editor, std::chrono::steady_clock::now());
   m_window->BeginFrame();
   m_layout.Show(m_editor);
   GuardInput();

@@ -4,8 +4,10 @@
 
 #include "core/system.h"
 #include "editor/leveleditor.h"
+#include "editor/recovery.h"
 #include "editor/shell/editorlayout.h"
 #include "editor/shell/toolswindow.h"
+#include "editor/testplay.h"
 
 namespace ZOVEngine {
 
@@ -24,16 +26,23 @@ class EditorSystem final : public UnpausedSystem {
   /// Does nothing: panels start with the first step of the editor's state.
   void Init() override {}
   void Update(float dt) override;
-  void SendMessage(Message*) override {}
+  /// F9 starts and Escape ends a test-play.
+  void SendMessage(Message* message) override;
 
  private:
   void Begin();
   void End();
   void ShowFrame();
+  void ServeRequests();
 
-  std::unique_ptr<ToolsWindow> m_window;
+  std::unique_ptr<ToolsWindow>
+      m_window;  ///< kept during a test-play, so that panels stay as they are
   LevelEditor m_editor;
-  EditorLayout m_layout;
+  TestPlay m_test_play;
+  Recovery m_recovery;
+  EditorLayout m_layout{m_editor};
+  bool m_shown = false;       ///< panels are live
+  bool m_leave_play = false;  ///< Escape came while the level was played
 };
 
 }  // namespace ZOVEngine

@@ -20,14 +20,6 @@ void OfferToPanels(const void* platform_event) {
   ImGui_ImplSDL2_ProcessEvent(static_cast<const SDL_Event*>(platform_event));
 }
 
-void HearEvents(bool hear) {
-  g_window_state.imguiLive = hear;
-  const PlatformEventListener listener = hear ? OfferToPanels : PlatformEventListener();
-  SetToolsListener(listener);
-  // Typed text is among the events that the game has no use for.
-  g_native->SetSkippedEventListener(listener);
-}
-
 void LoadFont() {
   ImGui::GetIO().Fonts->AddFontFromFileTTF(g_render_system->m_font_path.c_str(), kTextHeight);
 }
@@ -66,6 +58,7 @@ void ApplyColours(ImVec4* colours) {
   colours[ImGuiCol_TabUnfocused] = Colour(11, 16, 36);
   colours[ImGuiCol_TabUnfocusedActive] = raised;
   colours[ImGuiCol_NavHighlight] = accent;
+  colours[ImGuiCol_ModalWindowDimBg] = Colour(5, 3, 15, 0.6f);
 }
 
 }  // namespace
@@ -90,14 +83,21 @@ ToolsWindow::ToolsWindow() {
   ImGui_ImplSDL2_InitForOpenGL(static_cast<SDL_Window*>(g_native->WindowHandle()),
                                g_native->ContextHandle());
   ImGui_ImplOpenGL3_Init("#version 130");
-  HearEvents(true);
 }
 
 ToolsWindow::~ToolsWindow() {
-  HearEvents(false);
+  SetLive(false);
   ImGui_ImplOpenGL3_Shutdown();
   ImGui_ImplSDL2_Shutdown();
   ImGui::DestroyContext();
+}
+
+void ToolsWindow::SetLive(bool live) {
+  g_window_state.imguiLive = live;
+  const PlatformEventListener listener = live ? OfferToPanels : PlatformEventListener();
+  SetToolsListener(listener);
+  // Typed text is among the events that the game has no use for.
+  g_native->SetSkippedEventListener(listener);
 }
 
 void ToolsWindow::BeginFrame() {

@@ -5,8 +5,8 @@ namespace ZOVEngine {
 /// Dear ImGui in the program's window: its context, fed with the window's events, and its drawing
 /// over the frame that the renderer made.
 ///
-/// One lives at a time, between the start and the end of the window's OpenGL context. From its
-/// construction on the renderer leaves presenting to it.
+/// One lives at a time, between the start and the end of the window's OpenGL context. While it is
+/// live it is offered the window's events, and the renderer leaves presenting to it.
 class ToolsWindow {
  public:
   /// Needs an open window with its context current.
@@ -15,6 +15,8 @@ class ToolsWindow {
   ToolsWindow(const ToolsWindow&) = delete;
   ToolsWindow& operator=(const ToolsWindow&) = delete;
 
+  /// It starts out not live.
+  void SetLive(bool live);
   void BeginFrame();
   /// Draws the panels of this frame and shows the window's back buffer.
   void EndFrame();

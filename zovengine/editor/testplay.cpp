@@ -1,0 +1,134 @@
+#include "editor/testplay.h"
+
+#include <unistd.h>
+
+#include <filesystem>
+
+#include "audio/audiosource.h"
+#include "core/engine.h"
+#include "core/statemachine.h"
+#include "editor/editordata.h"
+#include "editor/editorview.h"
+#include "editor/leveleditor.h"
+#include "editor/scene.h"
+#include "jsonunserializer.h"
+#include "objects/gameobjfactory.h"
+#include "objects/safefile.h"
+#include "physics/components/transform.h"
+#include "render/rendersystem.h"
+
+namespace ZOVEngine {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Where this process keeps the level that it test-plays.
+std::string PlayFolder() {
+  return (fs::temp_directory_path() / ("carapace-test-play-" + std::to_string(getpid()))).string();
+}
+
+/// Tells every controller of the records where its level lies.
+void NameLevel(Value& records, const std::string& path, rapidjson::Document& document) {
+  for (Value& record : records.GetArray()) {
+    const auto controller = record.FindMember("GameController");
+    if (controller != record.MemberEnd() && controller->value.HasMember("m_level_map")) {
+      controller->value["m_level_map"].SetString(path.c_str(), document.GetAllocator());
+    }
+    const auto children = record.FindMember("Childs");
+    if (children != record.MemberEnd()) NameLevel(children->value, path, document);
+  }
+}
+
+std::string UnitsFor(const LevelEditor& editor, const std::string& path) {
+  rapidjson::Document document;
+  document.CopyFrom(editor.document.Json(), document.GetAllocator());
+  NameLevel(document["GameObjFactory"], path, document);
+  return ToText(document);
+}
+
+/// The tiles without the erased ones.
+std::string LaidTiles() {
+  rapidjson::Document document;
+  const std::string text = TilesText();
+  document.Parse(text.c_str(), text.size());
+  Value& tiles = document["GameObjFactory"];
+  for (auto tile = tiles.Begin(); tile != tiles.End();) {
+    tile = (*tile)["active"].GetBool() ? tile + 1 : tiles.Erase(tile);
+  }
+  return ToText(document);
+}
+
+std::string MapText() {
+  JsonWriter writer;
+  writer.Out().json->StartObject();
+  WriteValue(writer.Out(), "Width", g_editor.m_tile_map.m_width);
+  WriteValue(writer.Out(), "Height", g_editor.m_tile_map.m_height);
+  WriteValue(writer.Out(), "TileSize", g_editor.m_tile_map.m_tile_size);
+  writer.Out().json->EndObject();
+  return writer.Text();
+}
+
+std::string IndexText(const std::string& folder) {
+  JsonWriter writer;
+  writer.Out().json->StartObject();
+  WriteValue(writer.Out(), "TileMap", folder + "/map.json");
+  WriteValue(writer.Out(), "Tiles", folder + "/tiles.json");
+  WriteValue(writer.Out(), "Objects", folder + "/Units.json");
+  WriteValue(writer.Out(), "Background", g_render_system->m_background_tex);
+  WriteValue(writer.Out(), "BGM", std::string("test"));
+  writer.Out().json->EndObject();
+  return writer.Text();
+}
+
+void Silence() {
+  for (AudioSource* source : ComponentTable<AudioSource>().Components()) source->StopAllSounds();
+}
+
+}  // namespace
+
+std::string WriteLevelCopy(const LevelEditor& editor, const std::string& folder) {
+  std::error_code failed;
+  fs::create_directories(folder, failed);
+  const std::string level = folder + "/level.json";
+  const bool written = ReplaceFile(folder + "/Units.json", UnitsFor(editor, level)) &&
+                       ReplaceFile(folder + "/tiles.json", LaidTiles()) &&
+                       ReplaceFile(folder + "/map.json", MapText()) &&
+                       ReplaceFile(level, IndexText(folder));
+  return written ? level : "";
+}
+
+TestPlay::~TestPlay() {
+  std::error_code ignored;
+  fs::remove_all(PlayFolder(), ignored);
+}
+
+bool TestPlay::Start(LevelEditor& editor) {
+  if (!editor.IsOpen() || m_running) return false;
+  const std::string level = WriteLevelCopy(editor, PlayFolder());
+  if (level.empty()) {
+    editor.log.Fault("The level cannot be test-played: no room for its copy.");
+    return false;
+  }
+  m_tiles = TilesText();
+  m_camera = EditorCameraPosition();
+  m_running = true;
+  g_editor.m_editor_camera = nullptr;
+  g_engine->paused = false;
+  g_current_level_path = level;
+  ChangeState(kDefaultState, level);
+  return true;
+}
+
+void TestPlay::Stop() {
+  if (!m_running) return;
+  Silence();
+  ChangeState(kLevelEditorState, "");
+}
+
+void TestPlay::Resume(LevelEditor& editor) {
+  m_running = false;
+  BuildScene(editor.document, m_tiles);
+  g_editor.m_editor_camera->GetComponent<Transform>()->m_local_pos = m_camera;
+}
+
+}  // namespace ZOVEngine
