@@ -5,9 +5,13 @@
 #include <cmath>
 
 #include "editor/editordata.h"
+#include "game/units/enemy.h"
+#include "game/units/player.h"
 #include "objects/gameobjfactory.h"
 #include "physics/components/transform.h"
 #include "render/passes/camerapass.h"
+#include "ui/buttons/button.h"
+#include "ui/elements/uielement.h"
 
 namespace ZOVEngine {
 namespace {
@@ -40,6 +44,15 @@ Vector3D EditorMousePosition() {
 bool MouseInViewport() {
   const Vector3D mouse = EditorMousePosition();
   return std::abs(mouse.x) <= kWorldHalfWidth && std::abs(mouse.y) <= kWorldHalfHeight;
+}
+
+bool IsGameInterface(const GameObj& object) {
+  bool found = false;
+  for (const GameObj* at = &object; at != nullptr; at = at->parent) {
+    if (at->HasComponent<Player>() || at->HasComponent<Enemy>()) return false;
+    found = found || at->HasComponent<UIElement>() || at->HasComponent<Button>();
+  }
+  return found;
 }
 
 Vector3D EditorCameraPosition() {

@@ -4,6 +4,8 @@
 
 namespace ZOVEngine {
 
+class GameObj;
+
 /// The width and the height of the picture in the window (unit: pixels).
 inline constexpr int kPictureWidth = 1280;
 inline constexpr int kPictureHeight = 720;
@@ -17,6 +19,10 @@ Vector3D EditorMousePosition();
 
 /// Whether EditorMousePosition lies in the picture, its rim included.
 bool MouseInViewport();
+
+/// True for a part of what the game shows above its levels: a button or an element of the
+/// interface, or a child of one, unless it belongs to a unit.
+bool IsGameInterface(const GameObj& object);
 
 /// The local position of the editor's camera; the origin while there is none.
 Vector3D EditorCameraPosition();

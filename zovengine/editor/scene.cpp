@@ -5,9 +5,13 @@
 #include "editor/leveldocument.h"
 #include "game/levels/levelobjects.h"
 #include "game/turns/gamecontroller.h"
+#include "game/units/enemy.h"
+#include "game/units/player.h"
 #include "jsonunserializer.h"
 #include "objects/gameobjfactory.h"
+#include "objects/statec.h"
 #include "physics/components/transform.h"
+#include "render/components/animation.h"
 
 namespace ZOVEngine {
 namespace {
@@ -43,6 +47,24 @@ void HoldControllers() {
 void HoldSounds() {
   for (AudioSource* source : ComponentTable<AudioSource>().Components()) {
     for (auto& [name, sound] : source->sounds) sound.start_play = false;
+  }
+}
+
+bool IsUnit(const GameObj* object) {
+  return object->HasComponent<Player>() || object->HasComponent<Enemy>();
+}
+
+/// Shows the plain image of a unit, and of what loops the first frame: nothing is set in motion.
+void HoldAnimations() {
+  constexpr float kNever = -1.0e9f;  // a timer that no step moves (unit: seconds)
+  for (Animation* animation : ComponentTable<Animation>().Components()) {
+    if (!animation->m_owner->HasComponent<StateC>()) continue;
+    std::string& state = animation->m_owner->GetComponent<StateC>()->m_state;
+    if (state == "spawn") state = "default";
+    if (animation->m_loop.empty() || IsUnit(animation->m_owner)) continue;
+    state = "loop";
+    animation->m_currStep = 0.0f;
+    animation->m_timer = kNever;
   }
 }
 
@@ -91,6 +113,7 @@ void BuildScene(const LevelDocument& document, const std::string& tiles, SceneUs
   if (use == SceneUse::kEdit) {
     HoldControllers();
     HoldSounds();
+    HoldAnimations();
   }
   MakeEditorCamera(camera);
   DeriveTransforms();

@@ -224,7 +224,7 @@ void RenderSystem::Update(float dt) {
   m_dt = dt;
   const std::int64_t start = NowNanoseconds();
   m_painter.Begin(&m_textures);
-  m_sprites.Fill(m_render_table->Components());
+  m_sprites.Fill(m_render_table->Components(), m_hides);
   DrawWorld();
   DrawOverlays();
   if (!IsHidden()) ShowFrame();
@@ -260,7 +260,9 @@ void RenderSystem::DrawOverlays() {
   LinePass(m_lines, m_painter);
   InterfacePass(m_sprites.interface, {m_dt, m_selected_id}, m_view_translate.z, m_painter);
   TimedLinePass(m_dt, &m_timed_lines, m_painter);
-  TextPass(m_font_table->Components(), m_view_translate.z, &m_glyphs, m_painter);
+  if (m_hides == nullptr) {
+    TextPass(m_font_table->Components(), m_view_translate.z, &m_glyphs, m_painter);
+  }
   CrosshairPass(m_painter);
 }
 

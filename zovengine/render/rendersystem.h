@@ -71,6 +71,9 @@ class RenderSystem final : public UnpausedSystem {
 
   std::string m_background_tex;  ///< texture key
   TextureMap m_textures;         ///< texture numbers by key
+  /// The level editor leaves out sprites for which this holds, and all texts; null draws
+  /// everything.
+  bool (*m_hides)(const GameObj& object) = nullptr;
   std::vector<std::string> m_texture_paths;
   std::int32_t m_selected_id = -1;  ///< object id of the selected unit
   bool m_debug_draw = false;        ///< guards all debug drawing

@@ -72,7 +72,7 @@ iModel& Sprite::GetModel() const {
   return *model;
 }
 
-void SpriteLists::Fill(ComponentArray<Render> components) {
+void SpriteLists::Fill(ComponentArray<Render> components, bool (*hides)(const GameObj&)) {
   for (auto* list : {&tiles, &instances, &hazards, &world, &interface}) list->clear();
   // Clones of an archetype, which have equal lists of components, stand in rows.
   const GameObj* last = nullptr;
@@ -81,6 +81,7 @@ void SpriteLists::Fill(ComponentArray<Render> components) {
     PrefetchObjects(components, i);
     Render* render = components[i];
     GameObj& object = *render->m_owner;
+    if (hides != nullptr && hides(object)) continue;
     if (last == nullptr || last->components != object.components) traits = FindTraits(object);
     last = &object;
     const Sprite sprite{render, FindComponent<Transform>(object, traits, kHasTransform),

@@ -45,7 +45,7 @@ struct Sprite {
 /// walk. Visibility is not looked at: an animation may hide objects of a later pass. A particle
 /// that is no tile is in the instanced list and in the list of its own pass too.
 struct SpriteLists {
-  void Fill(ComponentArray<Render> components);
+  void Fill(ComponentArray<Render> components, bool (*hides)(const GameObj&) = nullptr);
 
   std::vector<Sprite> tiles;
   std::vector<Sprite> instances;

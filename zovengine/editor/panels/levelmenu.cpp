@@ -12,6 +12,7 @@
 #include "gameobj.h"
 #include "objects/componentmanager.h"
 #include "physics/components/transform.h"
+#include "render/rendersystem.h"
 
 namespace ZOVEngine {
 namespace {
@@ -114,6 +115,10 @@ void LevelMenu::ShowEditMenu(LevelEditor& editor) {
 void LevelMenu::ShowViewMenu() {
   if (!ImGui::BeginMenu("View")) return;
   if (ImGui::MenuItem("Reset", "C")) ResetView();
+  const bool shown = g_render_system->m_hides == nullptr;
+  if (ImGui::MenuItem("Interface of the game", nullptr, shown)) {
+    g_render_system->m_hides = shown ? IsGameInterface : nullptr;
+  }
   ImGui::EndMenu();
 }
 

@@ -13,9 +13,12 @@
 #include "platform/windowsystem.h"
 #include "render/gldevice.h"
 #include "render/passes/crosshairpass.h"
+#include "render/rendersystem.h"
 
 namespace ZOVEngine {
 namespace {
+
+constexpr const char* kEmptyBackground = "Background_Space";  ///< while no level is open
 
 /// Puts the picture of the level where EditorMousePosition looks for it.
 void PlacePicture() {
@@ -64,6 +67,8 @@ void EditorSystem::Begin() {
   if (m_window == nullptr) m_window = std::make_unique<ToolsWindow>();
   m_window->SetLive(true);
   g_show_system_cursor = true;
+  g_render_system->m_hides = IsGameInterface;
+  if (!m_editor.IsOpen()) g_render_system->m_background_tex = kEmptyBackground;
   if (m_test_play.IsRunning()) m_test_play.Resume(m_editor);
 }
 
@@ -72,6 +77,7 @@ void EditorSystem::End() {
   m_window->SetLive(false);
   if (!m_test_play.IsRunning()) m_window.reset();
   g_show_system_cursor = false;
+  g_render_system->m_hides = nullptr;
   ResizeViewport(static_cast<int>(g_window_system->m_size.x),
                  static_cast<int>(g_window_system->m_size.y));
 }
