@@ -237,5 +237,50 @@ TEST_F(InputSystemTest, AMonitorHeightThatMakesNoSenseIsLeftAside) {
   EXPECT_EQ(GetCursorScreenPosition().x, 1.5f);
 }
 
+// A game that is played without the user's hands
+
+TEST_F(InputSystemTest, APlayedCursorStandsInForTheUsers) {
+  native.cursor = {740, 460};
+  input->m_played_cursor = Vector3D(12.0f, -34.0f, 1.0f);
+  EXPECT_EQ(GetCursorScreenPosition(), Vector3D(12.0f, -34.0f, 1.0f));
+  input->m_played_cursor.reset();
+  EXPECT_EQ(GetCursorScreenPosition(), Vector3D(150.0f, -150.0f, 1.0f));
+}
+
+TEST_F(InputSystemTest, WithAPlayedCursorTheUsersKeysAndMouseGiveNoMessage) {
+  input->m_played_cursor = Vector3D();
+  native.Press('W');
+  native.Press(kVkLeftButton);
+  native.Push(Kind::kKeyDown, 'H');
+  native.Push(Kind::kKeyUp, kVkSpace);
+  native.Push(Kind::kLeftButtonDown, 1);
+  native.Push(Kind::kLeftButtonUp, 0);
+  native.Push(Kind::kRightButtonDown, 2);
+  native.Push(Kind::kRightButtonUp, 0);
+  native.PushMouseMove(5, 6);
+  native.PushWheel(120);
+  for (int step = 0; step < 9; ++step) Step();
+  EXPECT_TRUE(native.events.empty());
+  EXPECT_THAT(TakeHeard(), IsEmpty());
+}
+
+TEST_F(InputSystemTest, WithAPlayedCursorEscapeAndTheFunctionKeysAreHeard) {
+  input->m_played_cursor = Vector3D();
+  for (const std::uint64_t key : {27u, 111u, 112u, 123u, 124u}) native.Push(Kind::kKeyUp, key);
+  for (int step = 0; step < 5; ++step) Step();
+  EXPECT_THAT(TakeHeard(), ElementsAre("KeyUp 27", "KeyUp 112", "KeyUp 123"));
+}
+
+TEST_F(InputSystemTest, WithAPlayedCursorAToolsLayerStillSeesThePlatformsEvents) {
+  input->m_played_cursor = Vector3D();
+  int seen = 0;
+  SetToolsListener([&seen](const void*) { ++seen; });
+  g_window_state.imguiLive = true;
+  native.Push(Kind::kKeyDown, 'H');
+  Step();
+  SetToolsListener(nullptr);
+  EXPECT_EQ(seen, 1);
+}
+
 }  // namespace
 }  // namespace ZOVEngine

@@ -20,6 +20,28 @@ InputSystem* g_input_system = nullptr;
 
 namespace {
 
+/// Keys that act on the program, not on the game.
+bool IsProgramKey(std::uint64_t key) {
+  return key == kVkEscape || (key >= kVkF1 && key < kVkF13);
+}
+
+bool IsUsersPlay(const NativeEvent& event) {
+  switch (event.kind) {
+    case NativeEventKind::kKeyDown:
+    case NativeEventKind::kKeyUp:
+      return !IsProgramKey(event.wparam);
+    case NativeEventKind::kMouseMove:
+    case NativeEventKind::kLeftButtonDown:
+    case NativeEventKind::kRightButtonDown:
+    case NativeEventKind::kLeftButtonUp:
+    case NativeEventKind::kRightButtonUp:
+    case NativeEventKind::kMouseWheel:
+      return true;
+    default:
+      return false;
+  }
+}
+
 /// 1 while `code` is down, 0 once when it was held and is up, nothing else. Keeps `*held`.
 std::optional<std::uint32_t> PollKey(std::int32_t code, bool* held) {
   const bool down = g_native->IsKeyDown(static_cast<std::uint32_t>(code));
@@ -70,8 +92,11 @@ void InputSystem::SendMessage(Message*) {}
 void InputSystem::Poll() {
   // Deliberately one event a step, not the whole queue.
   NativeEvent event;
-  if (g_native->PumpEvent(&event)) WindowProcedure(event);
-  if (!g_native->HasFocus()) return;
+  if (g_native->PumpEvent(&event)) {
+    if (m_played_cursor && IsUsersPlay(event)) event.kind = NativeEventKind::kOther;
+    WindowProcedure(event);
+  }
+  if (m_played_cursor || !g_native->HasFocus()) return;
 
   PollDirection(0, m_keyUp, &m_heldUp);
   PollDirection(1, m_keyDown, &m_heldDown);
@@ -95,12 +120,21 @@ void InputSystem::PollButton(std::uint32_t button, std::int32_t code, bool* held
   g_engine->Broadcast(&message);
 }
 
-Vector3D GetCursorScreenPosition() {
-  const Vector3D size = g_window_system->m_size;
-  const Vector3D cursor = CursorInWindow();
+Vector3D ScreenPosition(const NativePoint& cursor, const Vector3D& window_size,
+                        float monitor_height) {
+  const auto x = static_cast<float>(cursor.x);
+  const auto y = static_cast<float>(cursor.y);
   // H / size.y, deliberately in this form, since its rounding is the game's.
-  const float ratio = (size.y - (size.y - MonitorHeightOfCursor())) / size.y;
-  return Vector3D((cursor.x - size.x * 0.5f) * ratio, -((cursor.y - size.y * 0.5f) * ratio), 1.0f);
+  const float ratio = (window_size.y - (window_size.y - monitor_height)) / window_size.y;
+  return Vector3D((x - window_size.x * 0.5f) * ratio, -((y - window_size.y * 0.5f) * ratio), 1.0f);
+}
+
+Vector3D GetCursorScreenPosition() {
+  if (g_input_system != nullptr && g_input_system->m_played_cursor) {
+    return *g_input_system->m_played_cursor;
+  }
+  return ScreenPosition(g_native->CursorPosition(), g_window_system->m_size,
+                        MonitorHeightOfCursor());
 }
 
 }  // namespace ZOVEngine

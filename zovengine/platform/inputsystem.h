@@ -1,9 +1,11 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 
 #include "core/base/vector3d.h"
 #include "core/system.h"
+#include "platform/native.h"
 
 namespace ZOVEngine {
 
@@ -13,7 +15,9 @@ namespace ZOVEngine {
 /// The two reports differ and the game depends on both: KeyDown and KeyUp come from the event
 /// queue, once a transition; PlayerDirectionKey and MouseButton come in every step while the key is
 /// held, and once when it is found released. Without the focus nothing is polled, so a held key
-/// stays held until the focus is back. Needs g_native.
+/// stays held until the focus is back. While a game is played without the user's hands
+/// (`m_played_cursor`), the user's mouse and keys give no messages, but for Escape and the function
+/// keys. Needs g_native.
 class InputSystem : public UnpausedSystem {
   RTTR_ENABLE(UnpausedSystem)
 
@@ -41,6 +45,9 @@ class InputSystem : public UnpausedSystem {
   bool m_heldRight = false;
   bool m_heldMouseLeft = false;
   bool m_heldMouseRight = false;
+  /// Set while a game is played without the user's hands: stands in for the cursor in
+  /// GetCursorScreenPosition, in its unit, whatever the size of the window.
+  std::optional<Vector3D> m_played_cursor;
 
  private:
   void Poll();
@@ -49,6 +56,11 @@ class InputSystem : public UnpausedSystem {
 };
 
 extern InputSystem* g_input_system;
+
+/// The position of a cursor relative to the centre of a window of this client size, scaled to the
+/// height of the monitor, y upwards, z 1 (unit: pixels of the monitor).
+Vector3D ScreenPosition(const NativePoint& cursor, const Vector3D& window_size,
+                        float monitor_height);
 
 /// The cursor relative to the centre of the window, scaled to the height of the monitor, y upwards,
 /// z 1 (unit: pixels of the monitor). The centre of the client area is (0, 0, 1).
