@@ -70,10 +70,10 @@ using PlatformEventListener = std::function<void(const void* platform_event)>;
 /// The narrow interface to the desktop: one window, its GL context, one event at a time, and the
 /// live state of keys, buttons, cursor and focus.
 ///
-/// Speaks Windows virtual-key codes on every platform. The real one is made by MakeSdlNative, tests
-/// use a recording one. Everything is called on the main thread. The window opens hidden; until it
-/// is open, MessageBox and OpenConsole are the only verbs allowed. Positions and sizes are client
-/// pixels.
+/// Speaks Windows virtual-key codes on every platform. The real one is made by MakeSdlNative;
+/// HeadlessNative does without a desktop, and tests use a recording one. Everything is called on
+/// the main thread. The window opens hidden; until it is open, MessageBox and OpenConsole are the
+/// only verbs allowed. Positions and sizes are client pixels.
 class Native {
  public:
   virtual ~Native() = default;
