@@ -43,11 +43,12 @@ struct MixerFailure {
 /// The narrow interface behind which all sound output lives.
 ///
 /// Plays sound files as streams; knows nothing of objects and components. The real one is made by
-/// MakeOpenALMixer, tests use a recording one. Everything is called on the main thread: Start once,
-/// before all else, then anything, and Update once a step, which keeps the streams fed.
-/// A handle whose stream has ended may be used; nothing happens then. Places are in the world's
-/// frame, x to the right, y upwards, z away from the listener, which faces along it (unit: world
-/// units). Volumes are factors, 0 to 1; a stream's, its group's and the master's are multiplied.
+/// MakeOpenALMixer; SilentMixer is not heard, and tests use a recording one. Everything is called
+/// on the main thread: Start once, before all else, then anything, and Update once a step, which
+/// keeps the streams fed. A handle whose stream has ended may be used; nothing happens then. Places
+/// are in the world's frame, x to the right, y upwards, z away from the listener, which faces along
+/// it (unit: world units). Volumes are factors, 0 to 1; a stream's, its group's and the master's
+/// are multiplied.
 class Mixer {
  public:
   virtual ~Mixer() = default;
