@@ -41,9 +41,10 @@ struct ShaderRecord {
 /// The world is flat and seen in perspective: at the resting distance of 1303.5 one world unit is
 /// one pixel of 1080 lines. Nothing is sorted and no depth is tested; the order of the passes, and
 /// within a pass the order of the Render table, is the stacking order. It draws while the engine is
-/// paused too. The factory owns the tables; Init fetches them. Needs g_gl_device and
-/// g_window_system from Init on. A bad shader, texture or font is reported on standard output and
-/// never stops the program; settings that cannot be read do.
+/// paused too. The factory owns the tables; Init fetches them. Needs g_window_system from Init on;
+/// without a g_gl_device it loads and shows nothing, but steps the animations. A bad shader,
+/// texture or font is reported on standard output and never stops the program; settings that cannot
+/// be read do.
 class RenderSystem final : public UnpausedSystem {
   RTTR_ENABLE(UnpausedSystem)
 
