@@ -1,13 +1,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "autoplay/autoplayer.h"
 #include "game/levelplay.h"
 #include "game/objectquery.h"
 #include "game/turns/gamecontroller.h"
 #include "game/units/enemy.h"
 #include "game/units/player.h"
 #include "physics/components/transform.h"
-#include "support/autoplayer.h"
 #include "support/levelgame.h"
 
 namespace carapace_test {
@@ -71,13 +71,13 @@ TEST(Level03Games, AreWonByPlayingAndLostBySkipping) {
   int won = 0;
   for (std::uint32_t seed = 1; seed <= 12 && won == 0; ++seed) {
     LevelGame game("Level03", seed);
-    AutoPlayer player(&game.world);
+    AutoPlayer player;
     player.Play(30);
     won += player.HasWon() ? 1 : 0;
   }
   EXPECT_GT(won, 0);
   LevelGame game("Level03", kSeed);
-  AutoPlayer player(&game.world, AutoPlayer::Style::kSkip);
+  AutoPlayer player(AutoPlayer::Style::kSkip);
   player.Play(60);
   EXPECT_TRUE(player.HasLost());
 }

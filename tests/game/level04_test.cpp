@@ -5,6 +5,7 @@
 #include <cmath>
 #include <vector>
 
+#include "autoplay/autoplayer.h"
 #include "core/messages.h"
 #include "game/objectquery.h"
 #include "game/turns/gamecontroller.h"
@@ -13,7 +14,6 @@
 #include "physics/components/rigidbody.h"
 #include "physics/components/transform.h"
 #include "render/components/render.h"
-#include "support/autoplayer.h"
 #include "support/levelgame.h"
 #include "support/reports.h"
 
@@ -52,7 +52,7 @@ class Level04 : public ::testing::Test {
   /// Skips turns until `holds`; false if that takes too long.
   template <class Condition>
   bool SkipUntil(Condition holds) {
-    AutoPlayer player(&m_world, AutoPlayer::Style::kSkip);
+    AutoPlayer player(AutoPlayer::Style::kSkip);
     for (int step = 0; step < kMostSteps; ++step) {
       if (holds()) return true;
       player.Step();
@@ -246,7 +246,7 @@ TEST(Level04Games, AreWonAndLostByPlaying) {
   int lost = 0;
   for (std::uint32_t seed = 1; seed <= 6 && (won == 0 || lost == 0); ++seed) {
     LevelGame game("Level04", seed);
-    AutoPlayer player(&game.world);
+    AutoPlayer player;
     player.Play(30);
     won += player.HasWon() ? 1 : 0;
     lost += player.HasLost() ? 1 : 0;

@@ -6,11 +6,11 @@
 #include <cstdint>
 #include <string>
 
+#include "autoplay/autoplayer.h"
 #include "game/turns/gamecontroller.h"
 #include "game/units/enemy.h"
 #include "game/units/player.h"
 #include "physics/components/transform.h"
-#include "support/autoplayer.h"
 #include "support/levelgame.h"
 #include "support/reports.h"
 
@@ -52,7 +52,7 @@ class LevelPlayTest : public ::testing::Test {
 
   /// Skips turns until it is this unit's, which keeps it.
   void SkipToTurnOf(ZOVEngine::GameObj* unit) {
-    AutoPlayer player(&m_world, AutoPlayer::Style::kSkip);
+    ZOVEngine::AutoPlayer player(ZOVEngine::AutoPlayer::Style::kSkip);
     for (int step = 0; step < kMostSteps; ++step) {
       if (Controller().m_selected == unit && Controller().m_state == ZOVEngine::TURN_PLAYER_MOVE)
         return;
@@ -74,7 +74,7 @@ class LevelPlayTest : public ::testing::Test {
 
   /// Skips until the enemies have fired once: no unit of the player dies of it.
   void ExpectTheFirstVolleyKillsNobody() {
-    AutoPlayer player(&m_world, AutoPlayer::Style::kSkip);
+    ZOVEngine::AutoPlayer player(ZOVEngine::AutoPlayer::Style::kSkip);
     ASSERT_FALSE(player.Play(2)) << "the enemies fire in the second round";
     for (ZOVEngine::GameObj* unit : Controller().m_players) {
       EXPECT_TRUE(unit->GetComponent<ZOVEngine::Player>()->m_alive) << unit->name;

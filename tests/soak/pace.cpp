@@ -7,14 +7,19 @@
 #include <iostream>
 #include <vector>
 
+#include "autoplay/autoplayer.h"
+#include "autoplay/levelrun.h"
+#include "autoplay/quiet.h"
 #include "core/engine.h"
-#include "quiet.h"
-#include "support/autoplayer.h"
 #include "support/gamewatch.h"
 #include "support/levelgame.h"
 #include "support/randomplayer.h"
 
 namespace carapace_test {
+
+using ZOVEngine::AutoPlayer;
+using ZOVEngine::FindTurnController;
+using ZOVEngine::Quiet;
 
 namespace {
 
@@ -49,9 +54,9 @@ void Append(const std::vector<int>& from, std::vector<int>* to) {
 void PlayForPace(const std::string& level, std::uint32_t seed, Pace* pace) {
   const Quiet quiet;
   LevelGame game(level, seed);
-  AutoPlayer player(&game.world);
+  AutoPlayer player;
   GameWatch watch;
-  while (player.Rounds() < kMostRounds && player.Step()) watch.Look(*AutoPlayer::Controller());
+  while (player.Rounds() < kMostRounds && player.Step()) watch.Look(*FindTurnController());
   pace->won += player.HasWon() ? 1 : 0;
   pace->rounds.push_back(player.Rounds());
   Append(watch.EnemyPhases(), &pace->enemy_phases);
@@ -68,7 +73,7 @@ Ending Follow(const std::function<bool()>& step) {
   GameWatch watch;
   for (int steps = 0; steps < kMostSteps; ++steps) {
     const bool over = !step();
-    const ZOVEngine::GameController& controller = *AutoPlayer::Controller();
+    const ZOVEngine::GameController& controller = *FindTurnController();
     if (over || controller.m_round >= kMostRounds) return {over, ""};
     watch.Look(controller, ZOVEngine::g_engine->paused);
     if (watch.StandsStill() >= kStandstill) return {false, watch.Place()};
@@ -78,30 +83,30 @@ Ending Follow(const std::function<bool()>& step) {
 
 constexpr const char* kPlayers[] = {"automatic", "skipping", "random"};
 
-Ending PlayToEnd(const std::string& level, std::uint32_t seed, std::size_t way) {
+Ending PlayToEnd(const std::string& level, std::uint32_t seed, std::size_t kind) {
   const Quiet quiet;
   LevelGame game(level, seed);
-  if (way == 2) {
+  if (kind == 2) {
     RandomPlayer player(&game.world, seed);
     return Follow([&] { return player.Step(); });
   }
-  AutoPlayer player(&game.world, way == 0 ? AutoPlayer::Style::kFight : AutoPlayer::Style::kSkip);
+  AutoPlayer player(kind == 0 ? AutoPlayer::Style::kFight : AutoPlayer::Style::kSkip);
   return Follow([&] { return player.Step(); });
 }
 
 /// The games of one kind of player. True if none stands still.
-bool CheckEndingsOf(const std::string& level, std::size_t way, int games) {
+bool CheckEndings(const std::string& level, std::size_t kind, int games) {
   int over = 0;
   bool good = true;
   for (int seed = 1; seed <= games; ++seed) {
-    const Ending ending = PlayToEnd(level, static_cast<std::uint32_t>(seed), way);
+    const Ending ending = PlayToEnd(level, static_cast<std::uint32_t>(seed), kind);
     over += ending.over ? 1 : 0;
     if (ending.standstill.empty()) continue;
-    std::cout << "FAILED: " << level << ", " << kPlayers[way] << " player, seed " << seed
+    std::cout << "FAILED: " << level << ", " << kPlayers[kind] << " player, seed " << seed
               << ": stands still in " << ending.standstill << '\n';
     good = false;
   }
-  std::cout << level << ", " << kPlayers[way] << " player: " << over << " of " << games
+  std::cout << level << ", " << kPlayers[kind] << " player: " << over << " of " << games
             << " games over within " << kMostRounds << " rounds\n";
   return good;
 }
@@ -131,8 +136,8 @@ int PrintPace(const std::string& level, int games) {
 
 bool CheckEndings(const std::string& level, int games) {
   bool good = true;
-  for (std::size_t way = 0; way < std::size(kPlayers); ++way) {
-    good = CheckEndingsOf(level, way, games) && good;
+  for (std::size_t kind = 0; kind < std::size(kPlayers); ++kind) {
+    good = CheckEndings(level, kind, games) && good;
   }
   return good;
 }

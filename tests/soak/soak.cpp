@@ -11,19 +11,18 @@
 #include <malloc.h>
 
 #include <cstdlib>
-#include <fstream>
 #include <iostream>
 #include <string>
 
+#include "autoplay/autoplayer.h"
+#include "autoplay/quiet.h"
 #include "core/base/random.h"
 #include "core/messages.h"
 #include "game/level00hash.h"
 #include "game/level00world.h"
 #include "pace.h"
 #include "platform/virtualkeys.h"
-#include "quiet.h"
-#include "support/autoplayer.h"
-#include "support/recordedgame.h"
+#include "support/recordedgames.h"
 
 #if defined(__SANITIZE_ADDRESS__)
 #define CARAPACE_ASAN 1
@@ -40,6 +39,8 @@ extern "C" std::size_t __sanitizer_get_current_allocated_bytes();
 namespace {
 
 using namespace carapace_test;
+using ZOVEngine::AutoPlayer;
+using ZOVEngine::Quiet;
 
 constexpr std::uint32_t kSeed = 11;
 constexpr int kStepsOfAGame = 20000;        ///< then it is restarted, decided or not
@@ -74,7 +75,7 @@ void LookAtStart(int game, Report* report) {
 
 /// One game, up to some time after its end, or `most` steps of it. Returns the steps.
 int PlayOnce(World* world, int most, Report* report) {
-  AutoPlayer player(world);
+  AutoPlayer player;
   int steps = 0;
   while (steps < most && player.Step()) {
     ++steps;
@@ -128,8 +129,7 @@ std::uint64_t Level00AfterAMinute() {
 
 std::string ReplayFile(const std::string& file) {
   const Quiet quiet;
-  std::ifstream in(file);
-  return RecordedGame::Read(in).Replay();
+  return PlayAgain(ReadGame(file));
 }
 
 bool CompareStates() {

@@ -1,7 +1,6 @@
 #include "support/levelgame.h"
 
-#include "core/base/random.h"
-#include "core/statemachine.h"
+#include "autoplay/levelrun.h"
 #include "game/levels/levelsave.h"
 #include "render/rendersystem.h"
 
@@ -23,14 +22,8 @@ Files WithLevel(const std::string& level, const Files& more) {
 
 LevelGame::LevelGame(const std::string& level, std::uint32_t seed, const Files& more)
     : world(WithLevel(level, more)) {
-  // Once for what draws before the level's controller starts, and once for after, since the
-  // controller seeds from the time of day.
-  ZOVEngine::SeedRand(seed);
-  ZOVEngine::g_current_level_path = ZOVEngine::LevelPaths(level).level;
-  ZOVEngine::ChangeState(ZOVEngine::kDefaultState, "");
   ZOVEngine::g_render_system->m_background_tex = "Background_Space";
-  world.Step();
-  ZOVEngine::SeedRand(seed);
+  ZOVEngine::EnterLevel(ZOVEngine::LevelPaths(level).level, seed);
 }
 
 }  // namespace carapace_test

@@ -1,9 +1,9 @@
 #include "support/randomplayer.h"
 
+#include "autoplay/levelrun.h"
 #include "core/engine.h"
 #include "core/messages.h"
 #include "platform/virtualkeys.h"
-#include "support/autoplayer.h"
 
 namespace carapace_test {
 
@@ -20,7 +20,7 @@ bool IsControlled(const GameController& controller) {
 }  // namespace
 
 bool RandomPlayer::Step() {
-  const GameController& controller = *AutoPlayer::Controller();
+  const GameController& controller = *FindTurnController();
   if (controller.m_state == TURN_LEVEL_END) return false;
   if (!g_engine->paused) {
     Act(controller);

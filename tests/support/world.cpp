@@ -50,20 +50,6 @@ constexpr const char* kGraphicsWithoutTextures = R"({
     "vsync": false
 })";
 
-/// 64-bit FNV-1a.
-class Hasher {
- public:
-  void Add(const void* data, std::size_t size) {
-    const auto* bytes = static_cast<const unsigned char*>(data);
-    for (std::size_t i = 0; i < size; ++i) m_hash = (m_hash ^ bytes[i]) * 1099511628211ull;
-  }
-  void Add(const std::string& text) { Add(text.data(), text.size()); }
-  std::uint64_t Result() const { return m_hash; }
-
- private:
-  std::uint64_t m_hash = 14695981039346656037ull;
-};
-
 }  // namespace
 
 Files World::ShippedFiles() {
@@ -121,23 +107,6 @@ GameObj* World::Find(const std::string& name) const {
     if (object->name == name) return object;
   }
   return nullptr;
-}
-
-std::uint64_t World::Hash() const {
-  Hasher hasher;
-  for (GameObj* object : g_game_obj_factory->m_objects) {
-    JsonWriter writer;
-    WriteObject(writer.Out(), object);
-    hasher.Add(writer.Text());
-    if (!object->HasComponent<Transform>()) continue;
-    const Transform& transform = *object->GetComponent<Transform>();
-    for (const Vector3D* v : {&transform.m_local_pos, &transform.m_prev_pos, &transform.m_world_pos,
-                              &transform.m_world_scale}) {
-      hasher.Add(v->v, sizeof v->v);
-    }
-    hasher.Add(&transform.m_world_rotate, sizeof transform.m_world_rotate);
-  }
-  return hasher.Result();
 }
 
 std::string Record(const std::string& name,

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "autoplay/statehash.h"
 #include "core/app/winmain.h"
 #include "gameobj.h"
 #include "objects/gameobjfactory.h"
@@ -51,9 +52,8 @@ class World {
   /// Deletes the engine now instead of at the end.
   void Shutdown();
 
-  /// A hash over all objects: their records as they would be saved, and the bits of their
-  /// transforms.
-  std::uint64_t Hash() const;
+  /// The hash of the whole state.
+  static std::uint64_t Hash() { return ZOVEngine::HashState(); }
 
   TempDirectory& Directory() { return m_directory; }
   FakeNative native;

@@ -3,13 +3,13 @@
 #include <string>
 #include <vector>
 
+#include "autoplay/levelrun.h"
 #include "game/turns/gamecontroller.h"
 #include "jsonunserializer.h"
 #include "render/gldevice.h"
 #include "render/graphicsconfig.h"
 #include "render/passes/crosshairpass.h"
 #include "render/rendersystem.h"
-#include "support/autoplayer.h"
 #include "support/glcontext.h"
 #include "support/levelgame.h"
 #include "support/picture.h"
@@ -78,7 +78,7 @@ class PicturedLevel {
   }
   /// Compares the picture when the player's first unit has got its turn and its ring has closed.
   void ExpectAtFirstTurn() {
-    const ZOVEngine::GameController& controller = *AutoPlayer::Controller();
+    const ZOVEngine::GameController& controller = *ZOVEngine::FindTurnController();
     for (int i = 0; i < kLongestRound && controller.m_state != ZOVEngine::TURN_PLAYER_MOVE; ++i) {
       m_game.world.Step();
     }

@@ -4,13 +4,13 @@
 #include <string>
 #include <tuple>
 
+#include "autoplay/levelrun.h"
 #include "core/engine.h"
 #include "game/componentkinds.h"
 #include "game/shots/shot.h"
 #include "game/turns/gamecontroller.h"
 #include "physics/components/rigidbody.h"
 #include "render/components/particle.h"
-#include "support/autoplayer.h"
 #include "support/levelgame.h"
 #include "support/randomboard.h"
 #include "support/randomplayer.h"
@@ -75,7 +75,7 @@ std::string PlayBoard(std::uint32_t seed) {
   const RandomBoard board(seed);
   LevelGame game(board.level, seed, board.files);
   RandomPlayer player(&game.world, seed);
-  const GameController& controller = *AutoPlayer::Controller();
+  const GameController& controller = *ZOVEngine::FindTurnController();
   auto mark = TurnMark(controller);
   int still = 0;
   int flight = 0;

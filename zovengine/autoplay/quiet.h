@@ -2,9 +2,12 @@
 
 #include <iostream>
 
-namespace carapace_test {
+namespace ZOVEngine {
 
-/// Takes away what the engine prints to the standard output, for its life. Two may be nested.
+/// Takes away what the engine prints to std::cout, for its life. Two may be nested.
+///
+/// A program that has something of its own to say meanwhile keeps the buffer of std::cout in a
+/// stream of its own.
 class Quiet {
  public:
   Quiet() : m_before(std::cout.rdbuf(nullptr)) {}
@@ -19,4 +22,4 @@ class Quiet {
   std::streambuf* m_before;
 };
 
-}  // namespace carapace_test
+}  // namespace ZOVEngine

@@ -1,22 +1,20 @@
-#include "support/autoplayer.h"
+#include "autoplay/autoplayer.h"
 
 #include <algorithm>
 #include <cmath>
 
+#include "autoplay/levelrun.h"
 #include "game/componentkinds.h"
 #include "game/hazards/passablehazard.h"
+#include "game/turns/gamecontroller.h"
 #include "game/units/enemy.h"
 #include "game/units/player.h"
 #include "objects/gameobjfactory.h"
 #include "physics/components/colliderholder.h"
 #include "physics/components/transform.h"
-#include "platform/inputsystem.h"
 #include "platform/virtualkeys.h"
 
-namespace carapace_test {
-
-using namespace ZOVEngine;
-
+namespace ZOVEngine {
 namespace {
 
 constexpr Vector3D kDirections[] = {{0, 1, 0}, {0, -1, 0}, {-1, 0, 0}, {1, 0, 0}};
@@ -29,11 +27,11 @@ constexpr float kLineReach = 70.0f;  ///< a shot that passes at this distance mi
 constexpr int kSkipKey = kVkF;
 constexpr int kSwitchKey = kVkQ;
 
-const Vector3D& PlaceOf(GameObj* object) {
+const Vector3D& Place(GameObj* object) {
   return object->GetComponent<Transform>()->m_world_pos;
 }
 
-float DistanceOf(const Vector3D& a, const Vector3D& b) {
+float Distance(const Vector3D& a, const Vector3D& b) {
   return std::hypot(a.x - b.x, a.y - b.y);
 }
 
@@ -71,25 +69,21 @@ bool NoneAlive(const std::vector<GameObj*>& units) {
 
 }  // namespace
 
-AutoPlayer::AutoPlayer(World* world, Style style) : m_world(*world), m_style(style) {}
-
-GameController* AutoPlayer::Controller() {
-  for (GameObj* object : g_game_obj_factory->m_objects) {
-    if (object->HasComponent<GameController>()) return object->GetComponent<GameController>();
-  }
-  return nullptr;
-}
-
 bool AutoPlayer::HasLost() const {
-  return NoneAlive(Controller()->m_players);
+  return NoneAlive(FindTurnController()->m_players);
 }
 
 bool AutoPlayer::HasWon() const {
-  return !HasLost() && NoneAlive(Controller()->m_enemies);
+  return !HasLost() && NoneAlive(FindTurnController()->m_enemies);
+}
+
+std::string AutoPlayer::Outcome() const {
+  if (HasLost()) return "lost";
+  return HasWon() ? "won" : "open";
 }
 
 int AutoPlayer::Rounds() const {
-  return Controller()->m_round;
+  return FindTurnController()->m_round;
 }
 
 bool AutoPlayer::Play(int rounds, int most_steps) {
@@ -100,11 +94,11 @@ bool AutoPlayer::Play(int rounds, int most_steps) {
 }
 
 bool AutoPlayer::Step() {
-  GameController& controller = *Controller();
+  GameController& controller = *FindTurnController();
   if (controller.m_state == TURN_LEVEL_END) return false;
   m_inputs.clear();
   Decide(controller);
-  m_world.Step();
+  StepEngine();
   return true;
 }
 
@@ -141,14 +135,14 @@ void AutoPlayer::BeginTurn(const GameController& controller) {
 
 /// Chooses between the place where the unit is and those that one drive leads to.
 void AutoPlayer::Plan(GameController& controller) {
-  const Point here = PlaceOf(controller.m_selected);
+  const Point here = Place(controller.m_selected);
   m_direction = -1;
-  float best = ScoreOf(here, controller);
+  float best = Score(here, controller);
   const bool can_drive = m_drives < kMostDrives && controller.m_state == TURN_PLAYER_MOVE;
   for (int i = 0; can_drive && i < 4; ++i) {
     const Point there = here + kDirections[i] * kStride;
     if (!IsClear(here, there + kDirections[i] * kUnitReach)) continue;
-    const float score = ScoreOf(there, controller);
+    const float score = Score(there, controller);
     if (score <= best) continue;
     best = score;
     m_direction = i;
@@ -167,9 +161,10 @@ void AutoPlayer::Drive(GameController& controller) {
 }
 
 void AutoPlayer::AimAndFire(GameController& controller) {
-  const Point here = PlaceOf(controller.m_selected);
+  GameObj* target = ChooseTarget(Place(controller.m_selected), controller);
+  if (target == nullptr) return;
   if (m_aim_steps == 0 && m_round % 2 == 1) Press({GameInput::Kind::kKey, kSwitchKey, 0});
-  PointAt(PlaceOf(ChooseTarget(here, controller)), controller);
+  PointAt(Place(target), controller);
   if (++m_aim_steps < kAimSteps) return;
   Press({GameInput::Kind::kClick, 0, 0});
   ++m_shots;
@@ -178,13 +173,13 @@ void AutoPlayer::AimAndFire(GameController& controller) {
 
 /// How good it is to stand at a place: to see an enemy counts most, then not to be aimed at, then
 /// to be near.
-float AutoPlayer::ScoreOf(const Point& place, const GameController& controller) const {
+float AutoPlayer::Score(const Point& place, const GameController& controller) const {
   float nearest = 4000.0f;
   bool sees = false;
   for (GameObj* enemy : controller.m_enemies) {
     if (!IsAlive(enemy)) continue;
-    nearest = std::min(nearest, DistanceOf(place, PlaceOf(enemy)));
-    sees = sees || IsClear(place, PlaceOf(enemy));
+    nearest = std::min(nearest, Distance(place, Place(enemy)));
+    sees = sees || IsClear(place, Place(enemy));
   }
   return (sees ? 5000.0f : 0.0f) - (IsAimedAt(place, controller) ? 3000.0f : 0.0f) - nearest;
 }
@@ -197,7 +192,7 @@ bool AutoPlayer::IsClear(const Point& from, const Point& to) const {
     const ColliderHolder& holder = *object->GetComponent<ColliderHolder>();
     const bool shot = object->name.find("Proj") != std::string::npos;
     if (!holder.m_active || object == m_unit || shot || IsPassable(*object)) continue;
-    const bool at_end = DistanceOf(PlaceOf(object), to) < kUnitReach;
+    const bool at_end = Distance(Place(object), to) < kUnitReach;
     if (!at_end && MeetsBox(from, to, *holder.m_collider, 12.0f)) return false;
   }
   return true;
@@ -216,14 +211,14 @@ bool AutoPlayer::IsAimedAt(const Point& place, const GameController& controller)
   return false;
 }
 
-/// The nearest living enemy in sight, or the nearest one.
+/// The nearest living enemy in sight, or the nearest one; null when none lives.
 GameObj* AutoPlayer::ChooseTarget(const Point& from, const GameController& controller) const {
   GameObj* chosen = nullptr;
   float best = 0.0f;
   for (GameObj* enemy : controller.m_enemies) {
     if (!IsAlive(enemy)) continue;
-    const float unseen = IsClear(from, PlaceOf(enemy)) ? 0.0f : 10000.0f;
-    const float cost = DistanceOf(from, PlaceOf(enemy)) + unseen;
+    const float unseen = IsClear(from, Place(enemy)) ? 0.0f : 10000.0f;
+    const float cost = Distance(from, Place(enemy)) + unseen;
     if (chosen != nullptr && cost >= best) continue;
     chosen = enemy;
     best = cost;
@@ -233,11 +228,10 @@ GameObj* AutoPlayer::ChooseTarget(const Point& from, const GameController& contr
 
 /// Moves the cursor to a place in the world, to the pixel.
 void AutoPlayer::PointAt(const Point& place, const GameController& controller) {
-  const Point from_camera = place - PlaceOf(controller.m_camera);
-  m_world.native.cursor = {0, 0};
-  const Point origin = GetCursorScreenPosition();
-  m_world.native.cursor = {1, 1};
-  const Point next = GetCursorScreenPosition();
+  const Point camera = controller.m_camera != nullptr ? Place(controller.m_camera) : Point();
+  const Point from_camera = place - camera;
+  const Point origin = PlayedCursor(0, 0);
+  const Point next = PlayedCursor(1, 1);
   Press({GameInput::Kind::kCursor,
          static_cast<int>(std::lround((from_camera.x - origin.x) / (next.x - origin.x))),
          static_cast<int>(std::lround((from_camera.y - origin.y) / (next.y - origin.y)))});
@@ -245,7 +239,7 @@ void AutoPlayer::PointAt(const Point& place, const GameController& controller) {
 
 void AutoPlayer::Press(const GameInput& input) {
   m_inputs.push_back(input);
-  Apply(input, &m_world);
+  Apply(input);
 }
 
-}  // namespace carapace_test
+}  // namespace ZOVEngine
