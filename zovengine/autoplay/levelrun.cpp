@@ -13,6 +13,7 @@ void EnterLevel(const std::string& level_file, std::uint32_t seed) {
   // Once for what draws before the level's controller starts, and once for after, since the
   // controller seeds from the time of day.
   SeedRand(seed);
+  g_engine->paused = false;
   g_current_level_path = level_file;
   ChangeState(kDefaultState, "");
   StepEngine();
