@@ -42,13 +42,13 @@ class Failure(GameTest):
             with self.subTest(arguments=arguments):
                 self.game = self.start(arguments=arguments)
                 self.assertEqual(self.game.wait_for_end(), 2)
-                self.assertIn("usage: carapace [--level FILE]", self.game.errors())
+                self.assertIn("usage: carapace [--level FILE ", self.game.errors())
                 self.assertEqual(self.game.output(), "")
 
     def test_help_is_printed_without_a_display(self):
         self.game = self.start(NO_WINDOW, ["--help"])
         self.assertEqual(self.game.wait_for_end(), 0)
-        self.assertIn("usage: carapace [--level FILE]", self.game.output())
+        self.assertIn("usage: carapace [--level FILE ", self.game.output())
         self.assertEqual(self.game.errors(), "")
 
     def test_a_level_that_is_not_there_is_said_before_a_window_opens(self):
