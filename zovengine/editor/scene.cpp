@@ -10,6 +10,7 @@
 #include "jsonunserializer.h"
 #include "objects/gameobjfactory.h"
 #include "objects/statec.h"
+#include "physics/components/colliderholder.h"
 #include "physics/components/transform.h"
 #include "render/components/animation.h"
 
@@ -41,6 +42,13 @@ void HideErasedTiles() {
 void HoldControllers() {
   for (GameController* controller : ComponentTable<GameController>().Components()) {
     controller->m_init = true;
+  }
+}
+
+/// Contacts are resolved in a pause too, and would push apart what the author lays together.
+void HoldColliders() {
+  for (ColliderHolder* holder : ComponentTable<ColliderHolder>().Components()) {
+    holder->m_active = false;
   }
 }
 
@@ -112,6 +120,7 @@ void BuildScene(const LevelDocument& document, const std::string& tiles, SceneUs
   HideErasedTiles();
   if (use == SceneUse::kEdit) {
     HoldControllers();
+    HoldColliders();
     HoldSounds();
     HoldAnimations();
   }

@@ -9,7 +9,7 @@ class LevelDocument;
 
 /// What the objects of a built scene are for.
 enum class SceneUse {
-  kEdit,  ///< to be looked at: no controller starts its level, no sound starts to play
+  kEdit,  ///< to be looked at: no controller starts its level, no sound plays, nothing collides
   kSave,  ///< to be written to files at once, just as the document has them
 };
 
