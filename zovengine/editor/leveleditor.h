@@ -36,6 +36,16 @@ class EditorLog {
   std::vector<Line> m_lines;
 };
 
+/// Which helps the canvas draws over the picture.
+struct EditorOverlays {
+  bool grid = false;
+  bool colliders = false;
+  bool patrols = true;
+  bool hazards = true;  ///< how far holes and zones reach
+  bool aims = true;     ///< where enemies fire
+  bool energy = true;   ///< how far a selected player unit drives in a turn
+};
+
 /// The author's session: the open level, what is selected, and what was done to it.
 ///
 /// Every change of the level goes through Do, so that it can be undone; what is not in the document
@@ -83,6 +93,9 @@ class LevelEditor {
   bool wants_test_play = false;     ///< asked for; the shell serves it after the frame
   bool tiles_in_hand = false;       ///< the left button paints tiles instead of picking objects
   std::vector<std::string> recent;  ///< names of levels, the latest first
+  bool snap = true;                 ///< drags go in steps of the tile grid
+  bool tiles_in_hand = false;       ///< the mouse paints tiles and picks no objects
+  EditorOverlays overlays;
 };
 
 /// The session of the program that runs; null while there is no editor.
