@@ -1,0 +1,49 @@
+#pragma once
+
+#include <vector>
+
+#include "editor/canvas/canvasview.h"
+
+namespace ZOVEngine {
+
+/// Draws lines and marks over the picture of the level and nowhere else.
+///
+/// Points are the level's, widths are pixels; what lies outside of the picture is left out. Each
+/// line has a dark rim, so that it is seen on light and on dark ground. One lives for one frame,
+/// between ImGui's NewFrame and Render.
+class CanvasPainter {
+ public:
+  explicit CanvasPainter(const CanvasView& view);
+  ~CanvasPainter();
+  CanvasPainter(const CanvasPainter&) = delete;
+  CanvasPainter& operator=(const CanvasPainter&) = delete;
+
+  void Line(const Vector3D& from, const Vector3D& to, ImU32 colour, float width = 2.0f);
+  /// A thin line without a rim, for what is drawn in great numbers.
+  void HairLine(const Vector3D& from, const Vector3D& to, ImU32 colour);
+  void DashedLine(const Vector3D& from, const Vector3D& to, ImU32 colour);
+  /// A line through all points and back to the first.
+  void Outline(const Vector3D* points, std::size_t count, ImU32 colour, float width = 2.0f);
+  void Fill(const Vector3D* points, std::size_t count, ImU32 colour);
+  /// `radius` is in world units.
+  void Circle(const Vector3D& middle, float radius, ImU32 colour, float width = 2.0f);
+  void Disc(const Vector3D& middle, float radius, ImU32 colour);
+  /// A square, and a round mark, of a fixed size on the screen (unit of `half`: pixels).
+  void Square(const Vector3D& middle, float half, ImU32 colour);
+  void Dot(const Vector3D& middle, float half, ImU32 colour);
+  /// The head of an arrow that points from `from` to `tip`.
+  void ArrowHead(const Vector3D& from, const Vector3D& tip, ImU32 colour);
+  void Text(const Vector3D& place, ImU32 colour, const char* text);
+
+  const CanvasView& View() const { return m_view; }
+
+ private:
+  void Map(const Vector3D* points, std::size_t count);
+  bool IsSeen() const;
+
+  const CanvasView& m_view;
+  ImDrawList* m_list;
+  std::vector<ImVec2> m_points;  ///< of the shape that is drawn (unit: pixels)
+};
+
+}  // namespace ZOVEngine
