@@ -91,7 +91,6 @@ class LevelEditor {
   TileBook tiles;
   EditorLog log;
   bool wants_test_play = false;     ///< asked for; the shell serves it after the frame
-  bool tiles_in_hand = false;       ///< the left button paints tiles instead of picking objects
   std::vector<std::string> recent;  ///< names of levels, the latest first
   bool snap = true;                 ///< drags go in steps of the tile grid
   bool tiles_in_hand = false;       ///< the mouse paints tiles and picks no objects
