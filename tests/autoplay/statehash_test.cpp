@@ -22,13 +22,15 @@ class StateHash : public ::testing::Test {
                         Record("thing", {{"Transform", TransformAt(3, 4)},
                                          {"AudioSource", R"({"sounds": [], "loop": [], "is_3D": [],
                                              "start_play": [], "volume": [], "sound_type": []})"}}));
+    m_state = HashState();
+    m_places = HashPlaces();
   }
 
   Transform& Of(const char* name) { return *m_world.Find(name)->GetComponent<Transform>(); }
 
   World m_world;
-  const std::uint64_t m_state = HashState();
-  const std::uint64_t m_places = HashPlaces();
+  std::uint64_t m_state = 0;
+  std::uint64_t m_places = 0;
 };
 
 TEST_F(StateHash, WithoutAChangeBothAreTheSame) {
