@@ -31,6 +31,11 @@ Value* FindMutable(rapidjson::Document& json, const ObjectPath& path) {
 
 }  // namespace
 
+void ParseExactly(rapidjson::Document* document, const std::string& text) {
+  constexpr unsigned kFlags = rapidjson::kParseIterativeFlag | rapidjson::kParseFullPrecisionFlag;
+  document->Parse<kFlags>(text.c_str(), text.size());
+}
+
 std::string ToText(const Value& value) {
   JsonWriter writer;
   value.Accept(*writer.Out().json);
@@ -43,7 +48,7 @@ LevelDocument::LevelDocument() {
 
 bool LevelDocument::SetText(const std::string& text) {
   rapidjson::Document json;
-  json.Parse<rapidjson::kParseIterativeFlag>(text.c_str(), text.size());
+  ParseExactly(&json, text);
   if (!IsObjectFile(json)) return false;
   m_json = std::move(json);
   m_compact_size = m_json.GetAllocator().Capacity();
@@ -107,7 +112,7 @@ void LevelDocument::SetFields(const ObjectPath& path, const std::string& compone
   Value* record = FindMutable(m_json, path);
   if (record == nullptr) return;
   rapidjson::Document value(&m_json.GetAllocator());
-  value.Parse(fields.c_str(), fields.size());
+  ParseExactly(&value, fields);
   if (value.HasParseError()) return;
   if (!component.empty()) {
     const auto old = record->FindMember(component.c_str());

@@ -51,6 +51,10 @@ class LevelDocument {
   std::size_t m_compact_size = 0;  ///< memory of the document after the last Compact (unit: bytes)
 };
 
+/// Parses JSON so that every number keeps its digits when it is written again; with its default the
+/// library may be off in the last one. A failure leaves the document's parse error set.
+void ParseExactly(rapidjson::Document* document, const std::string& text);
+
 /// A JSON value as text.
 std::string ToText(const Value& value);
 

@@ -10,6 +10,7 @@
 
 #include "editor/editordata.h"
 #include "editor/editorsave.h"
+#include "editor/leveltext.h"
 #include "editor/recovery.h"
 #include "editor/scene.h"
 #include "game/levels/levelsave.h"
@@ -69,6 +70,13 @@ void Remember(const std::string& name, std::vector<std::string>* recent) {
   std::erase(*recent, name);
   recent->insert(recent->begin(), name);
   if (recent->size() > kMostRecent) recent->resize(kMostRecent);
+}
+
+/// The tiles of a file without those over which the program would end.
+std::string ReadableTiles(const std::string& text) {
+  LevelDocument tiles;
+  if (!tiles.SetText(text)) return kNoObjects;
+  return LeaveOutFatalObjects(&tiles).empty() ? text : tiles.Text();
 }
 
 bool IsPlainLetter(char letter) {
@@ -137,7 +145,10 @@ bool LevelEditor::Open(const std::string& name) {
   g_render_system->m_background_tex = ReadBackground(*level, paths.level);
   selection.clear();
   history.Clear();
-  BuildScene(document, tile_text.value_or(kNoObjects));
+  for (const LevelProblem& problem : LeaveOutFatalObjects(&document)) {
+    log.Fault("Left out: " + problem.text + ".");
+  }
+  BuildScene(document, ReadableTiles(tile_text.value_or(kNoObjects)));
   Remember(name, &recent);
   log.Say("Opened " + name + ".");
   return true;

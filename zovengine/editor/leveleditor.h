@@ -90,6 +90,7 @@ class LevelEditor {
   SceneEditor scene{&document, &selection};
   TileBook tiles;
   EditorLog log;
+  std::string wants_replay;         ///< a recorded game to be shown in a test-play
   bool wants_test_play = false;     ///< asked for; the shell serves it after the frame
   std::vector<std::string> recent;  ///< names of levels, the latest first
   bool snap = true;                 ///< drags go in steps of the tile grid

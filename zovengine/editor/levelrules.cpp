@@ -26,19 +26,22 @@ const std::vector<LevelRule>& LevelRules() {
   static const std::vector<LevelRule> rules = {
       // The form of the files
       {"json", kError, "a file is absent or no JSON, and counts as empty"},
-      {"record", kError, "a record is not of the form that the loader takes, which ends the game"},
-      {"component-unknown", kError, "a listed component is unknown, which ends the game"},
-      {"component-twice", kError, "a component is listed twice, which ends the game"},
-      {"component-absent", kError, "a listed component has no key, which ends the game"},
+      {"record", kError, "a record is not of the form that the loader takes, which ends the game",
+       true},
+      {"component-unknown", kError, "a listed component is unknown, which ends the game", true},
+      {"component-twice", kError, "a component is listed twice, which ends the game", true},
+      {"component-absent", kError, "a listed component has no key, which ends the game", true},
       {"component-unlisted", kWarning, "a component has a key but is not listed: it is not read"},
-      {"field-form", kError, "a value is of another type than its field, which ends the game"},
+      {"field-form", kError, "a value is of another type than its field, which ends the game",
+       true},
       {"field-whole", kError, "a fraction stands where a whole number is read as another number"},
       {"field-flag", kWarning, "a value is neither true nor false, and counts as false"},
       {"field-absent", kWarning, "keys are absent: their fields keep a default"},
-      {"sound-lists", kError, "a list of an AudioSource is too short, which ends the game"},
-      {"collider-type", kError, "a collider has an unknown shape, which ends the game"},
-      {"particle-rate", kError, "births have a minimum above the maximum, which ends the game"},
-      {"particle-pool", kError, "a pool of particles is too large, which ends the game"},
+      {"sound-lists", kError, "a list of an AudioSource is too short, which ends the game", true},
+      {"collider-type", kError, "a collider has an unknown shape, which ends the game", true},
+      {"particle-rate", kError, "births have a minimum above the maximum, which ends the game",
+       true},
+      {"particle-pool", kError, "a pool of particles is too large, which ends the game", true},
       // The level as a whole
       {"one-controller", kError, "not exactly one object runs the level"},
       {"controller-parts", kError, "the object that runs the level lacks its place or its sounds"},
@@ -67,12 +70,12 @@ const std::vector<LevelRule>& LevelRules() {
       {"shot-turns", kError, "a shot turns with its unit, which carries it off its path"},
       {"shot-drag", kError, "drag stops a shot before the end of its range, and the turn with it"},
       // Parts and names
-      {"component-needs", kError, "a component lacks another beside it, which ends the game"},
+      {"component-needs", kError, "a component lacks another beside it, which ends the game", true},
       {"sheet-frames", kWarning, "a sheet has not 1 to 10 frames"},
       {"texture", kWarning, "a texture is not listed: another is shown"},
       {"sound", kWarning, "a sound has no file: it is not heard"},
       {"category", kWarning, "a category of collisions is unknown: it touches nothing"},
-      {"field-parent", kError, "a DeathField has no parent, which ends the game"},
+      {"field-parent", kError, "a DeathField has no parent, which ends the game", true},
       {"tile-object", kError, "a tile lies among the objects: the level builds no tiles"},
       // Bodies
       {"body-drag", kError, "a body has no drag: turns wait until it rests"},
@@ -85,7 +88,7 @@ const std::vector<LevelRule>& LevelRules() {
       {"interface-missing", kWarning, "pieces of the interface are missing"},
       // The map
       {"map-size", kError, "the sizes of the map are absent or out of bounds"},
-      {"map-grid", kError, "the grid of the map is not of its sizes, which ends the game"},
+      {"map-grid", kError, "the grid of the map is not of its sizes, which ends the game", true},
       {"tile-kind", kWarning, "an object among the tiles is none"},
       {"tile-grid", kWarning, "a tile lies off the grid or off the map"},
       {"tile-twice", kWarning, "two tiles lie on one place"},
@@ -117,6 +120,10 @@ LevelProblems CheckLevel(const LevelText& text, const KnownAssets& known) {
   CheckInterface(level, known, &report);
   CheckMap(level, &report);
   return report.Take();
+}
+
+bool IsFatal(const LevelProblem& problem) {
+  return FindRule(problem.rule).fatal;
 }
 
 bool HasError(const LevelProblems& problems) {

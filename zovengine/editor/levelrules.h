@@ -60,6 +60,7 @@ struct LevelRule {
   const char* name;  ///< stable
   LevelSeverity severity;
   const char* meaning;  ///< what a level that breaks it does
+  bool fatal = false;   ///< the program ends over it, in the editor too
 };
 /// All rules.
 const std::vector<LevelRule>& LevelRules();
@@ -71,6 +72,9 @@ const std::vector<LevelRule>& LevelRules();
 /// level without errors can be loaded and played. The time grows with the length of the texts;
 /// units are compared with each other.
 LevelProblems CheckLevel(const LevelText& level, const KnownAssets& known);
+
+/// True if the rule that the problem breaks is a fatal one.
+bool IsFatal(const LevelProblem& problem);
 
 /// True if one of the problems is an error.
 bool HasError(const LevelProblems& problems);

@@ -39,9 +39,9 @@ class FieldCommand final : public EditCommand {
 std::string Merge(const std::string& document, const std::string& before,
                   const std::string& after) {
   rapidjson::Document merged, old_live, new_live;
-  merged.Parse(document.c_str(), document.size());
-  old_live.Parse(before.c_str(), before.size());
-  new_live.Parse(after.c_str(), after.size());
+  ParseExactly(&merged, document);
+  ParseExactly(&old_live, before);
+  ParseExactly(&new_live, after);
   if (!merged.IsObject() || !old_live.IsObject() || !new_live.IsObject()) return document;
   for (auto& field : new_live.GetObject()) {
     const auto was = old_live.FindMember(field.name);

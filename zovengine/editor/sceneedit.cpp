@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "editor/leveldocument.h"
+#include "editor/leveltext.h"
 #include "editor/scene.h"
 
 namespace ZOVEngine {
@@ -142,6 +143,12 @@ std::unique_ptr<EditCommand> SceneEditor::Edit(const std::string& label, const C
     m_document->SetText(before);
     return nullptr;
   }
+  const LevelProblems fatal = FatalProblems(*m_document);
+  if (!fatal.empty()) {
+    Refuse(fatal.front().text + ".");
+    m_document->SetText(before);
+    return nullptr;
+  }
   BuildScene(*m_document, TilesText());
   Selection old = std::exchange(*m_selection, std::move(selected));
   return std::make_unique<SceneCommand>(m_document, label, Splice(before, m_document->Text()),
@@ -189,7 +196,7 @@ std::unique_ptr<EditCommand> SceneEditor::Insert(const ObjectPath& parent,
     Json& list = ListBelow(document, parent);
     for (const std::string& text : records) {
       Document record(&document.GetAllocator());
-      record.Parse(text.c_str(), text.size());
+      ParseExactly(&record, text);
       if (record.HasParseError() || !record.IsObject()) return Refuse("This is no object.");
       selected->push_back(parent);
       selected->back().push_back(list.Size());
@@ -232,7 +239,7 @@ std::unique_ptr<EditCommand> SceneEditor::AddComponent(const ObjectPath& path,
     }
     auto& allocator = document.GetAllocator();
     Document fields(&allocator);
-    fields.Parse(text.c_str(), text.size());
+    ParseExactly(&fields, text);
     if (fields.HasParseError() || !fields.IsObject()) return Refuse("These are no fields.");
     record["components"].PushBack(Json(component.c_str(), allocator), allocator);
     record.AddMember(Json(component.c_str(), allocator), static_cast<Json&>(fields), allocator);

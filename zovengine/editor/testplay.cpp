@@ -10,12 +10,12 @@
 #include "editor/editordata.h"
 #include "editor/editorview.h"
 #include "editor/leveleditor.h"
+#include "editor/leveltext.h"
 #include "editor/scene.h"
 #include "jsonunserializer.h"
 #include "objects/gameobjfactory.h"
 #include "objects/safefile.h"
 #include "physics/components/transform.h"
-#include "render/rendersystem.h"
 
 namespace ZOVEngine {
 namespace {
@@ -46,40 +46,6 @@ std::string UnitsFor(const LevelEditor& editor, const std::string& path) {
   return ToText(document);
 }
 
-/// The tiles without the erased ones.
-std::string LaidTiles() {
-  rapidjson::Document document;
-  const std::string text = TilesText();
-  document.Parse(text.c_str(), text.size());
-  Value& tiles = document["GameObjFactory"];
-  for (auto tile = tiles.Begin(); tile != tiles.End();) {
-    tile = (*tile)["active"].GetBool() ? tile + 1 : tiles.Erase(tile);
-  }
-  return ToText(document);
-}
-
-std::string MapText() {
-  JsonWriter writer;
-  writer.Out().json->StartObject();
-  WriteValue(writer.Out(), "Width", g_editor.m_tile_map.m_width);
-  WriteValue(writer.Out(), "Height", g_editor.m_tile_map.m_height);
-  WriteValue(writer.Out(), "TileSize", g_editor.m_tile_map.m_tile_size);
-  writer.Out().json->EndObject();
-  return writer.Text();
-}
-
-std::string IndexText(const std::string& folder) {
-  JsonWriter writer;
-  writer.Out().json->StartObject();
-  WriteValue(writer.Out(), "TileMap", folder + "/map.json");
-  WriteValue(writer.Out(), "Tiles", folder + "/tiles.json");
-  WriteValue(writer.Out(), "Objects", folder + "/Units.json");
-  WriteValue(writer.Out(), "Background", g_render_system->m_background_tex);
-  WriteValue(writer.Out(), "BGM", std::string("test"));
-  writer.Out().json->EndObject();
-  return writer.Text();
-}
-
 void Silence() {
   for (AudioSource* source : ComponentTable<AudioSource>().Components()) source->StopAllSounds();
 }
@@ -90,10 +56,12 @@ std::string WriteLevelCopy(const LevelEditor& editor, const std::string& folder)
   std::error_code failed;
   fs::create_directories(folder, failed);
   const std::string level = folder + "/level.json";
-  const bool written = ReplaceFile(folder + "/Units.json", UnitsFor(editor, level)) &&
-                       ReplaceFile(folder + "/tiles.json", LaidTiles()) &&
-                       ReplaceFile(folder + "/map.json", MapText()) &&
-                       ReplaceFile(level, IndexText(folder));
+  const bool written =
+      ReplaceFile(folder + "/Units.json", UnitsFor(editor, level)) &&
+      ReplaceFile(folder + "/tiles.json", LaidTilesText()) &&
+      ReplaceFile(folder + "/map.json", OpenMapText()) &&
+      ReplaceFile(level, OpenIndexText(folder + "/map.json", folder + "/tiles.json",
+                                       folder + "/Units.json"));
   return written ? level : "";
 }
 
@@ -104,6 +72,11 @@ TestPlay::~TestPlay() {
 
 bool TestPlay::Start(LevelEditor& editor) {
   if (!editor.IsOpen() || m_running) return false;
+  const LevelProblems fatal = FatalProblems(editor.document);
+  if (!fatal.empty()) {
+    editor.log.Fault("The level cannot be played: " + fatal.front().text + ".");
+    return false;
+  }
   const std::string level = WriteLevelCopy(editor, PlayFolder());
   if (level.empty()) {
     editor.log.Fault("The level cannot be test-played: no room for its copy.");

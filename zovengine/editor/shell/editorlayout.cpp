@@ -51,6 +51,7 @@ void EditorLayout::Show(LevelEditor& editor) {
   ShowLeft(editor, top);
   ShowRight(editor, top);
   ShowBottom(editor, top);
+  m_trial.Poll();
 }
 
 void EditorLayout::ShowLeft(LevelEditor& editor, float top) {

@@ -58,8 +58,17 @@ void EditorSystem::SendMessage(Message* message) {
 
 /// Objects must not vanish in the middle of a broadcast or of a panel, so it is done here.
 void EditorSystem::ServeRequests() {
-  if (std::exchange(m_editor.wants_test_play, false)) m_test_play.Start(m_editor);
-  if (std::exchange(m_leave_play, false)) m_test_play.Stop();
+  const std::string game = std::exchange(m_editor.wants_replay, "");
+  if (!game.empty() && m_replay.Load(game)) m_editor.wants_test_play = true;
+  if (std::exchange(m_editor.wants_test_play, false) && !m_test_play.Start(m_editor)) {
+    m_replay.Stop();
+  }
+  // The replay gives the inputs of the step that comes, from the one that enters the level on.
+  if (m_test_play.IsRunning()) m_replay.Step();
+  if (std::exchange(m_leave_play, false)) {
+    m_replay.Stop();
+    m_test_play.Stop();
+  }
 }
 
 void EditorSystem::Begin() {

@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "autoplay/replay.h"
 #include "core/system.h"
 #include "editor/leveleditor.h"
 #include "editor/recovery.h"
@@ -39,6 +40,7 @@ class EditorSystem final : public UnpausedSystem {
       m_window;  ///< kept during a test-play, so that panels stay as they are
   LevelEditor m_editor;
   TestPlay m_test_play;
+  Replay m_replay;
   Recovery m_recovery;
   EditorLayout m_layout{m_editor};
   bool m_shown = false;       ///< panels are live
