@@ -12,6 +12,7 @@ HEIGHT = 1080
 REST = (500, -300)  # where the mouse is over no button
 NEAR = 20  # pixels around the mouse in which the crosshair is seen
 CHANGED = 3  # mean change around the mouse, when the crosshair has come
+LOOK = 0.2  # seconds from the mouse's coming to the button's answer: a few frames
 LIT = 2  # mean change of a part of a button that lights up
 EDGE = 30  # world units of a button that are looked at, left of the crosshair
 
@@ -79,12 +80,18 @@ class Player:
         call("xdotool", "mouseup", "1")
 
     def wait_for(self, button):
-        """Points at a button and waits until it lights up, or comes as one that is lit."""
-        self.point_at(REST)
-        time.sleep(TAP)
-        rest = self._left_end(button)
+        """Waits until a button lights up under the mouse and only there, as it does once it has come; leaves the mouse on it."""
+        def answers():
+            before, lit, after = (self._look_from(place, button) for place in (REST, self.place(button), REST))
+            return before.difference(after) < LIT / 2 and before.difference(lit) > LIT
+        wait_until(answers, f"{button} under the mouse")
         self.hover(button)
-        wait_until(lambda: self._left_end(button).difference(rest) > LIT, f"{button} under the mouse")
+
+    def _look_from(self, place, button):
+        """The left end of a button while the mouse is at a place."""
+        self.point_at(place)
+        time.sleep(LOOK)
+        return self._left_end(button)
 
     def _left_end(self, button):
         (x, y), (width, height) = self.place(button), self.buttons[button]["m_scale"][:2]
