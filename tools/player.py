@@ -13,6 +13,7 @@ REST = (500, -300)  # where the mouse is over no button
 NEAR = 20  # pixels around the mouse in which the crosshair is seen
 CHANGED = 3  # mean change around the mouse, when the crosshair has come
 LOOK = 0.2  # seconds from the mouse's coming to the button's answer: a few frames
+COMING = 150.0  # seconds in which a button must have come, on a loaded machine
 LIT = 2  # mean change of a part of a button that lights up
 EDGE = 30  # world units of a button that are looked at, left of the crosshair
 
@@ -84,7 +85,7 @@ class Player:
         def answers():
             before, lit, after = (self._look_from(place, button) for place in (REST, self.place(button), REST))
             return before.difference(after) < LIT / 2 and before.difference(lit) > LIT
-        wait_until(answers, f"{button} under the mouse")
+        wait_until(answers, f"{button} under the mouse", COMING)
         self.hover(button)
 
     def _look_from(self, place, button):

@@ -5,9 +5,11 @@ import unittest
 
 from case import SETTINGS, GameTest
 from driver import ask, box_is_shown, tap, wait_until
+from player import Player
 
 LOG = "log_file.log"
 TIME = r"\[\w{3} \w{3} [ \d]\d \d\d:\d\d:\d\d \d{4}\] "
+LEVEL = "Level Editor/Levels/Level03/Level03.json"
 NO_WINDOW = {"DISPLAY": None, "WAYLAND_DISPLAY": None, "SDL_VIDEODRIVER": None}
 SETTING_KEYS = ("name", "title", "Activate_Console", "Activate_ImGui", "fullscreen", "winwidth", "winheight")
 DEAD_DISPLAY = ":987"
@@ -30,8 +32,11 @@ class Failure(GameTest):
         self.assertNotIn("Program Ending", self.game.output())
 
     def assert_not_found(self, path):
-        """The first file that cannot be found is named in the log, in a box and on standard error."""
+        """The first file that cannot be found at the start is named in the log, in a box and on standard error."""
         self.game = self.start()
+        self.assert_reported(path)
+
+    def assert_reported(self, path):
         self.close_box("Error")
         line = path.replace(".", r"\.") + r"file not found \(jsonunserializer\.cpp, Line \d+\)"
         self.assert_failed_with(line)
@@ -72,6 +77,34 @@ class Failure(GameTest):
     def test_missing_data_are_logged_and_shown(self):
         shutil.rmtree(self.directory / "Resources")
         self.assert_not_found("Resources/CollisionInfo.json")
+
+    def choose_the_level(self):
+        """Chooses the third level in the menu."""
+        self.game = self.start()
+        player = Player(self.directory, self.game.wait_for_window())
+        player.turn_to("MainMenu")
+        for _ in range(4):
+            tap("space")
+        player.wait_for("menu_play")
+        player.click("menu_play")
+        player.wait_for("menu_level_03")
+        player.press()
+
+    def test_a_missing_level_is_logged_and_shown_when_the_menu_leads_to_it(self):
+        (self.directory / LEVEL).unlink()
+        self.choose_the_level()
+        self.assert_reported(LEVEL)
+
+    def test_a_missing_objects_file_is_named_when_the_menu_leads_to_its_level(self):
+        objects = self.read_json(LEVEL)["Objects"]
+        (self.directory / objects).unlink()
+        self.choose_the_level()
+        self.assert_reported(objects)
+
+    def test_a_broken_level_is_reported_when_the_menu_leads_to_it(self):
+        (self.directory / LEVEL).write_text('{"TileMap": ')
+        self.choose_the_level()
+        self.assert_reported("")
 
     def test_a_broken_settings_file_counts_as_one_without_keys(self):
         (self.directory / SETTINGS).write_text('{"name": ')
