@@ -29,6 +29,7 @@ struct Subject {
   std::string text = "shell";
   Vector3D place{1.0f, 2.0f, 3.0f};
   float fixed = 12.0f;
+  float bounded = 100.0f;
   double none = 0.0;
 };
 
@@ -53,6 +54,11 @@ RTTR_REGISTRATION {
   type.property("fixed", &Subject::fixed)(rttr::metadata("typeinfo", std::string("float")),
                                           rttr::metadata("name", std::string("fixed")),
                                           rttr::metadata("min", 5.0f), rttr::metadata("max", 5.0f));
+  type.property("bounded", &Subject::bounded)(
+      rttr::metadata("typeinfo", std::string("float")),
+      rttr::metadata("name", std::string("bounded")),
+      rttr::metadata(std::string("min"), rttr::variant(0.0)),
+      rttr::metadata(std::string("max"), rttr::variant(10.0)));
 }
 
 class ComponentEditTest : public ::testing::Test {
@@ -150,6 +156,17 @@ TEST_F(ComponentEditTest, ASliderWithEqualBoundsLeavesTheValueUntilItIsTouched) 
   Show("fixed");
   Show("fixed");
   EXPECT_EQ(subject.fixed, 12.0f);
+}
+
+TEST_F(ComponentEditTest, ASliderKeepsToTheBoundsOfItsField) {
+  ClickOn("bounded");
+  EXPECT_NEAR(subject.bounded, 5.0f, 3.0f) << "the middle of the bounds";
+}
+
+TEST_F(ComponentEditTest, FieldsWithNaturalBoundsAreRegisteredWithThem) {
+  const rttr::property rest = rttr::type::get<RigidBody>().get_property("m_rest");
+  EXPECT_EQ(rest.get_metadata(std::string("min")).to_double(), 0.0);
+  EXPECT_EQ(rest.get_metadata(std::string("max")).to_double(), 1.0);
 }
 
 TEST_F(ComponentEditTest, ColumnsOfAnotherCountAreEnded) {

@@ -30,7 +30,7 @@ std::string WidgetLabel(const rttr::property& property) {
 }
 
 double Bound(const rttr::property& property, const char* key, double without) {
-  const rttr::variant bound = property.get_metadata(key);
+  const rttr::variant bound = property.get_metadata(std::string(key));
   return bound.is_valid() ? bound.to_double() : without;
 }
 

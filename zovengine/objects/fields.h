@@ -16,7 +16,8 @@ namespace ZOVEngine {
 // files before they are read (objects/fieldforms.h). A class
 // declares it by ZOV_DECLARE_FIELDS() and defines it in its source, before ZOV_COMPONENT_FIELDS: a
 // line for each field, in the order of the files, `visit(key, &Class::member)`, with the label of
-// the inspector behind it if the inspector shows the field. `visit.Checked(key, &Class::member,
+// the inspector behind it if the inspector shows the field, and behind that the bounds of its
+// slider if it has natural ones. `visit.Checked(key, &Class::member,
 // Check)` calls `Check(value)` with the value that was read, which ends in FailReading if it is not
 // allowed. Where files and inspector differ in names or order, the class has two lists: `Fields`
 // for files and `Inspected`, of the same form, for the inspector; there, `visit.Hidden(name,
@@ -131,8 +132,13 @@ class FieldRegistrar {
   void operator()(const char*, M C::*) {}
   template <class C, class M>
   void operator()(const char* key, M C::*member, const char* label,
-                  const char* display_mode = "default") {
-    m_registration->Field(key, static_cast<M T::*>(member), FieldEditor<M>(), label, display_mode);
+                  const char* display_mode = "default", const FieldBounds& bounds = {}) {
+    m_registration->Field(key, static_cast<M T::*>(member), FieldEditor<M>(), label, display_mode,
+                          bounds);
+  }
+  template <class C, class M>
+  void operator()(const char* key, M C::*member, const char* label, const FieldBounds& bounds) {
+    (*this)(key, member, label, "default", bounds);
   }
   template <class C, class M, class Check>
   void Checked(const char*, M C::*, Check) {}

@@ -2,7 +2,10 @@
 
 #include <rttr/registration>
 
+#include <optional>
 #include <string>
+
+#include "objects/fieldbounds.h"
 
 namespace ZOVEngine {
 
@@ -12,6 +15,8 @@ using Metadata = decltype(rttr::metadata(rttr::variant(), rttr::variant()));
 /// Made in one place: the library's code for each kind of value takes the compiler seconds.
 Metadata MakeMetadata(const std::string& key, const std::string& value);
 Metadata MakeMetadata(const std::string& key, bool value);
+/// Without a number the entry is as good as none: its value is not valid.
+Metadata MakeMetadata(const std::string& key, std::optional<double> value);
 
 /// Registers a component class for the editor's inspector.
 ///
@@ -28,14 +33,16 @@ class ComponentRegistration {
 
   /// Adds an inspectable field. `typeinfo` chooses the field editor: "float", "int", "bool",
   /// "unsigned", "std::string" or "Vector3"; `label` stands in the panel; `display_mode`
-  /// chooses the display function.
+  /// chooses the display function; `bounds` are the ends of the slider.
   template <class Member>
   ComponentRegistration& Field(const char* name, Member member, const std::string& typeinfo,
                                const std::string& label,
-                               const std::string& display_mode = "default") {
-    m_class.property(name, member)(MakeMetadata("is_inspect", true),
-                                   MakeMetadata("DisplayMode", display_mode),
-                                   MakeMetadata("typeinfo", typeinfo), MakeMetadata("name", label));
+                               const std::string& display_mode = "default",
+                               const FieldBounds& bounds = {}) {
+    m_class.property(name, member)(
+        MakeMetadata("is_inspect", true), MakeMetadata("DisplayMode", display_mode),
+        MakeMetadata("typeinfo", typeinfo), MakeMetadata("name", label),
+        MakeMetadata("min", bounds.min), MakeMetadata("max", bounds.max));
     return *this;
   }
 

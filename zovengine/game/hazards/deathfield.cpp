@@ -15,7 +15,7 @@ constexpr float kFieldTurnPerStep = 0.3f;  ///< (unit: degrees)
 
 template <class Visitor>
 void DeathField::Fields(Visitor& visit) {
-  visit("m_damage", &DeathField::m_damage, "Damage");
+  visit("m_damage", &DeathField::m_damage, "Damage", FieldBounds{0.0, 99.0});
 }
 ZOV_COMPONENT_FIELDS(DeathField)
 

@@ -30,8 +30,10 @@ bool ResistsPull(GameObj* object) {
 
 template <class Visitor>
 void EnvironmentBlackhole::Fields(Visitor& visit) {
-  visit("m_suction_force", &EnvironmentBlackhole::m_suction_force, "Suction Force");
-  visit("m_suction_range", &EnvironmentBlackhole::m_suction_range, "Suction Range");
+  visit("m_suction_force", &EnvironmentBlackhole::m_suction_force, "Suction Force",
+        FieldBounds{0.0, 100.0});
+  visit("m_suction_range", &EnvironmentBlackhole::m_suction_range, "Suction Range",
+        FieldBounds{0.0, 1000.0});
 }
 ZOV_COMPONENT_FIELDS(EnvironmentBlackhole)
 

@@ -14,7 +14,7 @@ namespace ZOVEngine {
 
 template <class Visitor>
 void EnvironmentDestructible::Fields(Visitor& visit) {
-  visit("m_health", &EnvironmentDestructible::m_health, "Health");
+  visit("m_health", &EnvironmentDestructible::m_health, "Health", FieldBounds{0.0, 99.0});
 }
 ZOV_COMPONENT_FIELDS(EnvironmentDestructible)
 

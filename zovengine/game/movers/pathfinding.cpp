@@ -96,10 +96,11 @@ Pathfinding::Pathfinding(GameObj* owner, float curr_move, float max_time, float 
 
 template <class Visitor>
 void Pathfinding::Fields(Visitor& visit) {
-  visit("m_curr_move", &Pathfinding::m_curr_move, "Curr Mov");
-  visit("m_max_time_move", &Pathfinding::m_max_time_move, "Max Time");
-  visit("m_speed", &Pathfinding::m_speed, "Speed");
-  visit("m_snappingDist", &Pathfinding::m_snappingDist, "Snapping distance");
+  visit("m_curr_move", &Pathfinding::m_curr_move, "Curr Mov", FieldBounds{0.0, 60.0});
+  visit("m_max_time_move", &Pathfinding::m_max_time_move, "Max Time", FieldBounds{0.0, 60.0});
+  visit("m_speed", &Pathfinding::m_speed, "Speed", FieldBounds{0.0, 5000.0});
+  visit("m_snappingDist", &Pathfinding::m_snappingDist, "Snapping distance",
+        FieldBounds{0.0, 200.0});
   visit("m_reached", &Pathfinding::m_reached, "Reached");
   visit("m_drawPath", &Pathfinding::m_drawPath, "Draw");
 }

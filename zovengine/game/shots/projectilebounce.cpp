@@ -24,8 +24,8 @@ ProjectileBounce::ProjectileBounce(GameObj* owner) : Shot(owner) {
 template <class Visitor>
 void ProjectileBounce::Fields(Visitor& visit) {
   Shot::Fields(visit);
-  visit("m_min_damage", &ProjectileBounce::m_min_damage, "Min Damage");
-  visit("m_max_damage", &ProjectileBounce::m_max_damage, "Max Damage");
+  visit("m_min_damage", &ProjectileBounce::m_min_damage, "Min Damage", FieldBounds{0.0, 99.0});
+  visit("m_max_damage", &ProjectileBounce::m_max_damage, "Max Damage", FieldBounds{0.0, 99.0});
 }
 ZOV_COMPONENT_FIELDS(ProjectileBounce)
 

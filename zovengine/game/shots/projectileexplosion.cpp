@@ -34,7 +34,7 @@ void ProjectileExplosion::Fields(Visitor& visit) {
 template <class Visitor>
 void ProjectileExplosion::Inspected(Visitor& visit) {
   AreaShot::Inspected(visit);
-  visit("m_knockback", &ProjectileExplosion::m_knockback, "Knockback");
+  visit("m_knockback", &ProjectileExplosion::m_knockback, "Knockback", FieldBounds{0.0, 1.0e5});
 }
 ZOV_COMPONENT_FIELDS(ProjectileExplosion)
 

@@ -16,7 +16,8 @@ void ProjectileVacuum::Fields(Visitor& visit) {
 template <class Visitor>
 void ProjectileVacuum::Inspected(Visitor& visit) {
   AreaShot::Inspected(visit);
-  visit("m_suction_force", &ProjectileVacuum::m_suction_force, "Suction Force");
+  visit("m_suction_force", &ProjectileVacuum::m_suction_force, "Suction Force",
+        FieldBounds{0.0, 1000.0});
 }
 ZOV_COMPONENT_FIELDS(ProjectileVacuum)
 

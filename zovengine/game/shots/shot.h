@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/base/vector3d.h"
+#include "objects/fieldbounds.h"
 #include "objects/logiccomponent.h"
 
 namespace ZOVEngine {
@@ -93,9 +94,9 @@ class Shot : public QuietComponent {
 
 template <class Visitor>
 void Shot::Fields(Visitor& visit) {
-  visit("m_max_range", &Shot::m_max_range, "Max Range");
+  visit("m_max_range", &Shot::m_max_range, "Max Range", FieldBounds{0.0, 5000.0});
   visit("m_curr_range", &Shot::m_curr_range);
-  visit("m_speed", &Shot::m_speed, "Speed");
+  visit("m_speed", &Shot::m_speed, "Speed", FieldBounds{0.0, 1.0e5});
 }
 
 }  // namespace ZOVEngine

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "game/shots/shot.h"
+#include "objects/fieldbounds.h"
 
 namespace ZOVEngine {
 
@@ -31,7 +32,7 @@ void WoundingShot::Fields(Visitor& visit) {
 template <class Visitor>
 void WoundingShot::Inspected(Visitor& visit) {
   Shot::Fields(visit);
-  visit("m_damage", &WoundingShot::m_damage, "Damage");
+  visit("m_damage", &WoundingShot::m_damage, "Damage", FieldBounds{0.0, 99.0});
 }
 
 }  // namespace ZOVEngine

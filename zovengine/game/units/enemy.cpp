@@ -85,15 +85,15 @@ void FireShell(GameObj* object, const Vector3D& muzzle, const Vector3D& directio
 
 template <class Visitor>
 void Enemy::Fields(Visitor& visit) {
-  visit("m_health", &Enemy::m_health, "Curr HP");
-  visit("m_max_health", &Enemy::m_max_health, "Max HP");
+  visit("m_health", &Enemy::m_health, "Curr HP", FieldBounds{0.0, 99.0});
+  visit("m_max_health", &Enemy::m_max_health, "Max HP", FieldBounds{1.0, 99.0});
   visit("m_alive", &Enemy::m_alive, "Alive");
   visit("m_selected_first_weapon", &Enemy::m_selected_first_weapon, "Selected First Weapon");
   visit("m_boss", &Enemy::m_boss, "Boss");
   visit("m_waypoints", &Enemy::m_waypoints, "Waypoints");
-  visit("m_move_speed", &Enemy::m_move_speed, "Move Speed");
-  visit("m_move_limit", &Enemy::m_move_limit, "Move Limit");
-  visit("m_snap_range", &Enemy::m_snap_range, "Snap Range");
+  visit("m_move_speed", &Enemy::m_move_speed, "Move Speed", FieldBounds{0.0, 5000.0});
+  visit("m_move_limit", &Enemy::m_move_limit, "Move Limit", FieldBounds{0.0, 10.0});
+  visit("m_snap_range", &Enemy::m_snap_range, "Snap Range", FieldBounds{0.0, 200.0});
 }
 ZOV_COMPONENT_FIELDS(Enemy)
 

@@ -15,11 +15,11 @@ constexpr float kLateMuzzleDelay = 0.2f;  ///< (unit: seconds)
 
 template <class Visitor>
 void Player::Fields(Visitor& visit) {
-  visit("m_health", &Player::m_health, "Curr HP");
-  visit("m_max_health", &Player::m_max_health, "Max HP");
-  visit("m_movement_curr", &Player::m_movement_curr, "Curr Movement");
-  visit("m_movement_limit", &Player::m_movement_limit, "Movement Limit");
-  visit("m_movement_mag", &Player::m_movement_mag, "Movement Mag");
+  visit("m_health", &Player::m_health, "Curr HP", FieldBounds{0.0, 99.0});
+  visit("m_max_health", &Player::m_max_health, "Max HP", FieldBounds{1.0, 99.0});
+  visit("m_movement_curr", &Player::m_movement_curr, "Curr Movement", FieldBounds{0.0, 20.0});
+  visit("m_movement_limit", &Player::m_movement_limit, "Movement Limit", FieldBounds{0.0, 20.0});
+  visit("m_movement_mag", &Player::m_movement_mag, "Movement Mag", FieldBounds{0.0, 1.0e5});
   visit("m_alive", &Player::m_alive, "Alive");
   visit("m_selected_first_weapon", &Player::m_selected_first_weapon, "Selected First Weapon");
 }

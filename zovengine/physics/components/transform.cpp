@@ -50,12 +50,12 @@ template <class Visitor>
 void Transform::Inspected(Visitor& visit) {
   visit("m_local_pos", &Transform::m_local_pos, "Local Position");
   visit("m_local_scale", &Transform::m_local_scale, "Local Scale");
-  visit("m_local_rotate", &Transform::m_local_rotate, "Local Rotate");
+  visit("m_local_rotate", &Transform::m_local_rotate, "Local Rotate", FieldBounds{-180.0, 180.0});
   visit("m_prev_pos", &Transform::m_prev_pos, "Previous Positon");
-  visit("m_prev_rotate", &Transform::m_prev_rotate, "Previous Rotate");
+  visit("m_prev_rotate", &Transform::m_prev_rotate, "Previous Rotate", FieldBounds{-180.0, 180.0});
   visit("m_world_pos", &Transform::m_world_pos, "World Position");
   visit("m_world_scale", &Transform::m_world_scale, "World Scale");
-  visit("m_world_rotate", &Transform::m_world_rotate, "World Rotate");
+  visit("m_world_rotate", &Transform::m_world_rotate, "World Rotate", FieldBounds{-180.0, 180.0});
   visit("CanBeDragged", &Transform::CanBeDragged, "Can Be Dragged");
   visit("m_rotate_with_parent", &Transform::m_rotate_with_parent, "Rotate with parent");
 }
