@@ -151,6 +151,7 @@ void SetLiveFields(GameObj* object, const std::string& component, const std::str
     SetOwnFields(object, document.Root());
   } else if (GameComponentBase* own = FindComponent(object, component)) {
     own->Unserialize(document.Root());
+    if (component == "AudioSource") HoldSounds();
   }
 }
 
