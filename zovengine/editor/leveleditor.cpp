@@ -11,6 +11,7 @@
 #include "editor/editordata.h"
 #include "editor/editorsave.h"
 #include "editor/leveltext.h"
+#include "editor/palette.h"
 #include "editor/recovery.h"
 #include "editor/scene.h"
 #include "game/levels/levelsave.h"
@@ -171,7 +172,7 @@ bool LevelEditor::Create(const NewLevel& level) {
     return false;
   }
   Close();
-  document.SetText(kNoObjects);
+  document.SetText(NewLevelText(LevelPaths(level.name).level));
   TileMapInfo& map = g_editor.m_tile_map;
   map.m_map_dir = std::string(kLevels) + "/" + level.name + "/Map/";
   map.m_map_name = level.name;

@@ -20,6 +20,8 @@ using rapidjson::Document;
 constexpr const char* kFolder = "Resources/Archetypes/Palette";
 constexpr const char* kNewLevel = "Resources/Archetypes/Palette/newlevel.json";
 constexpr const char* kNoObjects = "{\n    \"GameObjFactory\": []\n}";
+constexpr std::array<std::string_view, 5> kCategories = {"Units", "Weapons", "Hazards", "Lights",
+                                                         "Things"};
 constexpr std::array<const char*, 4> kInterfaceParts = {"UIElement", "Button", "Font", "Camera"};
 
 Document ReadJson(const std::string& path) {
@@ -59,6 +61,12 @@ std::vector<std::string> PaletteFiles() {
   }
   std::sort(paths.begin(), paths.end());
   return paths;
+}
+
+/// The place of a category in the list; those that are not known come last.
+std::size_t Rank(const PaletteEntry& entry) {
+  return static_cast<std::size_t>(
+      std::find(kCategories.begin(), kCategories.end(), entry.category) - kCategories.begin());
 }
 
 bool IsUnit(const Value& record) {
@@ -109,6 +117,8 @@ std::vector<PaletteEntry> LoadPalette(std::vector<std::string>* faults) {
       faults->push_back(path + " is no entry of the palette.");
     }
   }
+  std::stable_sort(entries.begin(), entries.end(),
+                   [](const PaletteEntry& a, const PaletteEntry& b) { return Rank(a) < Rank(b); });
   return entries;
 }
 

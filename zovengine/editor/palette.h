@@ -22,8 +22,8 @@ struct PaletteEntry {
   std::vector<std::string> records;  ///< its objects, in their order among siblings
 };
 
-/// Reads all entries, in the order of their files' names. A file that is none is passed over and
-/// named in `*faults`, as a sentence.
+/// Reads all entries, by category and in the order of their files' names. A file that is none is
+/// passed over and named in `*faults`, as a sentence.
 std::vector<PaletteEntry> LoadPalette(std::vector<std::string>* faults);
 
 /// The text of the objects that every level needs, for a level with this path of its own file. If

@@ -188,20 +188,34 @@ std::unique_ptr<EditCommand> SceneEditor::Duplicate(const std::vector<ObjectPath
 
 std::unique_ptr<EditCommand> SceneEditor::Insert(const ObjectPath& parent,
                                                  const std::vector<std::string>& records,
-                                                 const std::string& label) {
+                                                 const std::string& label, std::size_t place) {
   return Edit(label, [&](Document& document, Selection* selected) {
     if (records.empty()) return Refuse("There is nothing to insert.");
     if (!parent.empty() && !m_document->Has(parent)) return Refuse("The parent is gone.");
     selected->clear();
     Json& list = ListBelow(document, parent);
+    auto at = static_cast<rapidjson::SizeType>(std::min<std::size_t>(place, list.Size()));
     for (const std::string& text : records) {
       Document record(&document.GetAllocator());
       ParseExactly(&record, text);
       if (record.HasParseError() || !record.IsObject()) return Refuse("This is no object.");
       selected->push_back(parent);
-      selected->back().push_back(list.Size());
+      selected->back().push_back(at);
       list.PushBack(static_cast<Json&>(record), document.GetAllocator());
+      MoveLastTo(list, at++);
     }
+    return true;
+  });
+}
+
+std::unique_ptr<EditCommand> SceneEditor::Replace(const ObjectPath& path, const std::string& record,
+                                                  const std::string& label) {
+  return Edit(label, [&](Document& document, Selection*) {
+    if (!m_document->Has(path)) return Refuse("The object is gone.");
+    Document fresh(&document.GetAllocator());
+    fresh.Parse(record.c_str(), record.size());
+    if (fresh.HasParseError() || !fresh.IsObject()) return Refuse("This is no object.");
+    RecordAt(document, path) = static_cast<Json&>(fresh);
     return true;
   });
 }

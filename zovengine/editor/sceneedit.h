@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <memory>
 #include <string>
@@ -23,6 +24,9 @@ using Selection = std::vector<ObjectPath>;
 /// selection too. Document and selection must outlive the commands.
 class SceneEditor {
  public:
+  /// The place behind all children.
+  static constexpr std::size_t kLast = static_cast<std::size_t>(-1);
+
   SceneEditor(LevelDocument* document, Selection* selection)
       : m_document(document), m_selection(selection) {}
 
@@ -31,11 +35,14 @@ class SceneEditor {
   /// Puts a copy of each object behind it among its siblings, moved by (x, y), and selects the
   /// copies (unit: world units).
   std::unique_ptr<EditCommand> Duplicate(const std::vector<ObjectPath>& paths, float x, float y);
-  /// Adds objects, given as records, as the last children of the object at `parent`, or as roots if
-  /// it is empty, and selects them.
+  /// Adds objects, given as records, as children of the object at `parent`, or as roots if it is
+  /// empty, and selects them. They stand before the child at `place`, without one at the end.
   std::unique_ptr<EditCommand> Insert(const ObjectPath& parent,
                                       const std::vector<std::string>& records,
-                                      const std::string& label);
+                                      const std::string& label, std::size_t place = kLast);
+  /// Puts a record in the place of the object at `path`, which with its children is gone.
+  std::unique_ptr<EditCommand> Replace(const ObjectPath& path, const std::string& record,
+                                       const std::string& label);
   /// Makes `child` the last child of `parent`, or a root if that is empty. Its fields stay, so it
   /// keeps its local place. An object cannot become a child of itself or of a descendant.
   std::unique_ptr<EditCommand> Reparent(const ObjectPath& child, const ObjectPath& parent);
