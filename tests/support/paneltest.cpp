@@ -58,7 +58,10 @@ ImVec2 FindGlyphs(const ImVector<ImDrawVert>& vertices,
 
 }  // namespace
 
-PanelTest::PanelTest(float width, float height) : world(LevelFiles()), context(width, height) {
+PanelTest::PanelTest(float width, float height, ImVec2 display)
+    : world(LevelFiles()),
+      size(width, height),
+      context(display.x > 0.0f ? display.x : width, display.y > 0.0f ? display.y : height) {
   ImGuiIO& io = ImGui::GetIO();
   for (int key = 0; key < ImGuiKey_COUNT; ++key) io.KeyMap[key] = 100 + key;
   g_editor = EditorData();
@@ -75,7 +78,13 @@ PanelTest::~PanelTest() {
 
 void PanelTest::Show(int frames) {
   for (int i = 0; i < frames; ++i) {
-    context.Frame([this] { ShowPanel(); });
+    ImGui::NewFrame();
+    ImGui::SetNextWindowPos(ImVec2(0.0f, ImGui::GetIO().DisplaySize.y - size.y));
+    ImGui::SetNextWindowSize(size);
+    ImGui::Begin("panel", nullptr, ImGuiWindowFlags_NoDecoration);
+    ShowPanel();
+    ImGui::End();
+    ImGui::Render();
   }
 }
 

@@ -16,7 +16,9 @@ namespace carapace_test {
 /// panel fills. The author's hands are ImGui's own input; what a panel shows is found by its text.
 class PanelTest : public ::testing::Test {
  protected:
-  explicit PanelTest(float width = 390.0f, float height = 760.0f);
+  /// A window of this size in the lower left corner of the display, which it fills unless it has a
+  /// size of its own (unit: pixels).
+  explicit PanelTest(float width, float height, ImVec2 display = ImVec2(0.0f, 0.0f));
   ~PanelTest() override;
 
   /// Shows the panel for some frames.
@@ -49,6 +51,7 @@ class PanelTest : public ::testing::Test {
   std::string LastLine() const;
 
   World world;
+  ImVec2 size;  ///< of the panel's window
   ImGuiContextForTest context;
   std::unique_ptr<ZOVEngine::LevelEditor> editor;
 };

@@ -186,6 +186,13 @@ int FrameCount(const std::string& key) {
   return size.height == 0 ? 1 : std::max(1, static_cast<int>(size.width / size.height));
 }
 
+std::string ImageSizeText(const std::string& key) {
+  const std::optional<std::uint32_t> number = FindTexture(key);
+  const ImageSize size = number ? SizeOfTexture(*number) : ImageSize();
+  if (size.width == 0) return "";
+  return std::to_string(size.width) + " x " + std::to_string(size.height) + ", ";
+}
+
 bool PickTexture(const char* label, std::string* key) {
   ImGui::PushID(label);
   const float side = ImGui::GetFrameHeight();

@@ -28,6 +28,9 @@ void ShowTexture(const std::string& key, float side, int frames = 1);
 /// The number of frames of a sheet whose frames are square; 1 for other textures.
 int FrameCount(const std::string& key);
 
+/// The width and the height of a texture, "64 x 32, "; empty if they are not known.
+std::string ImageSizeText(const std::string& key);
+
 /// A button with a texture and its key, which opens a list of all textures with a search. Returns
 /// true when the author has chosen one.
 bool PickTexture(const char* label, std::string* key);
