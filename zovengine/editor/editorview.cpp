@@ -22,6 +22,7 @@ constexpr float kWorldHeight = 1080.0f;
 constexpr float kPictureRows = kPictureHeight;
 constexpr float kSidePanel = 70.0f;  ///< how far left of the window's middle the picture's lies
 constexpr const char* kCameraName = "LECamera";
+constexpr const char* kInterfacePrefix = "ui_";
 
 /// World units of the level in a unit of the picture: 1 at the plain distance, less when closer.
 float Magnification() {
@@ -50,7 +51,8 @@ bool IsGameInterface(const GameObj& object) {
   bool found = false;
   for (const GameObj* at = &object; at != nullptr; at = at->parent) {
     if (at->HasComponent<Player>() || at->HasComponent<Enemy>()) return false;
-    found = found || at->HasComponent<UIElement>() || at->HasComponent<Button>();
+    found = found || at->HasComponent<UIElement>() || at->HasComponent<Button>() ||
+            at->name.rfind(kInterfacePrefix, 0) == 0;
   }
   return found;
 }

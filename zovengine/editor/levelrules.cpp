@@ -75,7 +75,7 @@ const std::vector<LevelRule>& LevelRules() {
       {"texture", kWarning, "a texture is not listed: another is shown"},
       {"sound", kWarning, "a sound has no file: it is not heard"},
       {"category", kWarning, "a category of collisions is unknown: it touches nothing"},
-      {"field-parent", kError, "a DeathField has no parent, which ends the game", true},
+      {"field-parent", kError, "a DeathField has no parent, which ends the game"},
       {"tile-object", kError, "a tile lies among the objects: the level builds no tiles"},
       // Bodies
       {"body-drag", kError, "a body has no drag: turns wait until it rests"},

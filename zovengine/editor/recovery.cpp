@@ -7,6 +7,7 @@
 
 #include "editor/editordata.h"
 #include "editor/leveleditor.h"
+#include "editor/leveltext.h"
 #include "editor/scene.h"
 #include "jsonunserializer.h"
 #include "objects/safefile.h"
@@ -62,15 +63,20 @@ std::string ReadText(const std::string& path) {
   return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
+/// True for an object file over which the program would not end.
+bool IsReadable(const std::string& text) {
+  LevelDocument document;
+  return document.SetText(text) && FatalProblems(document).empty();
+}
+
 bool ReadState(const std::string& path, RecoverCommand::State* state) {
-  JsonDocument document;
-  document.ParseText(ReadText(path), path);
-  const Value* units = FindValue(document.Root(), "units");
-  const Value* tiles = FindValue(document.Root(), "tiles");
+  rapidjson::Document document;
+  ParseExactly(&document, ReadText(path));
+  const Value* units = FindValue(document, "units");
+  const Value* tiles = FindValue(document, "tiles");
   if (units == nullptr || tiles == nullptr) return false;
   *state = {ToText(*units), ToText(*tiles)};
-  return FindValue(*units, "GameObjFactory") != nullptr &&
-         FindValue(*tiles, "GameObjFactory") != nullptr;
+  return IsReadable(state->units) && IsReadable(state->tiles);
 }
 
 }  // namespace
