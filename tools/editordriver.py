@@ -1,0 +1,114 @@
+"""Drives the level editor in its window of 1920 by 1080 pixels, as an author does: by real keys and clicks.
+
+The tutorial of ./edit and the end-to-end test of the editor use it. Places are pixels of the client area, where the
+editor's layout has them at that size.
+"""
+import time
+
+from driver import Game, call, move_mouse, wait_until
+
+TITLE = "Carapace level editor"
+PAUSE = 0.4  # seconds that the editor gets to show what a click did
+
+MENU_BAR = {"Level": (29, 15), "Edit": (77, 15), "View": (122, 15)}
+LEVEL_MENU = {"New": 42, "Open": 67, "Recent": 92, "Save": 125, "Test-play": 150, "Close": 175, "Quit": 208}
+BUILD_TABS = {"Palette": (40, 790), "Tiles": (100, 790), "Assets": (160, 790)}
+CHECK_TABS = {"Problems": (815, 790), "History": (890, 790), "Log": (950, 790), "Winnable?": (1020, 790)}
+TILE_MODES = {"Draw Single": (22, 820), "Erase": (140, 820), "Draw Row": (218, 820), "Draw Column": (325, 820),
+              "Rotate Tile": (454, 820)}
+TILE_TEXTURES = {"Floor": (50, 877), "Wall": (143, 877)}
+PICTURE = (250, 31)  # the upper left corner of the level's picture
+UNITS_PER_PIXEL = 1.5
+
+
+class Editor:
+    """The running editor and its window."""
+
+    def __init__(self, program, directory, logs):
+        self.game = Game(program, directory, logs, arguments=["--edit"])
+        self.window = wait_until(self.find_window, "the editor's window")
+        wait_until(lambda: self.window.picture().brightness() > 1, "the first picture")
+        self.left, self.top = self.window.rectangle()[:2]
+        time.sleep(2 * PAUSE)
+
+    def find_window(self):
+        assert self.game.is_running(), "the editor failed:\n" + self.game.output() + self.game.errors()
+        window = self.game.find_window(TITLE)
+        return window if window and window.has_focus() else None
+
+    def move(self, place):
+        move_mouse(self.left + int(place[0]), self.top + int(place[1]))
+        time.sleep(0.15)
+
+    def click(self, place, times=1):
+        self.move(place)
+        for _ in range(times):
+            call("xdotool", "mousedown", "1")
+            time.sleep(0.12)
+            call("xdotool", "mouseup", "1")
+            time.sleep(0.1)
+        time.sleep(PAUSE)
+
+    def drag(self, start, end):
+        self.move(start)
+        call("xdotool", "mousedown", "1")
+        for part in (0.25, 0.5, 0.75, 1):
+            time.sleep(0.12)
+            self.move([a + (b - a) * part for a, b in zip(start, end)])
+        time.sleep(0.2)
+        call("xdotool", "mouseup", "1")
+        time.sleep(PAUSE)
+
+    def key(self, *keys):
+        """Presses keys in their order, and lets go of them."""
+        for key in keys:
+            call("xdotool", "keydown", key)
+            time.sleep(0.1)
+        for key in reversed(keys):
+            call("xdotool", "keyup", key)
+            time.sleep(0.05)
+        time.sleep(PAUSE)
+
+    def type(self, text):
+        call("xdotool", "type", "--delay", "120", text)
+        time.sleep(PAUSE)
+
+    def level_menu(self, item):
+        self.click(MENU_BAR["Level"])
+        self.click((60, LEVEL_MENU[item]))
+
+    def new_level(self, name):
+        self.level_menu("New")
+        time.sleep(PAUSE)
+        self.type(name)
+        self.click((853, 517))  # Create
+        time.sleep(PAUSE)
+
+    def paint(self, texture, mode, start, end=None):
+        """A stroke of a tile tool between two places of the level."""
+        self.click(BUILD_TABS["Tiles"])
+        self.click(TILE_TEXTURES[texture])
+        self.click(TILE_MODES[mode])
+        self.drag(self.place(*start), self.place(*(end or start)))
+
+    def put(self, entry, at):
+        """Puts an entry of the palette at a place of the level."""
+        self.click(BUILD_TABS["Palette"])
+        self.click((85, 823))  # the search
+        self.key("ctrl", "a")
+        self.type(entry)
+        self.click((50, 900))  # the first entry that is left
+        self.click(self.place(*at))
+
+    def save(self):
+        self.move(self.place(0, 0))
+        self.key("ctrl", "s")
+
+    def quit(self):
+        self.level_menu("Quit")
+        return self.game.wait_for_end()
+
+    @staticmethod
+    def place(x, y):
+        """The pixel of a point of the level, while the view is not moved (unit: world units)."""
+        return PICTURE[0] + 640 + x / UNITS_PER_PIXEL, PICTURE[1] + 360 - y / UNITS_PER_PIXEL
