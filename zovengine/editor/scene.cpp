@@ -76,6 +76,18 @@ void HoldAnimations() {
   }
 }
 
+void HoldWhatRuns() {
+  HoldColliders();
+  HoldSounds();
+  HoldAnimations();
+}
+
+/// True for the classes of which a scene that is edited holds something.
+bool IsHeld(const std::string& component) {
+  return component == "ColliderHolder" || component == "AudioSource" || component == "Animation" ||
+         component == "StateC";
+}
+
 void DeriveTransforms() {
   for (Transform* transform : ComponentTable<Transform>().Components()) transform->DeriveWorld();
 }
@@ -120,9 +132,7 @@ void BuildScene(const LevelDocument& document, const std::string& tiles, SceneUs
   HideErasedTiles();
   if (use == SceneUse::kEdit) {
     HoldControllers();
-    HoldColliders();
-    HoldSounds();
-    HoldAnimations();
+    HoldWhatRuns();
   }
   MakeEditorCamera(camera);
   DeriveTransforms();
@@ -151,7 +161,7 @@ void SetLiveFields(GameObj* object, const std::string& component, const std::str
     SetOwnFields(object, document.Root());
   } else if (GameComponentBase* own = FindComponent(object, component)) {
     own->Unserialize(document.Root());
-    if (component == "AudioSource") HoldSounds();
+    if (IsHeld(component)) HoldWhatRuns();
   }
 }
 

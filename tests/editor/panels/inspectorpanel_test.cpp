@@ -7,6 +7,7 @@
 #include "audio/audiosource.h"
 #include "editor/panels/fieldnotes.h"
 #include "gameobj.h"
+#include "physics/components/colliderholder.h"
 #include "physics/components/transform.h"
 #include "render/components/render.h"
 #include "support/paneltest.h"
@@ -274,6 +275,16 @@ TEST_F(InspectorPanelTest, AMusicThatStartsWithTheLevelStaysSilentWhenItIsEdited
     EXPECT_FALSE(sound.start_play) << name;
     EXPECT_EQ(sound.channel, kNoStream) << name;
   }
+}
+
+TEST_F(InspectorPanelTest, AColliderShowsItsOwnFlagAndStaysHeldOff) {
+  Inspect("player1");
+  Click(At("m_collider_type", 200.0f));
+  Show(2);
+  ClickText("Box");
+  EXPECT_EQ(Field("player1", "ColliderHolder", "m_collider_type"), "\"Box\"");
+  EXPECT_EQ(Field("player1", "ColliderHolder", "m_active"), "true");
+  EXPECT_FALSE(ObjectAt(editor->Primary())->GetComponent<ColliderHolder>()->m_active);
 }
 
 TEST(ReplaceField, PutsOneValueInPlaceOfAnother) {

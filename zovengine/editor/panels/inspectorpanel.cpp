@@ -53,8 +53,10 @@ bool HasRow(const rttr::property& property) {
   return !Text(property, "name").empty() && property.get_metadata("is_inspect").to_bool();
 }
 
-/// True if the row of the table serves the author better than a list to choose from.
+/// True if the row of the table serves the author better than a list to choose from. The flag of a
+/// collider is held off in a scene that is edited: the document tells it.
 bool IsShownAsRow(const std::string& component, const rttr::property& property) {
+  if (component == "ColliderHolder" && property.get_name() == "m_active") return false;
   const FieldForm form =
       FormOfField(component, StoredKey(component, property.get_name().to_string()));
   return HasRow(property) && (form == FieldForm::kPlain || form == FieldForm::kFixed);
