@@ -287,15 +287,5 @@ TEST_F(InspectorPanelTest, AColliderShowsItsOwnFlagAndStaysHeldOff) {
   EXPECT_FALSE(ObjectAt(editor->Primary())->GetComponent<ColliderHolder>()->m_active);
 }
 
-TEST(ReplaceField, PutsOneValueInPlaceOfAnother) {
-  const std::string fields = R"({"a": 1, "b": [2, 3]})";
-  EXPECT_EQ(ReplaceField(fields, "", "{}"), "{}");
-  rapidjson::Document out;
-  out.Parse(ReplaceField(fields, "b", "[4]").c_str());
-  EXPECT_EQ(out["a"].GetInt(), 1);
-  EXPECT_EQ(out["b"].Size(), 1u);
-  EXPECT_EQ(ReplaceField(fields, "c", "5"), fields);
-}
-
 }  // namespace
 }  // namespace ZOVEngine
