@@ -22,9 +22,7 @@ namespace {
 /// By PlayerDirectionKey::direction.
 constexpr std::array kDirections = {Vector3D(0.0f, 1.0f, 0.0f), Vector3D(0.0f, -1.0f, 0.0f),
                                     Vector3D(-1.0f, 0.0f, 0.0f), Vector3D(1.0f, 0.0f, 0.0f)};
-constexpr float kPushTime = 0.1f;  ///< (unit: seconds)
-constexpr float kSlowedPushTime = 0.05f;
-constexpr float kEnergyPerPush = 0.016f;
+constexpr float kSlowedPushTime = 0.05f;  ///< (unit: seconds)
 constexpr int kCheatHealth = 100;
 constexpr const char* kClick = "button_click.ogg";
 
@@ -80,7 +78,7 @@ void TurnInput::PushSelected(std::uint32_t direction) {
   if (direction >= kDirections.size()) return;
   Player& player = *m_game.m_selected->GetComponent<Player>();
   AddForceToObject push(m_game.m_selected->id, kDirections[direction], player.m_movement_mag,
-                        player.m_status == "slowed" ? kSlowedPushTime : kPushTime);
+                        player.m_status == "slowed" ? kSlowedPushTime : kDrivePushTime);
   g_engine->Broadcast(&push);
   PlaySound(m_game.m_owner, "tank_move.ogg");
   player.m_movement_curr -= kEnergyPerPush;

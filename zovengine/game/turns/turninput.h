@@ -7,6 +7,11 @@ namespace ZOVEngine {
 class GameController;
 struct Message;
 
+/// Duration of the push that a held movement key gives in each step (unit: seconds).
+inline constexpr float kDrivePushTime = 0.1f;
+/// The energy that each of these pushes costs.
+inline constexpr float kEnergyPerPush = 0.016f;
+
 /// What input does to a turn: the firing click, the movement keys, the keys of the level, and a
 /// lost focus.
 ///
