@@ -10,34 +10,43 @@ namespace ZOVEngine {
 
 void Canvas::Show(LevelEditor& editor) {
   if (!editor.IsOpen() || g_editor.m_editor_camera == nullptr) {
-    m_pointer.Drop();
+    Drop();
     return;
   }
-  if (m_index.Refresh(editor.document)) m_pointer.Drop();
+  if (m_index.Refresh(editor.document)) Drop();
   const CanvasView view;
   // The key that takes a drag back means the drag alone.
-  const bool busy = m_pointer.IsBusy();
+  const bool busy = IsBusy();
   HandleMouse(editor, view);
-  if (!busy && !m_pointer.IsBusy()) HandleKeys(editor, view);
-  if (m_index.Refresh(editor.document)) m_pointer.Drop();
+  if (!busy && !IsBusy()) HandleKeys(editor, view);
+  if (m_index.Refresh(editor.document)) Drop();
   Draw(editor, view);
+}
+
+void Canvas::Drop() {
+  m_pointer.Drop();
+  m_patrols.Drop();
 }
 
 void Canvas::HandleMouse(LevelEditor& editor, const CanvasView& view) {
   const bool free = !ImGui::GetIO().WantCaptureMouse && MouseInViewport();
   if (editor.tiles_in_hand) {
-    m_pointer.Drop();
+    Drop();
     return;
   }
-  m_pointer.Update(editor, m_index, view, free);
+  const bool taken = !m_pointer.HasPress() && m_patrols.Update(editor, view, free);
+  m_pointer.Update(editor, m_index, view, free && !taken);
 }
 
 void Canvas::HandleKeys(LevelEditor& editor, const CanvasView& view) {
+  if (m_patrols.RunDelete(editor)) return;
   m_shortcuts.Run(editor, m_index, view.ToWorld(ImGui::GetIO().MousePos));
 }
 
-void Canvas::Draw(LevelEditor& editor, const CanvasView& view) const {
+void Canvas::Draw(LevelEditor& editor, const CanvasView& view) {
   CanvasPainter painter(view);
+  m_overlays.Draw(editor, m_index, painter);
+  if (editor.overlays.patrols) m_patrols.Draw(painter);
   m_pointer.Draw(editor, m_index, painter);
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "editor/canvas/overlays.h"
+#include "editor/canvas/patroltool.h"
 #include "editor/canvas/pointer.h"
 #include "editor/canvas/sceneindex.h"
 #include "editor/canvas/shortcuts.h"
@@ -21,10 +23,15 @@ class Canvas {
  private:
   void HandleMouse(LevelEditor& editor, const CanvasView& view);
   void HandleKeys(LevelEditor& editor, const CanvasView& view);
-  void Draw(LevelEditor& editor, const CanvasView& view) const;
+  void Draw(LevelEditor& editor, const CanvasView& view);
+  /// Takes back what the mouse has begun.
+  void Drop();
+  bool IsBusy() const { return m_pointer.IsBusy() || m_patrols.IsBusy(); }
 
   SceneIndex m_index;
   Pointer m_pointer;
+  PatrolTool m_patrols;
+  Overlays m_overlays;
   Shortcuts m_shortcuts;
 };
 

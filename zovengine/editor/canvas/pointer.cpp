@@ -170,7 +170,8 @@ void Pointer::SelectBelow(LevelEditor& editor, const SceneIndex& index, const Ca
 }
 
 void Pointer::SelectInBox(LevelEditor& editor, const SceneIndex& index, const CanvasView& view) {
-  const bool add = ImGui::GetIO().KeyShift;
+  // Control with a double click is the patrol paths', which need the selection.
+  const bool add = ImGui::GetIO().KeyShift || ImGui::GetIO().KeyCtrl;
   if (!add) editor.selection.clear();
   if (IsNear(m_press_pixel, ImGui::GetIO().MousePos)) return;
   for (const ObjectPath& path : PickInBox(index, m_press_point, m_mouse, view.UnitsPerPixel())) {

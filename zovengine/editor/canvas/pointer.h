@@ -32,6 +32,8 @@ class Pointer {
 
   /// A drag goes on, or a box.
   bool IsBusy() const { return m_drag.IsOpen() || m_press == Press::kBox; }
+  /// The button is held, and what it pressed is the pointer's.
+  bool HasPress() const { return m_press != Press::kNone; }
 
  private:
   /// What the held button is for.
