@@ -97,14 +97,16 @@ void DragTool::Move(const Vector3D& mouse, const SnapGrid& grid) {
   m_measure = Format("%.1f, %.1f", x, y);
 }
 
+float DragTool::SnappedAngle(float free, const SnapGrid& grid) const {
+  if (free == 0.0f || m_dragged.size() > 1) return grid.Angle(free);
+  // A single object is brought to a multiple of the step itself.
+  const float rotation = m_dragged.front().rotation;
+  return grid.Angle(rotation + free) - rotation;
+}
+
 void DragTool::Turn(const Vector3D& mouse, const SnapGrid& grid) {
-  const Vector3D from = m_start - m_pivot, to = mouse - m_pivot;
-  const float free = Wrapped(Heading(to) - Heading(from));
-  const float first = m_dragged.front().rotation;
-  const bool single = m_dragged.size() == 1;
-  const float angle = free == 0.0f ? 0.0f
-                      : single     ? grid.Angle(first + free) - first
-                                   : grid.Angle(free);
+  const float free = Wrapped(Heading(mouse - m_pivot) - Heading(m_start - m_pivot));
+  const float angle = SnappedAngle(free, grid);
   const double cosine = std::cos(angle * kRadians), sine = std::sin(angle * kRadians);
   for (const Dragged& dragged : m_dragged) {
     const double dx = double{dragged.world.x} - double{m_pivot.x};
@@ -114,6 +116,7 @@ void DragTool::Turn(const Vector3D& mouse, const SnapGrid& grid) {
     transform.m_local_rotate = angle == 0.0f ? dragged.rotation : Wrapped(dragged.rotation + angle);
     transform.m_prev_rotate = transform.m_local_rotate;
   }
+  const bool single = m_dragged.size() == 1;
   m_measure = Format("%.1f deg", single ? m_dragged.front().transform->m_local_rotate : angle);
 }
 

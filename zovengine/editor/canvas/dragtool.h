@@ -52,6 +52,8 @@ class DragTool {
 
   void Move(const Vector3D& mouse, const SnapGrid& grid);
   void Turn(const Vector3D& mouse, const SnapGrid& grid);
+  /// The angle to turn by for a mouse that turned by `free` (unit: degrees).
+  float SnappedAngle(float free, const SnapGrid& grid) const;
   void Scale(const Vector3D& mouse, const SnapGrid& grid);
   /// Puts an object where it was, moved by (x, y) in the level.
   static void Place(const Dragged& dragged, double x, double y);

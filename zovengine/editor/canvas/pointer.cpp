@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 
 #include "editor/canvas/keys.h"
 #include "editor/canvas/picking.h"
@@ -65,7 +66,7 @@ void Pointer::Update(LevelEditor& editor, const SceneIndex& index, const CanvasV
   if (m_press != Press::kNone && IsCancelled()) {
     Drop();
   } else if (m_press != Press::kNone && io.MouseDown[0]) {
-    Hold(editor, index, view);
+    Hold(editor, index);
   } else if (m_press != Press::kNone) {
     Release(editor, index, view);
   } else if (free) {
@@ -101,33 +102,20 @@ void Pointer::PressButton(LevelEditor& editor, const SceneIndex& index, const Ca
 }
 
 void Pointer::PressObject(LevelEditor& editor, const SceneIndex& index, const CanvasView& view) {
-  const ImGuiIO& io = ImGui::GetIO();
-  const bool part = io.KeyAlt || ImGui::IsMouseDoubleClicked(0);
-  const auto find = [&](PickDepth depth) {
-    return PickAt(index, editor.selection, m_mouse, view.UnitsPerPixel(), depth);
-  };
-  const auto targets = find(part ? PickDepth::kPart : PickDepth::kUnit);
+  const bool part = ImGui::GetIO().KeyAlt || ImGui::IsMouseDoubleClicked(0);
+  const auto targets = PickAt(index, editor.selection, m_mouse, view.UnitsPerPixel(),
+                              part ? PickDepth::kPart : PickDepth::kUnit);
   if (targets.empty()) {
     m_press = Press::kBox;
     return;
   }
-  m_press = Press::kObject;
   m_pressed = targets.front()->path;
-  if (io.KeyShift) {
+  if (ImGui::GetIO().KeyShift) {
     Toggle(&editor.selection, m_pressed);
-    m_press = Press::kNone;
     return;
   }
-  if (!part) {
-    auto held = targets;
-    for (const SceneEntry* entry : find(PickDepth::kPart)) held.push_back(entry);
-    for (const SceneEntry* entry : held) {
-      if (m_was_selected || !editor.IsSelected(entry->path)) continue;
-      m_was_selected = true;
-      m_pressed = entry->path;
-    }
-  }
-  if (m_was_selected) {
+  m_press = Press::kObject;
+  if (!part && HoldSelected(editor, index, view)) {
     MakePrimary(&editor.selection, m_pressed);
   } else {
     editor.selection = {m_pressed};
@@ -135,11 +123,25 @@ void Pointer::PressObject(LevelEditor& editor, const SceneIndex& index, const Ca
   }
 }
 
+bool Pointer::HoldSelected(const LevelEditor& editor, const SceneIndex& index,
+                           const CanvasView& view) {
+  for (const PickDepth depth : {PickDepth::kUnit, PickDepth::kPart}) {
+    for (const SceneEntry* entry :
+         PickAt(index, editor.selection, m_mouse, view.UnitsPerPixel(), depth)) {
+      if (!editor.IsSelected(entry->path)) continue;
+      m_pressed = entry->path;
+      m_was_selected = true;
+      return true;
+    }
+  }
+  return false;
+}
+
 void Pointer::BeginDrag(const LevelEditor& editor, const SceneIndex& index, Handle handle) {
   m_drag.Begin(Draggable(editor, index), handle, g_editor.m_edit_mode, m_press_point, m_pressed);
 }
 
-void Pointer::Hold(LevelEditor& editor, const SceneIndex& index, const CanvasView&) {
+void Pointer::Hold(const LevelEditor& editor, const SceneIndex& index) {
   if (m_press != Press::kObject) return;
   if (!m_drag.IsOpen() && !IsNear(m_press_pixel, ImGui::GetIO().MousePos)) {
     BeginDrag(editor, index, Handle::kBody);
@@ -190,13 +192,18 @@ void Pointer::Draw(const LevelEditor& editor, const SceneIndex& index,
   }
   const Handle lit = m_drag.IsOpen() ? m_drag.Held() : m_lit;
   Handles(Draggable(editor, index), g_editor.m_edit_mode, painter.View()).Draw(painter, lit);
-  if (m_press == Press::kBox) {
-    const Vector3D corners[] = {m_press_point, Vector3D(m_mouse.x, m_press_point.y, 0.0f), m_mouse,
-                                Vector3D(m_press_point.x, m_mouse.y, 0.0f)};
-    painter.Fill(corners, 4, kBoxFill);
-    painter.Outline(corners, 4, kBoxLine, 1.0f);
-  }
-  if (!m_drag.IsOpen()) return;
+  if (m_press == Press::kBox) DrawBox(painter);
+  if (m_drag.IsOpen()) DrawMeasure(painter);
+}
+
+void Pointer::DrawBox(CanvasPainter& painter) const {
+  const Vector3D corners[] = {m_press_point, Vector3D(m_mouse.x, m_press_point.y, 0.0f), m_mouse,
+                              Vector3D(m_press_point.x, m_mouse.y, 0.0f)};
+  painter.Fill(corners, std::size(corners), kBoxFill);
+  painter.Outline(corners, std::size(corners), kBoxLine, 1.0f);
+}
+
+void Pointer::DrawMeasure(CanvasPainter& painter) const {
   const float offset = kMeasureOffset * painter.View().UnitsPerPixel();
   painter.Text(m_mouse + Vector3D(offset, offset, 0.0f), kAmber, m_drag.Measure().c_str());
 }

@@ -39,13 +39,17 @@ class Pointer {
   /// What the held button is for.
   enum class Press { kNone, kObject, kBox };
 
-  void Hold(LevelEditor& editor, const SceneIndex& index, const CanvasView& view);
+  void Hold(const LevelEditor& editor, const SceneIndex& index);
   void Release(LevelEditor& editor, const SceneIndex& index, const CanvasView& view);
   void PressButton(LevelEditor& editor, const SceneIndex& index, const CanvasView& view);
   void PressObject(LevelEditor& editor, const SceneIndex& index, const CanvasView& view);
+  /// Takes hold of a selected object under the mouse; false if there is none.
+  bool HoldSelected(const LevelEditor& editor, const SceneIndex& index, const CanvasView& view);
   void SelectBelow(LevelEditor& editor, const SceneIndex& index, const CanvasView& view);
   void SelectInBox(LevelEditor& editor, const SceneIndex& index, const CanvasView& view);
   void BeginDrag(const LevelEditor& editor, const SceneIndex& index, Handle handle);
+  void DrawBox(CanvasPainter& painter) const;
+  void DrawMeasure(CanvasPainter& painter) const;
   void Hover(const LevelEditor& editor, const SceneIndex& index, const CanvasView& view);
 
   DragTool m_drag;
