@@ -57,6 +57,17 @@ TEST_F(OverlaysTest, NothingIsDrawnOutsideThePicture) {
   EXPECT_FLOAT_EQ(clip.w, 720.0f);
 }
 
+TEST_F(OverlaysTest, ALightIsMarkedWhereItStands) {
+  editor->overlays = {false, false, false, false, false, false};
+  const int with = Drawn();
+  for (const PlacedObject& placed : LevelObjects()) {
+    if (placed.object->name != "lamp") continue;
+    placed.object->GetComponent<Transform>()->m_local_pos.x = 5000.0f;
+  }
+  world.Step();
+  EXPECT_LT(Drawn(), with);
+}
+
 TEST_F(OverlaysTest, ASelectedObjectIsOutlined) {
   editor->selection.clear();
   const int without = Drawn();

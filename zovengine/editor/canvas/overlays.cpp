@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "editor/canvas/energyreach.h"
+#include "editor/canvas/objectbounds.h"
 #include "editor/editordata.h"
 #include "editor/leveleditor.h"
 #include "game/hazards/deathfield.h"
@@ -29,6 +30,7 @@ constexpr Tint kHarm = {IM_COL32(255, 80, 100, 255), IM_COL32(255, 80, 100, 40)}
 constexpr Tint kMud = {IM_COL32(220, 170, 90, 255), IM_COL32(220, 170, 90, 40)};
 constexpr Tint kEnergy = {IM_COL32(80, 230, 180, 230), IM_COL32(80, 230, 180, 18)};
 constexpr ImU32 kGrid = IM_COL32(150, 170, 220, 60), kCollider = IM_COL32(120, 255, 150, 220);
+constexpr ImU32 kMark = IM_COL32(255, 240, 170, 220);
 constexpr ImU32 kAim = IM_COL32(255, 90, 90, 190);
 constexpr float kBossSpread = 0.25f;  ///< of a boss's outer shots (unit: radians)
 
@@ -98,6 +100,19 @@ void DrawHazards(CanvasPainter& painter) {
   DrawZones<EnvironmentRough>(painter, kMud);
 }
 
+/// Marks what has neither image nor collider, such as a light, where the mouse can take it.
+void DrawMarks(const SceneIndex& index, CanvasPainter& painter) {
+  const std::vector<SceneEntry>& entries = index.Entries();
+  for (std::uint32_t i = 0; i < entries.size(); ++i) {
+    const SceneEntry& entry = entries[i];
+    if (entry.unit != i || entry.is_level || entry.is_interface) continue;
+    if (entry.transform == nullptr || entry.collider != nullptr || HasVisibleImage(entry)) continue;
+    const Vector3D& place = entry.transform->m_world_pos;
+    painter.Circle(place, kHandlePixels * painter.View().UnitsPerPixel(), kMark, 1.0f);
+    painter.Dot(place, 2.0f, kMark);
+  }
+}
+
 /// How far it is from `from` along `direction` to where the map ends, or a shot has no end.
 float DistanceToEdge(const Vector3D& from, const Vector3D& direction) {
   const TileMapInfo& map = g_editor.m_tile_map;
@@ -137,6 +152,7 @@ void Overlays::Draw(const LevelEditor& editor, const SceneIndex& index, CanvasPa
   if (shown.energy) DrawEnergy(editor, index, painter);
   if (shown.colliders) DrawColliders(painter);
   if (shown.aims) DrawAims(painter);
+  DrawMarks(index, painter);
 }
 
 void Overlays::DrawEnergy(const LevelEditor& editor, const SceneIndex& index,

@@ -12,7 +12,8 @@ class RigidBody;
 /// Draws over the picture what an author cannot see in it: the grid of the tiles, colliders, how
 /// far hazards reach, where enemies fire, and how far the selected player units drive.
 ///
-/// `editor.overlays` says which. Patrol paths are PatrolTool's.
+/// `editor.overlays` says which. What has no image, such as a light, is marked always. Patrol paths
+/// are PatrolTool's.
 class Overlays {
  public:
   void Draw(const LevelEditor& editor, const SceneIndex& index, CanvasPainter& painter);
