@@ -50,7 +50,7 @@ float LevelMenu::Show(LevelEditor& editor) {
   if (ImGui::BeginMainMenuBar()) {
     ShowLevelMenu(editor);
     ShowEditMenu(editor);
-    ShowViewMenu();
+    ShowViewMenu(editor);
     ShowState(editor);
     height = ImGui::GetWindowHeight();
     ImGui::EndMainMenuBar();
@@ -112,8 +112,18 @@ void LevelMenu::ShowEditMenu(LevelEditor& editor) {
   ImGui::EndMenu();
 }
 
-void LevelMenu::ShowViewMenu() {
+void LevelMenu::ShowViewMenu(LevelEditor& editor) {
   if (!ImGui::BeginMenu("View")) return;
+  EditorOverlays& overlays = editor.overlays;
+  ImGui::MenuItem("Snap to half tiles", "Alt frees", &editor.snap);
+  ImGui::Separator();
+  ImGui::MenuItem("Grid of the tiles", nullptr, &overlays.grid);
+  ImGui::MenuItem("Colliders", nullptr, &overlays.colliders);
+  ImGui::MenuItem("Patrol paths", nullptr, &overlays.patrols);
+  ImGui::MenuItem("Reach of hazards", nullptr, &overlays.hazards);
+  ImGui::MenuItem("Aims of enemies", nullptr, &overlays.aims);
+  ImGui::MenuItem("Energy of the selected unit", nullptr, &overlays.energy);
+  ImGui::Separator();
   if (ImGui::MenuItem("Reset", "C")) ResetView();
   const bool shown = g_render_system->m_hides == nullptr;
   if (ImGui::MenuItem("Interface of the game", nullptr, shown)) {

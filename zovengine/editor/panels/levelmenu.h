@@ -20,7 +20,7 @@ class LevelMenu {
  private:
   void ShowLevelMenu(LevelEditor& editor);
   void ShowEditMenu(LevelEditor& editor);
-  void ShowViewMenu();
+  void ShowViewMenu(LevelEditor& editor);
   void ShowState(LevelEditor& editor);
   void ShowNewDialog(LevelEditor& editor);
   void ShowUnsavedDialog(LevelEditor& editor);
