@@ -11,7 +11,7 @@ using ::testing::Contains;
 
 TEST(FieldNotes, NamesThatCodeLooksUpAreChosenFromItsTables) {
   const carapace_test::World world;
-  EXPECT_EQ(FormOfField("Button", "m_click_name"), FieldForm::kChoice);
+  EXPECT_EQ(FormOfField("Button", "m_click_name"), FieldWidget::kChoice);
   EXPECT_THAT(FieldChoices("Button", "m_click_name"), Contains("ui_pause_resume"));
   EXPECT_THAT(FieldChoices("UIElement", "m_ui_element_name"), Contains("ui_energy"));
   EXPECT_THAT(FieldChoices("ColliderHolder", "bitmask_category"), Contains("Barrier"));
@@ -20,12 +20,12 @@ TEST(FieldNotes, NamesThatCodeLooksUpAreChosenFromItsTables) {
 }
 
 TEST(FieldNotes, FieldsHaveTheFormOfTheirUse) {
-  EXPECT_EQ(FormOfField("Render", "m_tex"), FieldForm::kTexture);
-  EXPECT_EQ(FormOfField("Animation", "m_spawn"), FieldForm::kTexture);
-  EXPECT_EQ(FormOfField("Light", "m_diffuse"), FieldForm::kColour);
-  EXPECT_EQ(FormOfField("iModel", "m_vertices"), FieldForm::kFixed);
-  EXPECT_EQ(FormOfField("Transform", "m_world_pos"), FieldForm::kFixed);
-  EXPECT_EQ(FormOfField("Render", "m_visible"), FieldForm::kPlain);
+  EXPECT_EQ(FormOfField("Render", "m_tex"), FieldWidget::kTexture);
+  EXPECT_EQ(FormOfField("Animation", "m_spawn"), FieldWidget::kTexture);
+  EXPECT_EQ(FormOfField("Light", "m_diffuse"), FieldWidget::kColour);
+  EXPECT_EQ(FormOfField("iModel", "m_vertices"), FieldWidget::kFixed);
+  EXPECT_EQ(FormOfField("Transform", "m_world_pos"), FieldWidget::kFixed);
+  EXPECT_EQ(FormOfField("Render", "m_visible"), FieldWidget::kPlain);
 }
 
 TEST(FieldNotes, AComponentSaysWhatItNeeds) {

@@ -176,11 +176,11 @@ const Needs& NeedsTable() {
 
 }  // namespace
 
-FieldForm FormOfField(const std::string& component, const std::string& key) {
-  if (FindChoice(component, key) != nullptr) return FieldForm::kChoice;
-  if (IsTextureKey(component, key)) return FieldForm::kTexture;
-  if (IsColourKey(key)) return FieldForm::kColour;
-  return IsFixed(component, key) ? FieldForm::kFixed : FieldForm::kPlain;
+FieldWidget FormOfField(const std::string& component, const std::string& key) {
+  if (FindChoice(component, key) != nullptr) return FieldWidget::kChoice;
+  if (IsTextureKey(component, key)) return FieldWidget::kTexture;
+  if (IsColourKey(key)) return FieldWidget::kColour;
+  return IsFixed(component, key) ? FieldWidget::kFixed : FieldWidget::kPlain;
 }
 
 std::vector<std::string> FieldChoices(const std::string& component, const std::string& key) {

@@ -6,7 +6,7 @@
 namespace ZOVEngine {
 
 /// How a stored field is edited.
-enum class FieldForm {
+enum class FieldWidget {
   kPlain,    ///< by its JSON type
   kChoice,   ///< one of FieldChoices
   kTexture,  ///< a texture key
@@ -20,7 +20,7 @@ struct NumberBounds {
   float max = 0.0f;
 };
 
-FieldForm FormOfField(const std::string& component, const std::string& key);
+FieldWidget FormOfField(const std::string& component, const std::string& key);
 /// The values that a field of form kChoice may have, in the order of the list.
 std::vector<std::string> FieldChoices(const std::string& component, const std::string& key);
 /// Natural bounds of the numbers of a stored field.

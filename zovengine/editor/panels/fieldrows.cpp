@@ -92,10 +92,10 @@ bool EditText(Document* value) {
   return true;
 }
 
-bool ChooseText(const std::string& component, const std::string& key, FieldForm form,
+bool ChooseText(const std::string& component, const std::string& key, FieldWidget form,
                 Document* value) {
   std::string text = value->GetString();
-  const bool changed = form == FieldForm::kTexture
+  const bool changed = form == FieldWidget::kTexture
                            ? PickTexture("##texture", &text)
                            : PickName("##choice", &text, FieldChoices(component, key));
   if (changed) value->SetString(text.c_str(), value->GetAllocator());
@@ -150,16 +150,16 @@ void KeepOrder(const std::string& key, Document* value) {
   (*value)[1].SetInt((*value)[0].GetInt());
 }
 
-bool EditArray(const std::string& key, FieldForm form, Document* value) {
+bool EditArray(const std::string& key, FieldWidget form, Document* value) {
   if (IsPointList(key)) return EditPoints(value);
   if (!IsVector(*value)) return !value->Empty() && EditRange(key, value);
-  if (form == FieldForm::kColour && value->Size() >= 3) return EditColour(value);
+  if (form == FieldWidget::kColour && value->Size() >= 3) return EditColour(value);
   const bool changed = EditParts(BoundsOfField(key), value);
   if (changed) KeepOrder(key, value);
   return changed;
 }
 
-bool EditByType(const std::string& component, const std::string& key, FieldForm form,
+bool EditByType(const std::string& component, const std::string& key, FieldWidget form,
                 Document* value) {
   if (value->IsBool()) {
     bool on = value->GetBool();
@@ -169,7 +169,7 @@ bool EditByType(const std::string& component, const std::string& key, FieldForm 
   }
   if (value->IsNumber()) return EditNumber("##number", BoundsOfField(key), value);
   if (value->IsString()) {
-    const bool plain = form != FieldForm::kChoice && form != FieldForm::kTexture;
+    const bool plain = form != FieldWidget::kChoice && form != FieldWidget::kTexture;
     return plain ? EditText(value) : ChooseText(component, key, form, value);
   }
   return value->IsArray() && EditArray(key, form, value);
@@ -243,11 +243,11 @@ void ShowLabel(const std::string& label, const std::string& note) {
 }
 
 bool ShowFieldRow(const std::string& component, const std::string& key, Document* value) {
-  const FieldForm form = FormOfField(component, key);
+  const FieldWidget form = FormOfField(component, key);
   ImGui::PushID(key.c_str());
   ShowLabel(key, FieldNote(component, key));
   bool changed = false;
-  if (form == FieldForm::kFixed || value->IsObject()) {
+  if (form == FieldWidget::kFixed || value->IsObject()) {
     ImGui::TextDisabled("%s", FixedText(*value).c_str());
   } else {
     changed = EditByType(component, key, form, value);

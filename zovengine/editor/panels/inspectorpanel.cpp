@@ -57,9 +57,9 @@ bool HasRow(const rttr::property& property) {
 /// collider is held off in a scene that is edited: the document tells it.
 bool IsShownAsRow(const std::string& component, const rttr::property& property) {
   if (component == "ColliderHolder" && property.get_name() == "m_active") return false;
-  const FieldForm form =
+  const FieldWidget form =
       FormOfField(component, StoredKey(component, property.get_name().to_string()));
-  return HasRow(property) && (form == FieldForm::kPlain || form == FieldForm::kFixed);
+  return HasRow(property) && (form == FieldWidget::kPlain || form == FieldWidget::kFixed);
 }
 
 rttr::type TypeOfComponent(const std::string& name) {
@@ -223,7 +223,7 @@ void InspectorPanel::ShowProperty(LevelEditor& editor, const std::string& compon
   const Value* record = editor.document.Find(m_path);
   const Value* fields = record != nullptr ? FindValue(*record, component.c_str()) : nullptr;
   const bool saved = fields != nullptr && HasKey(*fields, key.c_str()) &&
-                     FormOfField(component, key) != FieldForm::kFixed;
+                     FormOfField(component, key) != FieldWidget::kFixed;
   ImGui::BeginDisabled(!saved);
   m_edit.LiveRow(editor, component, key, [&] { DisplayRow(property, instance); });
   ImGui::EndDisabled();
