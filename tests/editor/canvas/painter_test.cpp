@@ -13,7 +13,7 @@ class CanvasPainterTest : public carapace_test::CanvasStage {
     ImGui::NewFrame();
     {
       const CanvasView view;
-      CanvasPainter painter(view);
+      CanvasPainter painter(view, CanvasPainter::kToolVertices);
       draw(painter);
     }
     const int vertices = ImGui::GetBackgroundDrawList()->VtxBuffer.Size;
@@ -36,6 +36,14 @@ TEST_F(CanvasPainterTest, WhatLiesOutsideOfThePictureIsLeftOut) {
 TEST_F(CanvasPainterTest, ALineThroughThePictureIsDrawnThoughItsEndsAreOutside) {
   const Vector3D left(-5000.0f, 0.0f, 0.0f), right(5000.0f, 0.0f, 0.0f);
   EXPECT_GT(Drawn([&](CanvasPainter& p) { p.Line(left, right, 0xffffffff); }), 0);
+}
+
+TEST_F(CanvasPainterTest, DrawsNoMoreThanAListHolds) {
+  const int vertices = Drawn([](CanvasPainter& p) {
+    for (int i = 0; i < 20000; ++i) p.Circle(Vector3D(), 100.0f, 0xffffffff);
+  });
+  EXPECT_GE(vertices, CanvasPainter::kToolVertices);
+  EXPECT_LT(vertices, 65536);
 }
 
 TEST_F(CanvasPainterTest, AShapeWithoutPointsIsNothing) {

@@ -44,10 +44,13 @@ void Canvas::HandleKeys(LevelEditor& editor, const CanvasView& view) {
 }
 
 void Canvas::Draw(LevelEditor& editor, const CanvasView& view) {
-  CanvasPainter painter(view);
-  m_overlays.Draw(editor, m_index, painter);
-  if (editor.overlays.patrols) m_patrols.Draw(painter);
-  m_pointer.Draw(editor, m_index, painter);
+  {
+    CanvasPainter helps(view, CanvasPainter::kOverlayVertices);
+    m_overlays.Draw(editor, m_index, helps);
+    if (editor.overlays.patrols) m_patrols.Draw(helps);
+  }
+  CanvasPainter tools(view, CanvasPainter::kToolVertices);
+  m_pointer.Draw(editor, m_index, tools);
 }
 
 }  // namespace ZOVEngine

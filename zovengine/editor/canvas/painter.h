@@ -10,10 +10,14 @@ namespace ZOVEngine {
 ///
 /// Points are the level's, widths are pixels; what lies outside of the picture is left out. Each
 /// line has a dark rim, so that it is seen on light and on dark ground. One lives for one frame,
-/// between ImGui's NewFrame and Render.
+/// between ImGui's NewFrame and Render. ImGui ends the program when a list has more than 65,535
+/// vertices, so a painter that has used up its share leaves out the rest.
 class CanvasPainter {
  public:
-  explicit CanvasPainter(const CanvasView& view);
+  /// The shares of the list's vertices: for what helps, and for what the author works with.
+  static constexpr int kOverlayVertices = 45'000, kToolVertices = 60'000;
+
+  CanvasPainter(const CanvasView& view, int most_vertices);
   ~CanvasPainter();
   CanvasPainter(const CanvasPainter&) = delete;
   CanvasPainter& operator=(const CanvasPainter&) = delete;
@@ -40,9 +44,14 @@ class CanvasPainter {
  private:
   void Map(const Vector3D* points, std::size_t count);
   bool IsSeen() const;
+  bool HasRoom() const { return m_list->VtxBuffer.Size < m_most_vertices; }
+  /// Whether there is room, and the segment or the circle reaches into the picture.
+  bool Accepts(const ImVec2& a, const ImVec2& b) const;
+  bool Accepts(const ImVec2& middle, float radius) const;
 
   const CanvasView& m_view;
   ImDrawList* m_list;
+  int m_most_vertices;           ///< in the list, with what others drew before
   std::vector<ImVec2> m_points;  ///< of the shape that is drawn (unit: pixels)
 };
 
