@@ -20,7 +20,7 @@ constexpr std::array<KindRow, 8> kKinds = {{
     {ObjectKind::kEnemy, "enemy", IM_COL32(255, 122, 122, 255)},
     {ObjectKind::kShot, "shot", IM_COL32(255, 201, 77, 255)},
     {ObjectKind::kHazard, "hazard", IM_COL32(255, 160, 90, 255)},
-    {ObjectKind::kInterface, "interface", IM_COL32(125, 180, 255, 255)},
+    {ObjectKind::kInterface, "ui", IM_COL32(125, 180, 255, 255)},
     {ObjectKind::kLight, "light", IM_COL32(255, 240, 150, 255)},
     {ObjectKind::kLevel, "level", IM_COL32(215, 150, 255, 255)},
     {ObjectKind::kOther, "", IM_COL32(242, 245, 255, 255)},
