@@ -28,8 +28,11 @@ class EditorLog {
     std::string text;
     bool fault = false;
   };
-  void Say(const std::string& text) { m_lines.push_back({text, false}); }
-  void Fault(const std::string& text) { m_lines.push_back({text, true}); }
+  void Say(const std::string& text) { m_lines.emplace_back().text = text; }
+  void Fault(const std::string& text) {
+    Say(text);
+    m_lines.back().fault = true;
+  }
   const std::vector<Line>& Lines() const { return m_lines; }
 
  private:
