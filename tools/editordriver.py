@@ -5,13 +5,13 @@ editor's layout has them at that size.
 """
 import time
 
-from driver import Game, call, move_mouse, wait_until
+from driver import Game, Picture, call, move_mouse, wait_until
 
 TITLE = "Carapace level editor"
 PAUSE = 0.4  # seconds that the editor gets to show what a click did
 
 MENU_BAR = {"Level": (29, 15), "Edit": (77, 15), "View": (122, 15)}
-LEVEL_MENU = {"New": 42, "Open": 67, "Recent": 92, "Save": 125, "Test-play": 150, "Close": 175, "Quit": 208}
+LEVEL_MENU = {"New": 40, "Open": 64, "Recent": 86, "Save": 112, "Test-play": 135, "Close": 157, "Quit": 184}
 BUILD_TABS = {"Palette": (40, 790), "Tiles": (100, 790), "Assets": (160, 790)}
 CHECK_TABS = {"Problems": (815, 790), "History": (890, 790), "Log": (950, 790), "Winnable?": (1020, 790)}
 TILE_MODES = {"Draw Single": (22, 820), "Erase": (140, 820), "Draw Row": (218, 820), "Draw Column": (325, 820),
@@ -27,7 +27,7 @@ class Editor:
     def __init__(self, program, directory, logs):
         self.game = Game(program, directory, logs, arguments=["--edit"])
         self.window = wait_until(self.find_window, "the editor's window")
-        wait_until(lambda: self.window.picture().brightness() > 1, "the first picture")
+        wait_until(lambda: Picture.of_screen().brightness() > 5, "the first picture")
         self.left, self.top = self.window.rectangle()[:2]
         time.sleep(2 * PAUSE)
 

@@ -38,7 +38,8 @@ TEST(TilePlaces, PlatesLieOnCornersOfCells) {
   map.m_height = 18;
   map.m_tile_size = 60;
   const TilePlaces plates(map, true);
-  EXPECT_EQ(plates.At(1, 1), (TilePlace{-840, 420, 120}));
+  EXPECT_EQ(plates.At(0, 0), (TilePlace{-840, 420, 120}));
+  EXPECT_EQ(plates.At(plates.Columns() - 1, plates.Rows() - 1), (TilePlace{840, -420, 120}));
 }
 
 TEST(TilePlaces, APointLiesInTheCellThatCoversIt) {

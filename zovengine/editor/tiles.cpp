@@ -95,10 +95,10 @@ TilePlaces::TilePlaces(const TileMapInfo& map, bool plates)
   m_x = m_size / 2 - m_size * m_columns / 2;
   m_y = m_size / 2 + m_size * m_rows / 2 - m_size;
   if (!plates) return;
-  m_x -= m_size / 2;
-  m_y += m_size / 2;
-  m_columns = m_columns / kPlateCells + 1;
-  m_rows = m_rows / kPlateCells + 1;
+  m_x += m_size + m_size / 2;
+  m_y -= m_size + m_size / 2;
+  m_columns = std::max(m_columns - 1, 0) / kPlateCells;
+  m_rows = std::max(m_rows - 1, 0) / kPlateCells;
   m_size *= kPlateCells;
 }
 

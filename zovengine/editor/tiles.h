@@ -55,8 +55,7 @@ bool IsFloorTexture(const std::string& texture);
 /// The places of the open map for one kind of tile, by their column and row, the upper left first.
 class TilePlaces {
  public:
-  /// The cells of `map`, or its plates, the outermost of which lie half over its edge: so those
-  /// inside a ring of walls end where the walls begin.
+  /// The cells of `map`, or its plates, which leave the outermost cells to a ring of walls.
   TilePlaces(const TileMapInfo& map, bool plates);
   std::int32_t Columns() const { return m_columns; }
   std::int32_t Rows() const { return m_rows; }

@@ -35,6 +35,14 @@ TEST_F(ShortcutsTest, DeleteRemovesTheSelectionAndUndoBringsItBack) {
   EXPECT_EQ(world.Find("player1"), nullptr);
 }
 
+TEST_F(ShortcutsTest, ControlAndSSave) {
+  editor->selection = {Path("player1")};
+  TapWithControl(Key::kD);
+  ASSERT_TRUE(editor->IsChanged());
+  TapWithControl(Key::kS);
+  EXPECT_FALSE(editor->IsChanged());
+}
+
 TEST_F(ShortcutsTest, ADuplicateStandsATileToTheRightAndIsSelected) {
   editor->selection = {Path("player1")};
   TapWithControl(Key::kD);

@@ -90,11 +90,11 @@ TEST_F(TileBrushTest, RotateTurnsATileOnceAStroke) {
 TEST_F(TileBrushTest, AFloorIsPaintedAsAPlate) {
   g_editor.m_tile_map.m_tile_tex = "Tile_Floor";
   const TilePlaces plates(g_editor.m_tile_map, true);
-  const auto plate = plates.CellAt(Vector3D(-930.0f, 420.0f, 0.0f));
+  const auto plate = plates.CellAt(Vector3D(-840.0f, 420.0f, 0.0f));
   ASSERT_TRUE(plate);
   const TilePlace place = plates.At(plate->column, plate->row);
   ASSERT_EQ(editor->tiles.Look(place), TileLook());
-  Stroke(0, 1, 0, 1);
+  Stroke(1, 1, 1, 1);
   EXPECT_EQ(editor->tiles.Look(place).texture, "Tile_Floor");
 }
 

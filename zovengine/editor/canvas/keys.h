@@ -10,6 +10,7 @@ enum class CanvasKey : int {
   kA = 4,
   kC = 6,
   kD = 7,
+  kS = 22,
   kV = 25,
   kX = 27,
   kY = 28,

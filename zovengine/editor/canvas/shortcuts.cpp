@@ -39,6 +39,8 @@ void Shortcuts::RunWithControl(LevelEditor& editor, const SceneIndex& index,
     shift ? editor.Redo() : editor.Undo();
   } else if (IsPressed(CanvasKey::kY, true)) {
     editor.Redo();
+  } else if (IsPressed(CanvasKey::kS)) {
+    editor.Save();
   } else if (IsPressed(CanvasKey::kA)) {
     editor.selection = PickAll(index);
   } else if (IsPressed(CanvasKey::kD) && !editor.selection.empty()) {

@@ -50,8 +50,8 @@ void TileBrush::Show(LevelEditor& editor) {
     DrawPreview(places, *cell);
   }
   if (!m_painting) return;
-  if (!ImGui::IsMouseDown(ImGuiMouseButton_Left)) return EndStroke(editor);
   if (cell && MouseInViewport()) PaintLine(editor, places, *cell);
+  if (!ImGui::IsMouseDown(ImGuiMouseButton_Left)) EndStroke(editor);
 }
 
 /// Paints every cell between the last one of the stroke and `to`, so that a fast mouse leaves no

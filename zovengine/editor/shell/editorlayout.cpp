@@ -28,7 +28,6 @@ template <class Panel>
 void Tab(const char* title, Panel& panel, LevelEditor& editor) {
   if (!ImGui::BeginTabItem(title)) return;
   ImGui::BeginChild(title);
-  editor.tiles_in_hand = false;
   panel.Show(editor);
   ImGui::EndChild();
   ImGui::EndTabItem();
@@ -69,6 +68,7 @@ void EditorLayout::ShowRight(LevelEditor& editor, float top) {
 }
 
 void EditorLayout::ShowBottom(LevelEditor& editor, float top) {
+  editor.tiles_in_hand = false;  // unless the tab of the tiles is shown
   const ImVec2 display = ImGui::GetIO().DisplaySize;
   const float height = BottomHeight(top);
   const float width = (display.x - kRightWidth) / 2.0f;
