@@ -5,9 +5,6 @@
 namespace ZOVEngine {
 namespace {
 
-constexpr const char* kRoots = "GameObjFactory";
-constexpr const char* kChildren = "Childs";
-constexpr const char* kNoObjects = R"({"GameObjFactory": []})";
 constexpr const char* kOwnFields[] = {"name", "active"};
 constexpr std::size_t kWaste = 8;  ///< a document may use this many times its own memory
 

@@ -9,6 +9,12 @@
 
 namespace ZOVEngine {
 
+/// Keys of an object file: the list of its roots, and the children of a record.
+inline constexpr const char* kRoots = "GameObjFactory";
+inline constexpr const char* kChildren = "Childs";
+/// The text of an object file without objects.
+inline constexpr const char* kNoObjects = "{\n    \"GameObjFactory\": []\n}";
+
 /// The objects of the open level as the author made them: the records of its object file.
 ///
 /// The document is the level; the objects in the factory are its picture. They are built from it,

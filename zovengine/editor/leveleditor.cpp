@@ -28,8 +28,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr const char* kLevels = "Level Editor/Levels";
-constexpr const char* kNoObjects = "{\n    \"GameObjFactory\": []\n}";
 constexpr const char* kBackground = "Background_Space";  ///< of a new level
 constexpr const char* kImports = "Resources/Textures";   ///< where dropped files go
 constexpr std::size_t kLongestName = 100;
@@ -90,7 +88,7 @@ bool IsPlainLetter(char letter) {
 std::vector<std::string> LevelNames() {
   std::vector<std::string> names;
   std::error_code failed;
-  for (const fs::directory_entry& entry : fs::directory_iterator(kLevels, failed)) {
+  for (const fs::directory_entry& entry : fs::directory_iterator(kLevelsFolder, failed)) {
     const std::string name = entry.path().filename().string();
     if (fs::exists(LevelPaths(name).level, failed)) names.push_back(name);
   }
@@ -106,7 +104,7 @@ std::string FaultOfLevelName(const std::string& name) {
     return "A level's name consists of letters, digits, spaces, - and _.";
   }
   std::error_code ignored;
-  if (fs::exists(fs::path(kLevels) / name, ignored)) {
+  if (fs::exists(fs::path(kLevelsFolder) / name, ignored)) {
     return "There is a level \"" + name + "\" already.";
   }
   return "";
@@ -135,7 +133,7 @@ bool LevelEditor::Open(const std::string& name) {
     log.Fault("\"" + name + "\" is no level that can be opened.");
     return false;
   }
-  map.m_map_dir = std::string(kLevels) + "/" + name + "/Map/";
+  map.m_map_dir = std::string(kLevelsFolder) + "/" + name + "/Map/";
   map.m_map_name = name;
   map.m_mode = g_editor.m_tile_map.m_mode;
   map.m_tile_tex = g_editor.m_tile_map.m_tile_tex;
@@ -163,7 +161,7 @@ bool LevelEditor::Create(const NewLevel& level) {
   std::error_code failed;
   if (fault.empty()) {
     for (const char* folder : {"Map", "Entity"}) {
-      fs::create_directories(fs::path(kLevels) / level.name / folder, failed);
+      fs::create_directories(fs::path(kLevelsFolder) / level.name / folder, failed);
     }
     if (failed) fault = "The level's folder cannot be made: " + failed.message() + ".";
   }
@@ -174,7 +172,7 @@ bool LevelEditor::Create(const NewLevel& level) {
   Close();
   document.SetText(NewLevelText(LevelPaths(level.name).level));
   TileMapInfo& map = g_editor.m_tile_map;
-  map.m_map_dir = std::string(kLevels) + "/" + level.name + "/Map/";
+  map.m_map_dir = std::string(kLevelsFolder) + "/" + level.name + "/Map/";
   map.m_map_name = level.name;
   map.m_width = level.width;
   map.m_height = level.height;

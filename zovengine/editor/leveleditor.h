@@ -13,6 +13,9 @@
 
 namespace ZOVEngine {
 
+/// Where the folders of the levels lie.
+inline constexpr const char* kLevelsFolder = "Level Editor/Levels";
+
 /// What a level needs to begin with.
 struct NewLevel {
   std::string name;

@@ -9,7 +9,7 @@ namespace {
 constexpr const char* kShots[] = {"ProjectileDefault", "ProjectileBounce", "ProjectileExplosion",
                                   "ProjectilePierce",  "ProjectilePush",   "ProjectileSwap",
                                   "ProjectileVacuum"};
-constexpr const char* kChildren = "Childs";
+constexpr const char* kRecordChildren = "Childs";
 
 const Value* ArrayIn(const Value& object, const char* key) {
   const Value* value = FindValue(object, key);
@@ -142,14 +142,14 @@ Vector3D ObjectView::Place() const {
 
 std::vector<const Value*> ObjectView::Children() const {
   std::vector<const Value*> children;
-  const Value* list = ArrayIn(*record, kChildren);
+  const Value* list = ArrayIn(*record, kRecordChildren);
   if (list == nullptr) return children;
   for (const Value& child : list->GetArray()) children.push_back(&child);
   return children;
 }
 
 bool ObjectView::HasChild(std::string_view child) const {
-  const Value* list = ArrayIn(*record, kChildren);
+  const Value* list = ArrayIn(*record, kRecordChildren);
   if (list == nullptr) return false;
   return std::any_of(list->Begin(), list->End(), [child](const Value& own) {
     const Value* own_name = FindValue(own, "name");
@@ -183,7 +183,7 @@ ObjectsView::ObjectsView(const std::string& text, LevelFile file) {
 void ObjectsView::Count(const Value& records) {
   m_count += records.Size();
   for (const Value& record : records.GetArray()) {
-    if (const Value* children = ArrayIn(record, kChildren)) Count(*children);
+    if (const Value* children = ArrayIn(record, kRecordChildren)) Count(*children);
   }
 }
 
@@ -191,7 +191,7 @@ void ObjectsView::Add(const Value& records, const ObjectView* parent, LevelFile 
   std::uint32_t index = 0;
   for (const Value& record : records.GetArray()) {
     const ObjectView& own = m_objects.emplace_back(record, file, index++, parent);
-    if (const Value* children = ArrayIn(record, kChildren)) Add(*children, &own, file);
+    if (const Value* children = ArrayIn(record, kRecordChildren)) Add(*children, &own, file);
   }
 }
 

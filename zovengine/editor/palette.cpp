@@ -19,7 +19,6 @@ using rapidjson::Document;
 
 constexpr const char* kFolder = "Resources/Archetypes/Palette";
 constexpr const char* kNewLevel = "Resources/Archetypes/Palette/newlevel.json";
-constexpr const char* kNoObjects = "{\n    \"GameObjFactory\": []\n}";
 constexpr std::array<std::string_view, 5> kCategories = {"Units", "Weapons", "Hazards", "Lights",
                                                          "Things"};
 constexpr std::array<const char*, 4> kInterfaceParts = {"UIElement", "Button", "Font", "Camera"};
@@ -69,7 +68,7 @@ std::size_t Rank(const PaletteEntry& entry) {
       std::find(kCategories.begin(), kCategories.end(), entry.category) - kCategories.begin());
 }
 
-bool IsUnit(const Value& record) {
+bool IsUnitRecord(const Value& record) {
   return HasKey(record, "Player") || HasKey(record, "Enemy");
 }
 
@@ -151,10 +150,10 @@ std::size_t PlaceInLevel(const LevelDocument& document, const ObjectPath& root,
   if (children == nullptr) return 0;
   const auto list = children->GetArray();
   const auto front = std::find_if(list.begin(), list.end(), IsInterface);
-  auto place = std::find_if(list.begin(), front, IsUnit);
+  auto place = std::find_if(list.begin(), front, IsUnitRecord);
   if (category == "Units") {
     for (auto unit = place; unit != front; ++unit) {
-      if (IsUnit(*unit)) place = unit + 1;
+      if (IsUnitRecord(*unit)) place = unit + 1;
     }
   }
   return static_cast<std::size_t>(place - list.begin());
@@ -175,7 +174,7 @@ std::string PlaceRecord(const LevelDocument& document, const ObjectPath& parent,
 std::string EquipUnit(const std::string& unit, int hand, const PaletteEntry& weapon) {
   Document json;
   json.Parse(unit.c_str(), unit.size());
-  if (!json.IsObject() || !IsUnit(json) || weapon.records.empty()) return "";
+  if (!json.IsObject() || !IsUnitRecord(json) || weapon.records.empty()) return "";
   const std::string number = std::to_string(hand);
   const std::string shot_name = "Weapon" + number + "Projectile";
   Value* shot = FindChild(json, shot_name);

@@ -17,7 +17,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr const char* kLevels = "Level Editor/Levels";
 constexpr const char* kBackups = "Level Editor/Backups";
 constexpr const char* kRecovery = "Level Editor/Recovery";
 constexpr std::size_t kKeptBackups = 10;
@@ -92,7 +91,7 @@ std::vector<std::string> Backups(const std::string& level_name) {
 }
 
 void BackUpLevel(const std::string& level_name) {
-  const fs::path level = fs::path(kLevels) / level_name;
+  const fs::path level = fs::path(kLevelsFolder) / level_name;
   std::error_code ignored;
   if (!fs::exists(level / (level_name + ".json"), ignored)) return;
   const fs::path home = fs::path(kBackups) / level_name;

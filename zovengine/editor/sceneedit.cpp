@@ -13,9 +13,6 @@ namespace {
 using rapidjson::Document;
 using Json = rapidjson::Value;
 
-constexpr const char* kRoots = "GameObjFactory";
-constexpr const char* kChildren = "Childs";
-
 /// A text that differs from another one in one stretch, without what both have in common.
 struct Splice {
   std::size_t prefix = 0;

@@ -13,21 +13,21 @@
 namespace ZOVEngine {
 namespace {
 
-constexpr float kReach =
+constexpr float kWaypointReach =
     8.0f;  ///< how near the mouse must be to a waypoint or a leg (unit: pixels)
 constexpr float kKnot = 6.0f, kLitKnot = 8.0f;  ///< radius of a waypoint's mark (unit: pixels)
 constexpr ImU32 kPath = IM_COL32(255, 140, 90, 255), kLead = IM_COL32(255, 140, 90, 150);
-constexpr ImU32 kLit = IM_COL32(255, 255, 255, 255);
+constexpr ImU32 kLitWaypoint = IM_COL32(255, 255, 255, 255);
 
-float Distance(const Vector3D& a, const Vector3D& b) {
+float PixelsBetween(const Vector3D& a, const Vector3D& b) {
   return std::hypot(a.x - b.x, a.y - b.y);
 }
 
 float DistanceToLeg(const Vector3D& point, const Vector3D& a, const Vector3D& b) {
   const float dx = b.x - a.x, dy = b.y - a.y, length = dx * dx + dy * dy;
-  if (length <= 0.0f) return Distance(point, a);
+  if (length <= 0.0f) return PixelsBetween(point, a);
   const float t = std::clamp(((point.x - a.x) * dx + (point.y - a.y) * dy) / length, 0.0f, 1.0f);
-  return Distance(point, Vector3D(a.x + dx * t, a.y + dy * t, 0.0f));
+  return PixelsBetween(point, Vector3D(a.x + dx * t, a.y + dy * t, 0.0f));
 }
 
 const Transform* FindPlace(const Enemy& enemy) {
@@ -37,7 +37,7 @@ const Transform* FindPlace(const Enemy& enemy) {
 /// Whether the enemy's body covers the point.
 bool Covers(const Enemy& enemy, const Vector3D& point) {
   const Transform& place = *FindPlace(enemy);
-  return Distance(point, place.m_world_pos) <= std::abs(place.m_world_scale.x) * 0.5f;
+  return PixelsBetween(point, place.m_world_pos) <= std::abs(place.m_world_scale.x) * 0.5f;
 }
 
 /// Changes the path of an enemy as one gesture.
@@ -66,7 +66,7 @@ PatrolTool::Knot PatrolTool::KnotAt(const Vector3D& point, float reach) {
   for (Enemy* enemy : ComponentTable<Enemy>().Components()) {
     if (FindPlace(*enemy) == nullptr || (Covers(*enemy, point) && !under_enemies)) continue;
     for (std::size_t i = 0; i < enemy->m_waypoints.size(); ++i) {
-      const float distance = Distance(point, enemy->m_waypoints[i]);
+      const float distance = PixelsBetween(point, enemy->m_waypoints[i]);
       if (distance > reach) continue;
       reach = distance;
       nearest = {enemy, i};
@@ -102,7 +102,7 @@ bool PatrolTool::Update(LevelEditor& editor, const CanvasView& view, bool free) 
   }
   m_knot = {};
   if (!free || !editor.overlays.patrols) return false;
-  m_knot = KnotAt(mouse, kReach * view.UnitsPerPixel());
+  m_knot = KnotAt(mouse, kWaypointReach * view.UnitsPerPixel());
   return Press(editor, mouse, view.UnitsPerPixel()) || m_knot.enemy != nullptr;
 }
 
@@ -140,7 +140,7 @@ bool PatrolTool::AddKnot(LevelEditor& editor, const Vector3D& mouse, float pixel
     InsertKnot(editor, enemy, enemy->m_waypoints.size(), mouse);
     return true;
   }
-  const Knot leg = LegAt(mouse, kReach * pixel);
+  const Knot leg = LegAt(mouse, kWaypointReach * pixel);
   if (leg.enemy == nullptr) return false;
   InsertKnot(editor, leg.enemy, leg.place, mouse);
   return true;
@@ -164,7 +164,7 @@ void PatrolTool::Draw(CanvasPainter& painter) const {
     for (std::size_t i = 1; i < path.size(); ++i) painter.Line(path[i - 1], path[i], kPath);
     for (std::size_t i = 0; i < path.size(); ++i) {
       const bool lit = enemy == m_knot.enemy && i == m_knot.place;
-      painter.Dot(path[i], lit ? kLitKnot : kKnot, lit ? kLit : kPath);
+      painter.Dot(path[i], lit ? kLitKnot : kKnot, lit ? kLitWaypoint : kPath);
     }
   }
 }

@@ -15,7 +15,8 @@ namespace ZOVEngine {
 namespace {
 
 constexpr float kStill = 4.0f;  ///< a mouse that moved less has not moved (unit: pixels)
-constexpr ImU32 kAmber = IM_COL32(255, 201, 77, 255), kPale = IM_COL32(255, 226, 160, 230);
+constexpr ImU32 kPointerAmber = IM_COL32(255, 201, 77, 255),
+                kPointerPale = IM_COL32(255, 226, 160, 230);
 constexpr ImU32 kWhite = IM_COL32(242, 245, 255, 170);
 constexpr ImU32 kBoxLine = IM_COL32(96, 190, 255, 255), kBoxFill = IM_COL32(96, 190, 255, 40);
 constexpr float kMeasureOffset = 18.0f;  ///< of the measure from the mouse (unit: pixels)
@@ -188,7 +189,7 @@ void Pointer::Draw(const LevelEditor& editor, const SceneIndex& index,
   const std::vector<const SceneEntry*> selected = index.Selected(editor.selection);
   for (const SceneEntry* entry : selected) {
     const bool primary = entry == selected.back();
-    OutlineObject(*entry, painter, primary ? kAmber : kPale, primary ? 2.0f : 1.0f);
+    OutlineObject(*entry, painter, primary ? kPointerAmber : kPointerPale, primary ? 2.0f : 1.0f);
   }
   const Handle lit = m_drag.IsOpen() ? m_drag.Held() : m_lit;
   Handles(Draggable(editor, index), g_editor.m_edit_mode, painter.View()).Draw(painter, lit);
@@ -205,7 +206,7 @@ void Pointer::DrawBox(CanvasPainter& painter) const {
 
 void Pointer::DrawMeasure(CanvasPainter& painter) const {
   const float offset = kMeasureOffset * painter.View().UnitsPerPixel();
-  painter.Text(m_mouse + Vector3D(offset, offset, 0.0f), kAmber, m_drag.Measure().c_str());
+  painter.Text(m_mouse + Vector3D(offset, offset, 0.0f), kPointerAmber, m_drag.Measure().c_str());
 }
 
 }  // namespace ZOVEngine

@@ -21,7 +21,7 @@ namespace fs = std::filesystem;
 
 constexpr float kListHeight = 320.0f;    // of an open list (unit: pixels)
 constexpr float kListWidth = 300.0f;     // (unit: pixels)
-constexpr float kThumbnail = 26.0f;      // in a list (unit: pixels)
+constexpr float kListThumbnail = 26.0f;  // in a list (unit: pixels)
 constexpr float kLargePicture = 200.0f;  // of the texture under the mouse (unit: pixels)
 
 struct ImageSize {
@@ -116,10 +116,11 @@ bool ChooseFrom(const std::vector<std::string>& names, bool as_textures, std::st
     ImGui::PushID(name.c_str());
     if (as_textures) {
       const ImVec2 from = ImGui::GetCursorPos();
-      ShowTexture(name, kThumbnail, FrameCount(name));
-      ImGui::SetCursorPos(ImVec2(from.x + kThumbnail + ImGui::GetStyle().ItemSpacing.x, from.y));
+      ShowTexture(name, kListThumbnail, FrameCount(name));
+      ImGui::SetCursorPos(
+          ImVec2(from.x + kListThumbnail + ImGui::GetStyle().ItemSpacing.x, from.y));
     }
-    const float height = as_textures ? kThumbnail : 0.0f;
+    const float height = as_textures ? kListThumbnail : 0.0f;
     if (ImGui::Selectable(name.c_str(), name == *chosen, 0, ImVec2(0.0f, height))) {
       *chosen = name;
       changed = true;

@@ -18,9 +18,9 @@ constexpr const char* kAssets = "Resources";
 constexpr const char* kTextures = "Resources/Textures";
 constexpr const char* kMusic = "Resources/Sound/BGM";
 constexpr const char* kEffects = "Resources/Sound/SFX";
-constexpr float kTile = 92.0f;       // of an image (unit: pixels)
-constexpr float kThumbnail = 62.0f;  // (unit: pixels)
-constexpr float kFieldWidth = 240.0f;
+constexpr float kAssetTile = 92.0f;       // of an image (unit: pixels)
+constexpr float kAssetThumbnail = 62.0f;  // (unit: pixels)
+constexpr float kFolderWidth = 240.0f;
 constexpr int kRefreshAfter = 60;  // (unit: frames)
 
 /// The key of a texture by its file: the name without its ending.
@@ -65,7 +65,7 @@ bool ChooseAssetFolder(LevelEditor& editor, const std::string& folder) {
 void AssetsPanel::Show(LevelEditor& editor) {
   Refresh();
   ShowFolder(editor);
-  ImGui::SetNextItemWidth(kFieldWidth);
+  ImGui::SetNextItemWidth(kFolderWidth);
   TextField("##search", &m_search, "Search");
   ImGui::SameLine();
   if (ImGui::RadioButton("Images", !m_sounds_shown)) m_sounds_shown = false;
@@ -99,7 +99,7 @@ void AssetsPanel::ShowFolder(LevelEditor& editor) {
   ImGui::AlignTextToFramePadding();
   ImGui::TextUnformatted("Dropped files go to");
   ImGui::SameLine();
-  ImGui::SetNextItemWidth(kFieldWidth);
+  ImGui::SetNextItemWidth(kFolderWidth);
   TextField("##folder", &m_folder);
   if (ImGui::IsItemDeactivatedAfterEdit() && !ChooseAssetFolder(editor, m_folder)) {
     m_folder = g_editor.m_asset_dir;
@@ -117,7 +117,7 @@ void AssetsPanel::ShowImages() {
   for (const AssetFile& file : m_images) {
     if (!ContainsIgnoringCase(file.name, m_search)) continue;
     const float gap = ImGui::GetStyle().ItemSpacing.x;
-    if (!first && ImGui::GetItemRectMax().x + gap + kTile < right) ImGui::SameLine();
+    if (!first && ImGui::GetItemRectMax().x + gap + kAssetTile < right) ImGui::SameLine();
     first = false;
     ShowImage(file);
   }
@@ -125,22 +125,22 @@ void AssetsPanel::ShowImages() {
 }
 
 void AssetsPanel::ShowImage(const AssetFile& file) {
-  const float height = kThumbnail + ImGui::GetTextLineHeight() + 4.0f;
-  if (!ImGui::IsRectVisible(ImVec2(kTile, height))) {
-    ImGui::Dummy(ImVec2(kTile, height));
+  const float height = kAssetThumbnail + ImGui::GetTextLineHeight() + 4.0f;
+  if (!ImGui::IsRectVisible(ImVec2(kAssetTile, height))) {
+    ImGui::Dummy(ImVec2(kAssetTile, height));
     return;
   }
   ImGui::BeginGroup();
   const ImVec2 from = ImGui::GetCursorScreenPos();
-  ShowTexture(TextureKey(file), kThumbnail);
-  const ImVec2 below(from.x, from.y + kThumbnail + 2.0f);
+  ShowTexture(TextureKey(file), kAssetThumbnail);
+  const ImVec2 below(from.x, from.y + kAssetThumbnail + 2.0f);
   ImDrawList* draw = ImGui::GetWindowDrawList();
-  draw->PushClipRect(below, ImVec2(from.x + kTile, from.y + height), true);
+  draw->PushClipRect(below, ImVec2(from.x + kAssetTile, from.y + height), true);
   draw->AddText(below, ImGui::GetColorU32(IsNew(file) ? ImGuiCol_CheckMark : ImGuiCol_Text),
                 Marked(file, IsNew(file)).c_str());
   draw->PopClipRect();
   ImGui::SetCursorScreenPos(from);
-  ImGui::Dummy(ImVec2(kTile, height));
+  ImGui::Dummy(ImVec2(kAssetTile, height));
   ImGui::EndGroup();
   HoverText(file.path + "\n" + ImageSizeText(TextureKey(file)) + SizeText(file));
 }
@@ -155,7 +155,7 @@ void AssetsPanel::ShowSounds() {
     ImGui::PopID();
     HoverText(file.path + "\n" + SizeText(file) +
               (playing ? "\nA click stops what is heard and plays this." : "\nA click plays it."));
-    ImGui::SameLine(kFieldWidth);
+    ImGui::SameLine(kFolderWidth);
     ImGui::TextDisabled("%s", SizeText(file).c_str());
   }
 }

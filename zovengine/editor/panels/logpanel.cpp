@@ -7,14 +7,14 @@
 namespace ZOVEngine {
 namespace {
 
-const ImVec4 kFault(1.0f, 0.53f, 0.55f, 1.0f);
+const ImVec4 kFaultLine(1.0f, 0.53f, 0.55f, 1.0f);
 
 }  // namespace
 
 void LogPanel::Show(LevelEditor& editor) {
   const std::vector<EditorLog::Line>& lines = editor.log.Lines();
   for (const EditorLog::Line& line : lines) {
-    if (line.fault) ImGui::PushStyleColor(ImGuiCol_Text, kFault);
+    if (line.fault) ImGui::PushStyleColor(ImGuiCol_Text, kFaultLine);
     ImGui::TextWrapped("%s", line.text.c_str());
     if (line.fault) ImGui::PopStyleColor();
   }

@@ -17,7 +17,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr int kMostSeeds = 200;
-constexpr float kFieldWidth = 110.0f;  // (unit: pixels)
+constexpr float kSeedsWidth = 110.0f;  // (unit: pixels)
 
 std::string CopyFolder() {
   return (fs::temp_directory_path() / ("carapace-trial-" + std::to_string(getpid()))).string();
@@ -50,7 +50,7 @@ void TrialPanel::Start(LevelEditor& editor) {
 
 void TrialPanel::Show(LevelEditor& editor) {
   ImGui::TextDisabled("The automatic player plays the level as it stands now, in the background.");
-  ImGui::SetNextItemWidth(kFieldWidth);
+  ImGui::SetNextItemWidth(kSeedsWidth);
   ImGui::InputInt("games", &m_seeds);
   m_seeds = std::clamp(m_seeds, 1, kMostSeeds);
   ImGui::SameLine();
