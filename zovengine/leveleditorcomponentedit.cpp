@@ -76,7 +76,8 @@ std::map<std::string, PropertyEditor> g_property_editors = {
     {"double", EditNone},   {"Matrix4x4", EditNone},
 };
 
-void DisplayProperty(rttr::property property, rttr::variant value, rttr::instance instance) {
+void DisplayProperty(rttr::property property, const rttr::variant& value,
+                     const rttr::instance& instance) {
   g_property_editors[property.get_metadata("typeinfo").get_value<std::string>()](property, value,
                                                                                  instance);
 }
@@ -85,13 +86,14 @@ void DisplayComponent(const rttr::type& type, const rttr::instance& component) {
   if (!type.get_metadata("isInspect").to_bool()) return;
   for (const rttr::property& property : type.get_properties()) {
     if (!property.get_metadata("is_inspect").to_bool()) continue;
-    const rttr::variant value = property.get_value(component);
+    const rttr::variant& value = property.get_value(component);
     g_display_modes[property.get_metadata("DisplayMode").get_value<std::string>()](property, value,
                                                                                    component);
   }
 }
 
-void EditFloat(rttr::property property, rttr::variant value, rttr::instance instance) {
+void EditFloat(rttr::property property, const rttr::variant& value,
+               const rttr::instance& instance) {
   BeginRow(property, kColumns);
   auto number = value.get_value<float>();
   const auto low = static_cast<float>(Bound(property, "min", kLowest));
@@ -101,23 +103,25 @@ void EditFloat(rttr::property property, rttr::variant value, rttr::instance inst
   EndRow(property, instance, number);
 }
 
-void EditUnsigned(rttr::property property, rttr::variant value, rttr::instance instance) {
+void EditUnsigned(rttr::property property, const rttr::variant& value,
+                  const rttr::instance& instance) {
   EditWhole<std::uint32_t>(property, value, instance);
 }
 
-void EditInt(rttr::property property, rttr::variant value, rttr::instance instance) {
+void EditInt(rttr::property property, const rttr::variant& value, const rttr::instance& instance) {
   EditWhole<std::int32_t>(property, value, instance);
 }
 
-void EditShort(rttr::property property, rttr::variant value, rttr::instance instance) {
+void EditShort(rttr::property property, const rttr::variant& value,
+               const rttr::instance& instance) {
   EditWhole<std::int16_t>(property, value, instance);
 }
 
-void EditSize(rttr::property property, rttr::variant value, rttr::instance instance) {
+void EditSize(rttr::property property, const rttr::variant& value, const rttr::instance& instance) {
   EditWhole<std::size_t>(property, value, instance);
 }
 
-void EditBool(rttr::property property, rttr::variant value, rttr::instance instance) {
+void EditBool(rttr::property property, const rttr::variant& value, const rttr::instance& instance) {
   BeginRow(property, kColumns);
   auto on = value.get_value<bool>();
   ImGui::Checkbox(WidgetLabel(property).c_str(), &on);
@@ -125,7 +129,8 @@ void EditBool(rttr::property property, rttr::variant value, rttr::instance insta
   EndRow(property, instance, on);
 }
 
-void EditString(rttr::property property, rttr::variant value, rttr::instance instance) {
+void EditString(rttr::property property, const rttr::variant& value,
+                const rttr::instance& instance) {
   BeginRow(property, kColumns);
   auto text = value.get_value<std::string>();
   // The field writes into the string, and a longer text keeps its length.
@@ -135,7 +140,8 @@ void EditString(rttr::property property, rttr::variant value, rttr::instance ins
   EndRow(property, instance, text);
 }
 
-void EditVector3(rttr::property property, rttr::variant value, rttr::instance instance) {
+void EditVector3(rttr::property property, const rttr::variant& value,
+                 const rttr::instance& instance) {
   BeginRow(property, kVectorColumns);
   auto vector = value.get_value<Vector3D>();
   const std::array<std::pair<const char*, float*>, 3> axes = {
@@ -149,7 +155,7 @@ void EditVector3(rttr::property property, rttr::variant value, rttr::instance in
   EndRow(property, instance, vector);
 }
 
-void EditNone(rttr::property, rttr::variant, rttr::instance) {
+void EditNone(rttr::property, const rttr::variant&, const rttr::instance&) {
   constexpr std::uint32_t kReportedLine = 140;  // deliberately fixed
   ZOVAssert("leveleditorcomponentedit.cpp", kReportedLine, "Something Wrong");
 }

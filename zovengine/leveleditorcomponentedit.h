@@ -12,8 +12,8 @@ namespace ZOVEngine {
 ///
 /// Runs between ImGui's NewFrame and Render, in the inspector's window. The value is the property's
 /// present one; `instance` is the component itself.
-using PropertyEditor =
-    std::function<void(rttr::property property, rttr::variant value, rttr::instance instance)>;
+using PropertyEditor = std::function<void(rttr::property property, const rttr::variant& value,
+                                          const rttr::instance& instance)>;
 
 /// The functions that show a property, by its metadata "DisplayMode".
 extern std::map<std::string, PropertyEditor> g_display_modes;
@@ -23,7 +23,8 @@ extern std::map<std::string, PropertyEditor> g_property_editors;
 
 /// Calls the editor of the property's "typeinfo". One without an entry throws
 /// std::bad_function_call.
-void DisplayProperty(rttr::property property, rttr::variant value, rttr::instance instance);
+void DisplayProperty(rttr::property property, const rttr::variant& value,
+                     const rttr::instance& instance);
 
 /// Shows every inspectable property of a component, in the order of registration. The property's
 /// own function is `g_display_modes[its "DisplayMode"]`; one without an entry throws
@@ -34,17 +35,20 @@ void DisplayComponent(const rttr::type& type, const rttr::instance& component);
 /// The rows: a label, and beside it the widget. A slider runs between the property's "min" and
 /// "max"; without them between the bounds of an ordinary field. Every row writes its value back in
 /// each frame, whether it changed or not.
-void EditFloat(rttr::property property, rttr::variant value, rttr::instance instance);
-void EditUnsigned(rttr::property property, rttr::variant value, rttr::instance instance);
-void EditInt(rttr::property property, rttr::variant value, rttr::instance instance);
-void EditShort(rttr::property property, rttr::variant value, rttr::instance instance);
-void EditSize(rttr::property property, rttr::variant value, rttr::instance instance);
-void EditBool(rttr::property property, rttr::variant value, rttr::instance instance);
+void EditFloat(rttr::property property, const rttr::variant& value, const rttr::instance& instance);
+void EditUnsigned(rttr::property property, const rttr::variant& value,
+                  const rttr::instance& instance);
+void EditInt(rttr::property property, const rttr::variant& value, const rttr::instance& instance);
+void EditShort(rttr::property property, const rttr::variant& value, const rttr::instance& instance);
+void EditSize(rttr::property property, const rttr::variant& value, const rttr::instance& instance);
+void EditBool(rttr::property property, const rttr::variant& value, const rttr::instance& instance);
 /// A text of up to 5,000 characters.
-void EditString(rttr::property property, rttr::variant value, rttr::instance instance);
+void EditString(rttr::property property, const rttr::variant& value,
+                const rttr::instance& instance);
 /// Three number fields; the row has four columns.
-void EditVector3(rttr::property property, rttr::variant value, rttr::instance instance);
+void EditVector3(rttr::property property, const rttr::variant& value,
+                 const rttr::instance& instance);
 /// For a type without a widget: ends the program with the report "Something Wrong".
-void EditNone(rttr::property property, rttr::variant value, rttr::instance instance);
+void EditNone(rttr::property property, const rttr::variant& value, const rttr::instance& instance);
 
 }  // namespace ZOVEngine

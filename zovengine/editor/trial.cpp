@@ -48,6 +48,7 @@ class SpawnSetup {
   /// 0, or the error's number.
   int Spawn(const std::vector<std::string>& command, pid_t* child) const {
     std::vector<char*> arguments;
+    arguments.reserve(command.size() + 1);
     for (const std::string& word : command) arguments.push_back(const_cast<char*>(word.c_str()));
     arguments.push_back(nullptr);
     return posix_spawnp(child, arguments[0], &m_actions, &m_attributes, arguments.data(), environ);

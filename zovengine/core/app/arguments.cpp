@@ -67,7 +67,7 @@ Arguments ReadForm(const std::vector<std::string>& arguments) {
 
 Arguments ReadArguments(const std::vector<std::string>& arguments, std::ostream& out,
                         std::ostream& errors) {
-  const Arguments read = ReadForm(arguments);
+  Arguments read = ReadForm(arguments);
   if (read.request == StartRequest::kHelp) out << kUse;
   if (read.request == StartRequest::kWrong) errors << kUse;
   if (arguments.size() == 1 && arguments[0] == "--edit") g_settings_path = kEditorSettingsPath;

@@ -55,7 +55,7 @@ bool LevelEditorState::Handle(Message* message) {
     case kKeyUp:
       return OnKeyUp(dynamic_cast<KeyUp&>(*message));
     case kDroppedFile:
-      Import(dynamic_cast<DroppedFile&>(*message).files);
+      Import(std::vector<std::string>(dynamic_cast<DroppedFile&>(*message).files));
       return true;
     default:
       return false;
@@ -137,7 +137,7 @@ bool LevelEditorState::OnKeyUp(const KeyUp& message) {
   return true;
 }
 
-void LevelEditorState::Import(std::vector<std::string> files) {
+void LevelEditorState::Import(const std::vector<std::string>& files) {
   if (g_editor.m_level_open) ImportDroppedFiles(g_editor.m_asset_dir, files);
 }
 

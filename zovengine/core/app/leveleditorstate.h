@@ -36,7 +36,7 @@ class LevelEditorState final : public State {
   static void Zoom(const MouseScroll& message);
   static void OnKeyDown(const KeyDown& message);
   static bool OnKeyUp(const KeyUp& message);
-  static void Import(std::vector<std::string> files);
+  static void Import(const std::vector<std::string>& files);
   static void Leave();
 };
 

@@ -64,17 +64,16 @@ void Pointer::Update(LevelEditor& editor, const SceneIndex& index, const CanvasV
                      bool free) {
   const ImGuiIO& io = ImGui::GetIO();
   if (ImGui::IsMousePosValid()) m_mouse = view.ToWorld(io.MousePos);
-  if (m_press != Press::kNone && IsCancelled()) {
+  const bool idle = m_press == Press::kNone && !free;
+  if (idle || (m_press != Press::kNone && IsCancelled())) {
     Drop();
   } else if (m_press != Press::kNone && io.MouseDown[0]) {
     Hold(editor, index);
   } else if (m_press != Press::kNone) {
     Release(editor, index, view);
-  } else if (free) {
+  } else {
     Hover(editor, index, view);
     if (ImGui::IsMouseClicked(0)) PressButton(editor, index, view);
-  } else {
-    Drop();
   }
 }
 

@@ -17,6 +17,7 @@ namespace {
 template <class Map>
 std::vector<std::string> SortedKeys(const Map& map) {
   std::vector<std::string> keys;
+  keys.reserve(map.size());
   for (const auto& [key, value] : map) keys.push_back(key);
   std::sort(keys.begin(), keys.end());
   return keys;

@@ -121,7 +121,11 @@ bool AddDefaultComponent(LevelEditor& editor, const ObjectPath& path, const std:
   const std::vector<std::string> own = editor.document.Components(path);
   for (const std::string& needed : ComponentNeeds(name)) {
     if (IsListed(own, needed)) continue;
-    editor.log.Fault("A " + name + " needs a " + needed + " on its object; add that first.");
+    editor.log.Fault(std::string("A ")
+                         .append(name)
+                         .append(" needs a ")
+                         .append(needed)
+                         .append(" on its object; add that first."));
     return false;
   }
   GameObj* object = ObjectAt(path);
@@ -142,7 +146,11 @@ bool AddDefaultComponent(LevelEditor& editor, const ObjectPath& path, const std:
 bool RemoveComponentIfFree(LevelEditor& editor, const ObjectPath& path, const std::string& name) {
   for (const std::string& other : editor.document.Components(path)) {
     if (!IsListed(ComponentNeeds(other), name)) continue;
-    editor.log.Fault("The " + name + " stays: the object's " + other + " needs it.");
+    editor.log.Fault(std::string("The ")
+                         .append(name)
+                         .append(" stays: the object's ")
+                         .append(other)
+                         .append(" needs it."));
     return false;
   }
   editor.Do(editor.scene.RemoveComponent(path, name));
