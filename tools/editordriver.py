@@ -17,7 +17,7 @@ CHECK_TABS = {"Problems": (815, 790), "History": (890, 790), "Log": (950, 790), 
 TILE_MODES = {"Draw Single": (22, 820), "Erase": (140, 820), "Draw Row": (218, 820), "Draw Column": (325, 820),
               "Rotate Tile": (454, 820)}
 TILE_TEXTURES = {"Floor": (50, 877), "Wall": (143, 877)}
-PICTURE = (250, 31)  # the upper left corner of the level's picture
+PICTURE = (250, 25)  # the upper left corner of the level's picture
 UNITS_PER_PIXEL = 1.5
 
 
