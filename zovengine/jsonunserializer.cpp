@@ -4,12 +4,12 @@
 #include <cstring>
 #include <filesystem>
 #include <iostream>
-#include <iterator>
 #include <limits>
 
 #include <rapidjson/memorystream.h>
 #include <rapidjson/reader.h>
 
+#include "core/base/wholefile.h"
 #include "objects/safefile.h"
 
 namespace ZOVEngine {
@@ -156,7 +156,7 @@ void JsonDocument::Open(const std::string& path) {
 }
 
 void JsonDocument::Parse() {
-  const std::string text{std::istreambuf_iterator<char>(m_file), std::istreambuf_iterator<char>()};
+  const std::string text = ReadRest(m_file);
   m_file.close();
   Fill(text);
 }

@@ -3,22 +3,31 @@
 #include <unistd.h>
 
 #include <fstream>
-#include <iterator>
 #include <stdexcept>
+#include <utility>
+
+#include "core/base/wholefile.h"
 
 namespace carapace_test {
 namespace {
 
 std::string ReadWhole(const std::filesystem::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  if (!file) throw std::runtime_error("cannot read " + path.string());
-  return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+  std::optional<std::string> text = ZOVEngine::ReadWholeFile(path);
+  if (!text) throw std::runtime_error("cannot read " + path.string());
+  return *std::move(text);
+}
+
+/// In memory where the system offers it: the engine waits for the disk at each save, tests need
+/// not.
+std::filesystem::path BaseDirectory() {
+  constexpr const char* kMemory = "/dev/shm";
+  return access(kMemory, W_OK | X_OK) == 0 ? kMemory : std::filesystem::temp_directory_path();
 }
 
 }  // namespace
 
 TempDirectory::TempDirectory() : m_before(std::filesystem::current_path()) {
-  std::string name = (std::filesystem::temp_directory_path() / "carapace-test-XXXXXX").string();
+  std::string name = (BaseDirectory() / "carapace-test-XXXXXX").string();
   if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("cannot make " + name);
   m_path = name;
   std::filesystem::current_path(m_path);

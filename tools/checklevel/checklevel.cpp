@@ -7,12 +7,11 @@
 // for each problem; the status is 1 if one of them is an error, and 2 if there is no level.
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
 #include <iostream>
-#include <iterator>
 #include <string>
 #include <vector>
 
+#include "core/base/wholefile.h"
 #include "editor/levelrules.h"
 
 namespace {
@@ -28,8 +27,7 @@ const char* Title(LevelSeverity severity) {
 
 /// The text of a file; empty for one that cannot be read.
 std::string Read(const path& file) {
-  std::ifstream stream(file, std::ios::binary);
-  return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+  return ZOVEngine::ReadWholeFile(file).value_or("");
 }
 
 LevelText ReadLevel(const path& folder) {

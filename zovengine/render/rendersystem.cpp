@@ -1,16 +1,15 @@
 #include "render/rendersystem.h"
 
 #include <cmath>
-#include <filesystem>
-#include <fstream>
 #include <iostream>
-#include <iterator>
 #include <limits>
+#include <optional>
 
 #include <glm/ext/matrix_clip_space.hpp>
 #include <glm/mat4x4.hpp>
 
 #include "core/base/profile.h"
+#include "core/base/wholefile.h"
 #include "game/camera.h"
 #include "jsonunserializer.h"
 #include "objects/gameobjfactory.h"
@@ -82,16 +81,6 @@ bool IsHidden() {
   return g_gl_device == nullptr || (g_native != nullptr && g_native->IsMinimised());
 }
 
-/// Reads a text file whole into `*out`, as far as it can be read. False when it cannot.
-bool ReadText(const std::string& path, std::string* out) {
-  std::error_code ignored;
-  if (std::filesystem::is_directory(path, ignored)) return false;
-  std::ifstream file(path, std::ios::binary);
-  if (!file) return false;
-  out->assign(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
-  return !file.bad();
-}
-
 }  // namespace
 
 RenderSystem::RenderSystem() {
@@ -149,12 +138,12 @@ void RenderSystem::StartDevice() {
 
 std::uint32_t RenderSystem::CompileShader(Program program, const std::string& vertexPath,
                                           const std::string& fragmentPath) {
-  std::string vertex;
-  std::string fragment;
-  if (!ReadText(vertexPath, &vertex) || !ReadText(fragmentPath, &fragment)) {
+  const std::optional<std::string> vertex = ReadWholeFile(vertexPath);
+  const std::optional<std::string> fragment = ReadWholeFile(fragmentPath);
+  if (!vertex || !fragment) {
     std::cout << "Error: Shader file not successfully read." << '\n';
   }
-  return g_gl_device->CompileProgram(program, vertex, fragment);
+  return g_gl_device->CompileProgram(program, vertex.value_or(""), fragment.value_or(""));
 }
 
 void RenderSystem::LoadTextures() {
