@@ -23,7 +23,7 @@ using ZOVEngine::Quiet;
 
 namespace {
 
-constexpr int kMostRounds = 60;
+constexpr int kMostRounds = 60;     ///< of a game for the table
 constexpr int kMostSteps = 400000;  ///< bounds a game whose rounds are very long
 constexpr int kStandstill = 3600;   ///< a minute
 constexpr float kStepsASecond = 60.0f;
@@ -69,12 +69,12 @@ struct Ending {
   std::string standstill;  ///< where its turns stand still; empty if they do not
 };
 
-Ending Follow(const std::function<bool()>& step) {
+Ending Follow(const std::function<bool()>& step, int rounds) {
   GameWatch watch;
   for (int steps = 0; steps < kMostSteps; ++steps) {
     const bool over = !step();
     const ZOVEngine::GameController& controller = *FindTurnController();
-    if (over || controller.m_round >= kMostRounds) return {over, ""};
+    if (over || controller.m_round >= rounds) return {over, ""};
     watch.Look(controller, ZOVEngine::g_engine->paused);
     if (watch.StandsStill() >= kStandstill) return {false, watch.Place()};
   }
@@ -83,23 +83,23 @@ Ending Follow(const std::function<bool()>& step) {
 
 constexpr const char* kPlayers[] = {"automatic", "skipping", "random"};
 
-Ending PlayToEnd(const std::string& level, std::uint32_t seed, std::size_t kind) {
+Ending PlayToEnd(const std::string& level, std::uint32_t seed, std::size_t kind, int rounds) {
   const Quiet quiet;
   LevelGame game(level, seed);
   if (kind == 2) {
     RandomPlayer player(&game.world, seed);
-    return Follow([&] { return player.Step(); });
+    return Follow([&] { return player.Step(); }, rounds);
   }
   AutoPlayer player(kind == 0 ? AutoPlayer::Style::kFight : AutoPlayer::Style::kSkip);
-  return Follow([&] { return player.Step(); });
+  return Follow([&] { return player.Step(); }, rounds);
 }
 
 /// The games of one kind of player. True if none stands still.
-bool CheckEndings(const std::string& level, std::size_t kind, int games) {
+bool CheckEndings(const std::string& level, std::size_t kind, int games, int rounds) {
   int over = 0;
   bool good = true;
   for (int seed = 1; seed <= games; ++seed) {
-    const Ending ending = PlayToEnd(level, static_cast<std::uint32_t>(seed), kind);
+    const Ending ending = PlayToEnd(level, static_cast<std::uint32_t>(seed), kind, rounds);
     over += ending.over ? 1 : 0;
     if (ending.standstill.empty()) continue;
     std::cout << "FAILED: " << level << ", " << kPlayers[kind] << " player, seed " << seed
@@ -107,7 +107,7 @@ bool CheckEndings(const std::string& level, std::size_t kind, int games) {
     good = false;
   }
   std::cout << level << ", " << kPlayers[kind] << " player: " << over << " of " << games
-            << " games over within " << kMostRounds << " rounds\n";
+            << " games over within " << rounds << " rounds\n";
   return good;
 }
 
@@ -134,10 +134,10 @@ int PrintPace(const std::string& level, int games) {
   return pace.won;
 }
 
-bool CheckEndings(const std::string& level, int games) {
+bool CheckEndings(const std::string& level, int games, int rounds) {
   bool good = true;
   for (std::size_t kind = 0; kind < std::size(kPlayers); ++kind) {
-    good = CheckEndings(level, kind, games) && good;
+    good = CheckEndings(level, kind, games, rounds) && good;
   }
   return good;
 }

@@ -15,9 +15,9 @@ void PrintPaceHead();
 int PrintPace(const std::string& level, int games);
 
 /// Plays `games` games in each of three ways: by the automatic player, by one that only skips, and
-/// by one that presses and clicks at random. Each must be over within 60 rounds, or its turns must
-/// still go on there: one whose turns stand still for a minute, outside control and pause, fails.
-/// Prints how many were over, and every game that failed. True if none failed.
-bool CheckEndings(const std::string& level, int games);
+/// by one that presses and clicks at random. Each must be over within `rounds` rounds, or its turns
+/// must still go on there: one whose turns stand still for a minute, outside control and pause,
+/// fails. Prints how many were over, and every game that failed. True if none failed.
+bool CheckEndings(const std::string& level, int games, int rounds);
 
 }  // namespace carapace_test

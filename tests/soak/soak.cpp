@@ -5,7 +5,7 @@
 //   carapace_soak pace [GAMES] [LEVEL]
 //                                    the table of docs/levels.md: wins and times of the levels to
 //                                    win
-//   carapace_soak endings LEVEL [GAMES]
+//   carapace_soak endings LEVEL [GAMES [ROUNDS]]
 //                                    three kinds of player: no game's turns may stand still
 // 60 steps are a second of game time.
 #include <malloc.h>
@@ -171,10 +171,12 @@ int NumberAt(int argc, char** argv, int index, int otherwise) {
 bool Run(const std::string& what, int argc, char** argv) {
   constexpr int kSteps = 12000;
   constexpr int kGames = 20;
+  constexpr int kRounds = 60;
   if (what == "states") return CompareStates();
   if (what == "pace") return ComparePace(NumberAt(argc, argv, 2, kGames), argc > 3 ? argv[3] : "");
   if (what != "endings") return Soak(what, NumberAt(argc, argv, 2, kSteps));
-  return argc > 2 && CheckEndings(argv[2], NumberAt(argc, argv, 3, kGames));
+  return argc > 2 &&
+         CheckEndings(argv[2], NumberAt(argc, argv, 3, kGames), NumberAt(argc, argv, 4, kRounds));
 }
 
 }  // namespace
@@ -183,7 +185,7 @@ int main(int argc, char** argv) {
   if (argc < 2) {
     std::cerr
         << "usage: carapace_soak LEVEL [STEPS] | states | pace [GAMES] [LEVEL] | endings LEVEL "
-           "[GAMES]\n";
+           "[GAMES [ROUNDS]]\n";
     return 2;
   }
   return Run(argv[1], argc, argv) ? 0 : 1;
