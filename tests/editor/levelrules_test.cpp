@@ -125,6 +125,38 @@ void AddPlate(LevelDraft& draft) {
   draft.AddTile(LevelDraft::TextOf(plate));
 }
 
+/// A wall on a cell; column and row count from the cell at the right and below the middle.
+void AddWall(LevelDraft& draft, int column, int row) {
+  Json tile = draft.Copy(draft.Tile(3));
+  const std::string place =
+      "[" + std::to_string(30 + 60 * column) + ", " + std::to_string(30 - 60 * row) + ", 1]";
+  for (const char* key : {"m_pos", "m_world_pos"}) draft.Set(tile["Transform"], key, place);
+  draft.AddTile(LevelDraft::TextOf(tile));
+}
+
+/// Floor two rows high and an even number of columns wide, with walls around.
+void AddRoom(LevelDraft& draft, int columns) {
+  AddPlate(draft);
+  Json& transform = draft.Tile(draft.tiles["GameObjFactory"].Size() - 1)["Transform"];
+  for (const char* key : {"m_scale", "m_world_scale"}) {
+    draft.Set(transform, key, "[" + std::to_string(60 * columns) + ", 120, 1]");
+  }
+  for (const char* key : {"m_pos", "m_world_pos"}) {
+    draft.Set(transform, key, "[" + std::to_string(30 * columns) + ", 0, 1]");
+  }
+  for (int row = -1; row <= 2; ++row) {
+    for (int column = -1; column <= columns; ++column) {
+      if (row < 0 || row > 1 || column < 0 || column == columns) AddWall(draft, column, row);
+    }
+  }
+}
+
+/// A wall of one tile between the two halves of a room.
+void AddThinCover(LevelDraft& draft) {
+  AddRoom(draft, 4);
+  AddWall(draft, 1, 0);
+}
+
 constexpr const char* kShot = "Weapon0Projectile";
 
 /// The form of the files.
@@ -222,6 +254,7 @@ std::vector<Example> LevelExamples() {
       {"place-free", "enemy1 stands or walks at (660, 510)",
        Field("enemy1", "Enemy", "m_waypoints", "[[660, 510, 1], [660, 120, 1]]")},
       {"hull", "row 8, column 16 lies open", AddPlate},
+      {"cover-thin", "row 8, column 17 has floor on two opposite sides", AddThinCover},
       {"interface-element", "clock is an element of the unknown name ui_clock",
        [](LevelDraft& draft) {
          draft.Add(Bare("clock", "UIElement", R"({"m_ui_element_name": "ui_clock"})"));
@@ -420,19 +453,14 @@ TEST(LevelRules, AWalkWithoutTimeStandsStill) {
 
 TEST(LevelRules, FloorWithWallsAroundIsClosed) {
   LevelDraft draft;
-  AddPlate(draft);
-  const std::string wall = LevelDraft::TextOf(draft.Tile(3));
-  for (int row = -1; row <= 2; ++row) {
-    for (int column = -1; column <= 2; ++column) {
-      if (row >= 0 && row <= 1 && column >= 0 && column <= 1) continue;
-      Json tile = draft.Parsed(wall);
-      const std::string place =
-          "[" + std::to_string(30 + 60 * column) + ", " + std::to_string(30 - 60 * row) + ", 1]";
-      draft.Set(tile["Transform"], "m_pos", place);
-      draft.Set(tile["Transform"], "m_world_pos", place);
-      draft.AddTile(LevelDraft::TextOf(tile));
-    }
-  }
+  AddRoom(draft, 2);
+  EXPECT_THAT(SentencesOf(ProblemsOf(draft)), IsEmpty());
+}
+
+TEST(LevelRules, CoverOfTwoTilesIsThickEnough) {
+  LevelDraft draft;
+  AddRoom(draft, 6);
+  for (const int column : {2, 3}) AddWall(draft, column, 0), AddWall(draft, column, 1);
   EXPECT_THAT(SentencesOf(ProblemsOf(draft)), IsEmpty());
 }
 

@@ -85,7 +85,9 @@ class MapRules {
     for (const ObjectView& object : m_level.objects.All()) {
       if (object.IsUnit()) CheckPlaces(object);
     }
-    if (m_has_floor) CheckHull();
+    if (!m_has_floor) return;
+    CheckHull();
+    CheckCover();
   }
 
  private:
@@ -165,6 +167,28 @@ class MapRules {
                          std::to_string(column) + " lies open to space");
       }
     }
+  }
+
+  /// A muzzle lies before its unit, so the shot of a unit that leans on a wall starts within the
+  /// wall: of one tile it leaves on the other side.
+  void CheckCover() {
+    for (int row = 0; row < m_board.Height(); ++row) {
+      for (int column = 0; column < m_board.Width(); ++column) {
+        if (m_board.At(column, row) != Cell::kWall || !PartsFloor(column, row)) continue;
+        m_report.Add("cover-thin", LevelFile::kTiles,
+                     "the wall in row " + std::to_string(row) + ", column " +
+                         std::to_string(column) + " has floor on two opposite sides");
+      }
+    }
+  }
+
+  bool IsFloor(int column, int row) {
+    return m_board.Contains(column, row) && m_board.At(column, row) == Cell::kFloor;
+  }
+
+  bool PartsFloor(int column, int row) {
+    return (IsFloor(column - 1, row) && IsFloor(column + 1, row)) ||
+           (IsFloor(column, row - 1) && IsFloor(column, row + 1));
   }
 
   bool TouchesSpace(int column, int row) {
