@@ -88,15 +88,16 @@ def collider(kind):
     return out
 
 
-def render(texture, tint=1, tile=False):
-    """The Render of a lit image; `tint` multiplies its colours."""
+def render(texture, tint=1, tile=False, alpha=1):
+    """The Render of a lit image; `tint` multiplies its colours, all alike or each by its own of three."""
+    shares = tint if isinstance(tint, (list, tuple)) else (tint, tint, tint)
     return {
         "m_tile": tile,
         "m_visible": True,
         "m_zLayer": 0.0,
         "m_tex": texture,
         "m_hl_tex": texture,
-        "m_colour": floats((tint, tint, tint, 1)),
+        "m_colour": floats((*shares, alpha)),
         "m_shader": LIT,
     }
 

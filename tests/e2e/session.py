@@ -54,7 +54,7 @@ class Session(LevelTest):
     @staticmethod
     def walls_at(cells, walls, tiles):
         """A wall for each cell, made like the first one of the level."""
-        wall = next(tile for tile in tiles if tile["Render"]["m_tex"] == "Tile_Wall")
+        wall = next(tile for tile in tiles if tile["Render"]["m_tex"].startswith("Wall_"))
         for x, y in cells:
             size = walls["TileSize"]
             place = [(x + 0.5 - walls["Width"] / 2) * size, (walls["Height"] / 2 - 0.5 - y) * size]

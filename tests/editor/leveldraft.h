@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "editor/levelrules.h"
+#include "editor/tiles.h"
 #include "game/levels/levelsave.h"
 #include "support/tempdirectory.h"
 
@@ -143,7 +144,7 @@ class LevelDraft {
     Json& all = tiles["GameObjFactory"];
     for (auto tile = all.Begin(); tile != all.End();) {
       const float y = (*tile)["Transform"]["m_pos"][1].GetFloat();
-      const bool is_wall = (*tile)["Render"]["m_tex"] == "Tile_Wall";
+      const bool is_wall = ZOVEngine::IsWallTexture((*tile)["Render"]["m_tex"].GetString());
       tile = is_wall && (y > 500.0f || y < -500.0f) ? tile + 1 : all.Erase(tile);
     }
   }

@@ -471,6 +471,17 @@ const Json& At(const rapidjson::Document& file, const std::vector<std::uint32_t>
   return *record;
 }
 
+TEST(LevelRules, WhatDriftsInSpaceIsNoFloorAndMayLieAnywhere) {
+  LevelDraft draft;
+  Json cloud = draft.Copy(draft.Tile(3));
+  draft.Set(cloud["Render"], "m_tex", "\"Space_Star\"");
+  for (const char* key : {"m_pos", "m_world_pos"}) {
+    draft.Set(cloud["Transform"], key, "[77, -33, 1]");
+  }
+  draft.AddTile(LevelDraft::TextOf(cloud));
+  EXPECT_THAT(Problems(draft), IsEmpty());
+}
+
 TEST(LevelRules, TheAddressOfAProblemLeadsToItsObject) {
   LevelDraft draft;
   Field("bullet_hit", "Render", "m_tex", "\"Nothing\"")(draft);

@@ -66,8 +66,42 @@ TEST_F(TilesTest, AStrokeIsUndoneToTheByte) {
   editor->Undo();
   EXPECT_EQ(Saved(), files[LevelPaths("Level01").tiles]);
   editor->Redo();
-  EXPECT_EQ(editor->tiles.Look(m_cells.At(5, 9)), NewTile("Tile_Wall"));
+  // A wall stands to the left of the first one, at column 6 of the level's own.
+  EXPECT_EQ(editor->tiles.Look(m_cells.At(8, 9)), NewTile("Wall_W"));
   EXPECT_EQ(editor->tiles.Look(m_cells.At(0, 5)), TileLook());
+}
+
+TEST(WallTexture, NamesTheSidesAtWhichTheWallGoesOn) {
+  EXPECT_EQ(WallTexture(0), "Tile_Wall");
+  EXPECT_EQ(WallTexture(kWallWest), "Wall_W");
+  EXPECT_EQ(WallTexture(kWallNorth | kWallEast | kWallSouth | kWallWest), "Wall_NESW");
+  EXPECT_TRUE(IsWallTexture("Tile_Wall"));
+  EXPECT_TRUE(IsWallTexture(WallTexture(kWallNorth | kWallSouth)));
+  EXPECT_FALSE(IsWallTexture("Tile_Floor"));
+  EXPECT_FALSE(IsWallTexture(""));
+}
+
+TEST_F(TilesTest, AStrokeJoinsItsWallsToThoseBesideThem) {
+  TileStroke stroke(&editor->tiles);
+  const auto texture = [this](int column, int row) {
+    return editor->tiles.Look(m_cells.At(column, row)).texture;
+  };
+  ASSERT_EQ(texture(0, 12), "Wall_NS");
+  stroke.Paint(m_cells.At(1, 12), NewTile("Tile_Wall"));
+  stroke.Paint(m_cells.At(2, 12), NewTile("Tile_Wall"));
+  EXPECT_EQ(texture(0, 12), "Wall_NES");
+  EXPECT_EQ(texture(1, 12), "Wall_EW");
+  EXPECT_EQ(texture(2, 12), "Wall_W");
+  EXPECT_TRUE(stroke.HasChanged(m_cells.At(0, 12)));
+  stroke.Paint(m_cells.At(1, 12), TileLook());
+  EXPECT_EQ(texture(0, 12), "Wall_NS");
+  EXPECT_EQ(texture(2, 12), "Tile_Wall");
+}
+
+TEST_F(TilesTest, AWallPaintedOverAJoinedOneIsNoGesture) {
+  TileStroke stroke(&editor->tiles);
+  stroke.Paint(m_cells.At(0, 12), NewTile("Tile_Wall"));
+  EXPECT_EQ(stroke.End("Paint"), nullptr);
 }
 
 TEST_F(TilesTest, AStrokeThatChangesNothingIsNoGesture) {

@@ -9,6 +9,10 @@
 namespace ZOVEngine {
 namespace {
 
+/// The textures of what drifts in space under the station begin so: it is no floor and may lie
+/// anywhere.
+constexpr const char* kSpacePrefix = "Space_";
+
 /// What lies on a cell.
 enum class Cell : std::uint8_t { kSpace, kFloor, kWall };
 
@@ -105,6 +109,10 @@ class MapRules {
   }
 
   void PutOnBoard(const ObjectView& tile, const Vector3D& place) {
+    if (LiesInSpace(tile)) {
+      PutWall(place);
+      return;
+    }
     const Vector3D size = tile.Vector("Transform", "m_scale", Vector3D(1.0f, 1.0f, 1.0f));
     const auto side = static_cast<float>(m_board.Size());
     const float left = m_board.ColumnOf(place.x - size.x / 2.0f);
@@ -121,6 +129,10 @@ class MapRules {
     if (PutWall(place) || !is_within) return;
     m_has_floor = true;
     PutFloor(ToCell(left), ToCell(top), ToCell(right), ToCell(bottom));
+  }
+
+  static bool LiesInSpace(const ObjectView& tile) {
+    return tile.Text("Render", "m_tex", "").rfind(kSpacePrefix, 0) == 0;
   }
 
   /// Puts a wall on the cell in whose very middle the tile lies; false if there is none.

@@ -15,6 +15,8 @@ namespace ZOVEngine {
 namespace {
 
 constexpr const char* kFloorPrefix = "Tile_Floor";
+constexpr const char* kLoneWall = "Tile_Wall";
+constexpr const char* kJoinedWallPrefix = "Wall_";
 constexpr std::int32_t kPlateCells = 2;  ///< sides of a plate
 /// The light that a plate and a wall give back: walls stand out.
 constexpr float kFloorTint = 1.15f;
@@ -54,6 +56,22 @@ void SetLook(GameObj* tile, const TileLook& look) {
   transform.DeriveWorld();
 }
 
+/// A side of a cell, and the steps to the cell beyond it.
+struct Neighbour {
+  WallSide side;
+  char letter;
+  std::int32_t dx, dy;
+};
+
+constexpr Neighbour kNeighbours[] = {{kWallNorth, 'N', 0, 1},
+                                     {kWallEast, 'E', 1, 0},
+                                     {kWallSouth, 'S', 0, -1},
+                                     {kWallWest, 'W', -1, 0}};
+
+TilePlace Beside(const TilePlace& place, const Neighbour& neighbour) {
+  return {place.x + neighbour.dx * place.size, place.y + neighbour.dy * place.size, place.size};
+}
+
 TilePlace PlaceOf(GameObj* tile) {
   const Transform& transform = *tile->GetComponent<Transform>();
   return {Truncate(transform.m_local_pos.x), Truncate(transform.m_local_pos.y),
@@ -87,6 +105,19 @@ bool IsFloorTexture(const std::string& texture) {
 TileLook NewTile(const std::string& texture) {
   const float tint = IsFloorTexture(texture) ? kFloorTint : kWallTint;
   return {texture, texture, {tint, tint, tint, 1.0f}, 0.0f};
+}
+
+std::string WallTexture(unsigned sides) {
+  if (sides == 0) return kLoneWall;
+  std::string texture = kJoinedWallPrefix;
+  for (const Neighbour& neighbour : kNeighbours) {
+    if ((sides & neighbour.side) != 0) texture += neighbour.letter;
+  }
+  return texture;
+}
+
+bool IsWallTexture(const std::string& texture) {
+  return texture == kLoneWall || texture.rfind(kJoinedWallPrefix, 0) == 0;
 }
 
 TilePlaces::TilePlaces(const TileMapInfo& map, bool plates)
@@ -165,6 +196,12 @@ std::size_t TileBook::Count() {
 }
 
 void TileStroke::Paint(const TilePlace& place, const TileLook& look) {
+  Change(place, look);
+  JoinWall(place);
+  for (const Neighbour& neighbour : kNeighbours) JoinWall(Beside(place, neighbour));
+}
+
+void TileStroke::Change(const TilePlace& place, const TileLook& look) {
   const TileLook before = m_book->Look(place);
   if (before == look) return;
   m_book->Lay(place, look);
@@ -174,6 +211,22 @@ void TileStroke::Paint(const TilePlace& place, const TileLook& look) {
   } else {
     m_changes[entry->second].after = look;
   }
+}
+
+bool TileStroke::IsWall(const TilePlace& place) const {
+  return IsWallTexture(m_book->Look(place).texture);
+}
+
+/// Gives a wall the texture that fits its neighbours; leaves any other tile as it is.
+void TileStroke::JoinWall(const TilePlace& place) {
+  if (!IsWall(place)) return;
+  unsigned sides = 0;
+  for (const Neighbour& neighbour : kNeighbours) {
+    if (IsWall(Beside(place, neighbour))) sides |= neighbour.side;
+  }
+  TileLook look = m_book->Look(place);
+  look.texture = look.highlight = WallTexture(sides);
+  Change(place, look);
 }
 
 bool TileStroke::HasChanged(const TilePlace& place) const {

@@ -43,6 +43,14 @@ struct TileLook {
 /// A tile as the tools paint it: walls give back more light than floors.
 TileLook NewTile(const std::string& texture);
 
+/// The sides of a cell at which walls stand, as bits.
+enum WallSide : unsigned { kWallNorth = 1, kWallEast = 2, kWallSouth = 4, kWallWest = 8 };
+/// The texture of a wall that joins the walls at `sides`, a sum of WallSide: "Tile_Wall" for one
+/// that stands alone, else "Wall_" with the letters of the sides.
+std::string WallTexture(unsigned sides);
+/// True for "Tile_Wall" and the textures of joined walls.
+bool IsWallTexture(const std::string& texture);
+
 /// One place of a stroke.
 struct TileChange {
   TilePlace place;
@@ -93,7 +101,9 @@ class TileBook {
   std::uint64_t m_clear_count = static_cast<std::uint64_t>(-1);
 };
 
-/// A stroke of a tile tool, from the press of the button to its release.
+/// A stroke of a tile tool, from the press of the button to its release. It keeps the walls joined:
+/// whenever a cell becomes a wall, or ceases to be one, the walls beside it get the textures that
+/// fit their neighbours.
 class TileStroke {
  public:
   explicit TileStroke(TileBook* book) : m_book(book) {}
@@ -104,6 +114,10 @@ class TileStroke {
   std::unique_ptr<EditCommand> End(const std::string& label);
 
  private:
+  void Change(const TilePlace& place, const TileLook& look);
+  bool IsWall(const TilePlace& place) const;
+  void JoinWall(const TilePlace& place);
+
   TileBook* m_book;
   std::vector<TileChange> m_changes;
   std::unordered_map<TilePlace, std::size_t, TilePlaceHash> m_index;  ///< in `m_changes`

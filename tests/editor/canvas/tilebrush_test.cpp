@@ -20,7 +20,7 @@ class TileBrushTest : public carapace_test::EditorTest {
   }
 
   TileLook Look(int column, int row) { return editor->tiles.Look(m_cells.At(column, row)); }
-  static bool Is(const TileLook& look, const char* texture) { return look.texture == texture; }
+  bool IsWall(int column, int row) { return IsWallTexture(Look(column, row).texture); }
 
   /// A frame with the mouse in the middle of a cell, the left button down or up.
   void Frame(int column, int row, bool down) {
@@ -49,7 +49,7 @@ class TileBrushTest : public carapace_test::EditorTest {
 
 TEST_F(TileBrushTest, AFastStrokeLeavesNoGapsAndIsOneGesture) {
   Stroke(8, 10, 12, 10);
-  for (int column = 8; column <= 12; ++column) EXPECT_TRUE(Is(Look(column, 10), "Tile_Wall"));
+  for (int column = 8; column <= 12; ++column) EXPECT_TRUE(IsWall(column, 10));
   EXPECT_EQ(editor->history.Size(), 1u);
   EXPECT_EQ(editor->history.Label(0), "Draw Single");
   editor->Undo();
@@ -58,7 +58,7 @@ TEST_F(TileBrushTest, AFastStrokeLeavesNoGapsAndIsOneGesture) {
 
 TEST_F(TileBrushTest, EraseClearsACell) {
   g_editor.m_tile_map.m_mode = "Erase";
-  ASSERT_TRUE(Is(Look(0, 5), "Tile_Wall"));
+  ASSERT_TRUE(IsWall(0, 5));
   Stroke(0, 5, 0, 5);
   EXPECT_EQ(Look(0, 5), TileLook());
 }
@@ -66,14 +66,14 @@ TEST_F(TileBrushTest, EraseClearsACell) {
 TEST_F(TileBrushTest, ARowFillsTheMapFromEdgeToEdge) {
   g_editor.m_tile_map.m_mode = "Draw Row";
   Stroke(10, 9, 10, 9);
-  for (int column = 0; column < 32; ++column) EXPECT_TRUE(Is(Look(column, 9), "Tile_Wall"));
+  for (int column = 0; column < 32; ++column) EXPECT_TRUE(IsWall(column, 9));
   EXPECT_EQ(editor->history.Size(), 1u);
 }
 
 TEST_F(TileBrushTest, AColumnFillsTheMapFromTopToBottom) {
   g_editor.m_tile_map.m_mode = "Draw Column";
   Stroke(10, 9, 10, 9);
-  for (int row = 0; row < 18; ++row) EXPECT_TRUE(Is(Look(10, row), "Tile_Wall"));
+  for (int row = 0; row < 18; ++row) EXPECT_TRUE(IsWall(10, row));
 }
 
 TEST_F(TileBrushTest, RotateTurnsATileOnceAStroke) {
@@ -110,11 +110,11 @@ TEST_F(TileBrushTest, AStrokeThatEndsOutsideThePictureIsAGestureToo) {
 }
 
 TEST_F(TileBrushTest, TheMapHoldsNoMoreTilesThanItHasCells) {
-  g_editor.m_tile_map.m_width = 16;  // 288 cells, of which the level's tiles take most
+  g_editor.m_tile_map.m_width = 20;  // 360 cells, of which the level's tiles take most
   m_cells = TilePlaces(g_editor.m_tile_map, false);
   g_editor.m_tile_map.m_mode = "Draw Row";
   for (int row = 4; row < 16; ++row) Stroke(8, row, 8, row);
-  EXPECT_EQ(editor->tiles.Count(), 16u * 18u);
+  EXPECT_EQ(editor->tiles.Count(), 20u * 18u);
   EXPECT_TRUE(editor->log.Lines().back().fault);
 }
 
