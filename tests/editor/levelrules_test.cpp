@@ -464,13 +464,6 @@ TEST(LevelRules, CoverOfTwoTilesIsThickEnough) {
   EXPECT_THAT(SentencesOf(ProblemsOf(draft)), IsEmpty());
 }
 
-/// The record at an address.
-const Json& At(const rapidjson::Document& file, const std::vector<std::uint32_t>& address) {
-  const Json* record = &file["GameObjFactory"][address.front()];
-  for (std::size_t i = 1; i < address.size(); ++i) record = &(*record)["Childs"][address[i]];
-  return *record;
-}
-
 TEST(LevelRules, WhatDriftsInSpaceIsNoFloorAndMayLieAnywhere) {
   LevelDraft draft;
   Json cloud = draft.Copy(draft.Tile(3));
@@ -479,7 +472,14 @@ TEST(LevelRules, WhatDriftsInSpaceIsNoFloorAndMayLieAnywhere) {
     draft.Set(cloud["Transform"], key, "[77, -33, 1]");
   }
   draft.AddTile(LevelDraft::TextOf(cloud));
-  EXPECT_THAT(Problems(draft), IsEmpty());
+  EXPECT_THAT(SentencesOf(ProblemsOf(draft)), IsEmpty());
+}
+
+/// The record at an address.
+const Json& At(const rapidjson::Document& file, const std::vector<std::uint32_t>& address) {
+  const Json* record = &file["GameObjFactory"][address.front()];
+  for (std::size_t i = 1; i < address.size(); ++i) record = &(*record)["Childs"][address[i]];
+  return *record;
 }
 
 TEST(LevelRules, TheAddressOfAProblemLeadsToItsObject) {

@@ -16,8 +16,8 @@ def shape(kind, category, part=1.0):
 def black_hole(own):
     return record("EnvBlackhole", {
         **place(own, 180),
-        **sprite("Sheet_Menu_Blackhole"),
-        **animation(0.06, loop=("Sheet_Menu_Blackhole", 10)),
+        **sprite("Sheet_Env_Blackhole"),
+        **animation(0.06, loop=("Sheet_Env_Blackhole", 10)),
         **light((0.45, 0.6, 1.0), 0.8, 20),
         "EnvironmentBlackhole": {"m_suction_force": float(own.get("force", 4)), "m_suction_range": float(own.get("range", 220))},
         **shape("Circle", "Blackhole", 0.42),
