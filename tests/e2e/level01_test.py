@@ -25,7 +25,7 @@ class FirstLevel(LevelTest):
 
     def records(self, key):
         """The records of a side's units in the level's file, from the top downwards."""
-        root = self.read_json(self.objects_file())["GameObjFactory"][0]
+        root = next(own for own in self.read_json(self.objects_file())["GameObjFactory"] if "GameController" in own)
         return sorted((record for record in root["Childs"] if key in record),
                       key=lambda record: -record["Transform"]["m_pos"][1])
 

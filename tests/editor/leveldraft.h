@@ -118,8 +118,13 @@ class LevelDraft {
                                  "ui_pause_glossary_weapons", "ui_pause_glossary_enviro",
                                  "EnvDestructible", "EnvDamage", "EnvBlackhole", "camera"});
     KeepChildren(Find("camera"), {"ui_pause_resume"});
+    Json root = Copy(Find("level"));
+    Json light = Copy(Find("lamp"));
+    for (const char* look : {"Render", "iModel"}) DropComponent(light, look);
     Json& records = objects["GameObjFactory"];
-    while (records.Size() > 2) records.PopBack();
+    records.Clear();
+    records.PushBack(root, objects.GetAllocator());
+    records.PushBack(light, objects.GetAllocator());
   }
 
   static Json* FindIn(Json& records, const std::string& name) {

@@ -49,6 +49,7 @@ TEST(Palette, NewObjectsStandBeforeTheInterface) {
             Child("b", "Enemy") + "," + Child("energy", "UIElement"));
   EXPECT_EQ(PlaceInLevel(full, {1}, "Units"), 3u);
   EXPECT_EQ(PlaceInLevel(full, {1}, "Hazards"), 1u);
+  EXPECT_EQ(PlaceInLevel(full, {1}, "Decor"), 0u) << "under all else";
 }
 
 TEST(Palette, OnlyAUnitWithThatHandTakesAWeapon) {

@@ -15,6 +15,11 @@ UNITS = "Level Editor/Levels/Level01/Entity/Units.json"
 DESCRIPTION = "assets/levels/level01.toml"
 
 
+def root_of(objects):
+    """The object that runs a level."""
+    return next(own for own in objects if "GameController" in own)
+
+
 class LevelMaker(unittest.TestCase):
     def assert_refused(self, text, *words):
         """The description is refused with a message that has all these words."""
@@ -27,7 +32,7 @@ class LevelMaker(unittest.TestCase):
     def test_a_unit_has_its_shots_and_marks(self):
         files = make_level(LEVEL01)
         objects = json.loads(files["Level Editor/Levels/Level01/Entity/Units.json"])["GameObjFactory"]
-        unit = next(child for child in objects[0]["Childs"] if "Player" in child)
+        unit = next(child for child in root_of(objects)["Childs"] if "Player" in child)
         names = [child["name"] for child in unit["Childs"]]
         for name in ("Weapon0Barrel", "Weapon1Projectile", "ui_selected", "hp_font", "unit_damaged"):
             self.assertEqual(names.count(name), 1, name)
@@ -209,8 +214,8 @@ class AuthoredLevel(unittest.TestCase):
         self.assertEqual(hero["Player"]["m_health"], 2)
         self.assertEqual(hero["Childs"][-1]["name"], "flag")
         self.assertEqual(self.objects()["enemy1"]["Enemy"]["m_waypoints"], [[660.0, 300.0, 1.0], [600.0, 0.0, 1.0]])
-        names = [own["name"] for own in json.loads(self.text())["GameObjFactory"][0]["Childs"]]
-        self.assertEqual(names, [own["name"] for own in json.loads(authored)["GameObjFactory"][0]["Childs"]])
+        names, before = ([own["name"] for own in root_of(json.loads(text)["GameObjFactory"])["Childs"]] for text in (self.text(), authored))
+        self.assertEqual(names, before)
         barrel = next(own for own in hero["Childs"] if own["name"] == "Weapon0Barrel")
         self.assertEqual(round(barrel["Transform"]["m_world_rotate"], 3), 10, "it stands as the unit does")
 

@@ -22,7 +22,7 @@ def run(*arguments, folder=ROOT):
 def without(name):
     """The files of the first level without one child of the object that runs it."""
     file = json.loads(FILES[UNITS])
-    root = file["GameObjFactory"][0]
+    root = next(own for own in file["GameObjFactory"] if "GameController" in own)
     root["Childs"] = [own for own in root["Childs"] if own["name"] != name]
     return {**FILES, UNITS: json.dumps(file)}
 

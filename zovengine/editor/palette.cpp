@@ -19,8 +19,8 @@ using rapidjson::Document;
 
 constexpr const char* kFolder = "Resources/Archetypes/Palette";
 constexpr const char* kNewLevel = "Resources/Archetypes/Palette/newlevel.json";
-constexpr std::array<std::string_view, 5> kCategories = {"Units", "Weapons", "Hazards", "Lights",
-                                                         "Things"};
+constexpr std::array<std::string_view, 6> kCategories = {"Units",  "Weapons", "Hazards",
+                                                         "Lights", "Things",  "Decor"};
 constexpr std::array<const char*, 4> kInterfaceParts = {"UIElement", "Button", "Font", "Camera"};
 
 Document ReadJson(const std::string& path) {
@@ -147,7 +147,7 @@ ObjectPath FindLevelRoot(const LevelDocument& document) {
 std::size_t PlaceInLevel(const LevelDocument& document, const ObjectPath& root,
                          const std::string& category) {
   const Value* children = document.Children(root);
-  if (children == nullptr) return 0;
+  if (children == nullptr || category == "Decor") return 0;
   const auto list = children->GetArray();
   const auto front = std::find_if(list.begin(), list.end(), IsInterface);
   auto place = std::find_if(list.begin(), front, IsUnitRecord);

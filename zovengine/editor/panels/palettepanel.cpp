@@ -18,8 +18,8 @@ constexpr float kTile = 84.0f;       // of an entry (unit: pixels)
 constexpr float kThumbnail = 50.0f;  // (unit: pixels)
 constexpr float kSearchWidth = 150.0f;
 constexpr float kWeaponWidth = 120.0f;
-constexpr std::array<const char*, 6> kCategories = {"All",     "Units",  "Weapons",
-                                                    "Hazards", "Lights", "Things"};
+constexpr std::array<const char*, 7> kCategories = {"All",    "Units",  "Weapons", "Hazards",
+                                                    "Lights", "Things", "Decor"};
 
 /// True over the level's picture, but not over a panel.
 bool IsOverLevel() {
