@@ -3,7 +3,7 @@
 Positions and sizes are world units from the middle of the screen, y upwards. The screen is 1080 high, and at least 1440 wide:
 what is needed stays within 700 to the left and the right.
 """
-from records import animation, audio_source, record, shared_square, sound, sprite, transform
+from records import animation, audio_source, record, sound, sprite, square_at, transform
 
 WIDE = (2600, 1100)  # covers every screen, up to 21 by 9
 BUTTON, SHORT_BUTTON, TAB, SWITCH = (416, 96), (288, 96), (320, 80), (192, 96)
@@ -33,6 +33,14 @@ def element(behaviour, texture, at, size, name=None, alpha=1, visible=False):
         **sprite(texture, visible=visible, alpha=alpha),
         "UIElement": {"m_ui_element_name": behaviour},
     })
+
+
+def sample(behaviour, texture, where, at, size, name, brightness=1):
+    """An area in the colour that a texture has at one place, u and v; `brightness` multiplies it. It starts unseen."""
+    own = element(behaviour, texture, at, size, name, alpha=0, visible=True)
+    own["Render"]["m_colour"][:3] = [float(brightness)] * 3
+    own["iModel"] = square_at(where)
+    return own
 
 
 def text(behaviour, at, scale, colour, words=""):

@@ -107,13 +107,21 @@ def shared_square():
     return {"m_vertices": [[0.0, 0.0, 0.0, 0.0, 0.0, 255, 255, 255, 255]], "m_index_buffer": [0, 1, 3, 1, 2, 3]}
 
 
-def own_square():
-    """The iModel of a unit square with vertices of its own."""
+def own_square(aside=0):
+    """The iModel of a unit square with vertices of its own; `aside` moves it by so many of its widths."""
     square = ((-0.5, 0.5, 0.0, 0.0), (0.5, 0.5, 1.0, 0.0), (0.5, -0.5, 1.0, 1.0), (-0.5, -0.5, 0.0, 1.0))
     return {
-        "m_vertices": [[x, y, 0.0, u, v, 255, 255, 255, 255] for x, y, u, v in square],
+        "m_vertices": [[x + aside, y, 0.0, u, v, 255, 255, 255, 255] for x, y, u, v in square],
         "m_index_buffer": [0, 1, 3, 1, 2, 3],
     }
+
+
+def square_at(where):
+    """The iModel of a unit square that shows a single place of its texture, u and v from the upper left corner."""
+    own = own_square()
+    for vertex in own["m_vertices"]:
+        vertex[3:5] = floats(where)
+    return own
 
 
 def sprite(texture, visible=True, alpha=1, shader="default", model=shared_square):

@@ -4,41 +4,64 @@ It lies in two layers. The lower one is drawn with the world, in the order of cr
 dims it, and the glossary, whose pieces the game looks up among the children of the level's root. The upper one, the other
 screens, lies below the camera and covers everything.
 """
-from pieces import SWITCH, WIDE, button, column, element, glossary, image, looks, page, question, text
+from pieces import SWITCH, WIDE, button, column, element, glossary, image, looks, page, question, sample, text
 
 NEVER = "ui_key_hint"  # no screen has this state, so the hints of keys are always shown and never clicked
-TOP, BOTTOM, HEIGHT = 510, -510, 56  # the strips lie on the walls above and below the arena
+# The strips lie on the walls above and below the arena. Their bays lie towards the screen's edge; towards the arena runs a line.
+TOP, BOTTOM, TOP_BAY, BOTTOM_BAY, TOP_LINE, BOTTOM_LINE = 510, -510, 514, -514, 483, -483
+STRIP, LINE, BAY = (2560, 60), (2560, 6), 48
 PALE = (0.95, 0.96, 1.0)
-# Width 125 at x = -480: what the element takes for its own unless it is told otherwise.
-ENERGY = ((-480, BOTTOM), (125, 22))
+ENERGY_LEFT, ENERGY = -582, (196, 24)  # of the full bar
+# The middles of the bays that show the weapons, and their width.
+WEAPONS, WEAPON = (-237, 237), 250
+SHELL = (0.387, 0.766)  # a place of all guns' images where they have the colour of their side
+DIM, FULL = 0.3, 1.0  # brightness of a bay behind the name of a weapon, and of the lines
+# Pieces of former interfaces, which a level that is renewed loses.
+RETIRED = {"ui_controls", "ui_round_plate", "ui_goal", "ui_energy_plate", "ui_weapon0_plate", "ui_weapon1_plate"}
 
 
-def hint(name, texture, x, width):
-    return button(name, NEVER, (texture, texture, texture), (x, BOTTOM), (width, HEIGHT), visible=True)
+def hint(name, texture, left, width):
+    return button(name, NEVER, (texture, texture, texture), (left + width / 2, BOTTOM_BAY), (width, BAY), visible=True)
 
 
-def weapon(index, x):
-    """The panel of a weapon: its gun and its name."""
-    return [image(f"ui_weapon{index}_plate", "Hud_Weapon", (x, BOTTOM), (240, HEIGHT)),
-            element(f"ui_weapon{index}_tex", "Gun_Basic_Green", (x - 88, BOTTOM - 3), (56, 56), alpha=0, visible=True),
-            text(f"ui_weapon{index}_font", (x - 50, BOTTOM - 9), 0.54, PALE)]
+def side_light(index, name, at, size, brightness):
+    """A plain area in the colour of the acting unit's side: bright when the weapon is in its hand, and else faint."""
+    return sample(f"ui_weapon{index}_tex", "Gun_Basic_Green", SHELL, at, size, f"ui_{name}{index}", brightness)
+
+
+def turn_lines():
+    """Along the strips, in the colour of the side whose turn it is. Those of the two weapons lie on each other, since one of them
+    is bright at a time.
+    """
+    return [side_light(index, f"turn_line_{strip}", (0, y), LINE, FULL)
+            for strip, y in (("top", TOP_LINE), ("bottom", BOTTOM_LINE)) for index in (0, 1)]
+
+
+def weapon(index):
+    """The bay of a weapon: its gun and its name, on a ground that is lit when it is in the hand."""
+    x = WEAPONS[index]
+    return [side_light(index, "weapon_ground", (x, BOTTOM_BAY), (WEAPON - 8, BAY - 8), DIM),
+            side_light(index, "weapon_mark", (x, BOTTOM_BAY - BAY / 2 + 5), (WEAPON - 28, 4), FULL),
+            element(f"ui_weapon{index}_tex", "Gun_Basic_Green", (x - 92, BOTTOM_BAY), (48, 48), alpha=0, visible=True),
+            text(f"ui_weapon{index}_font", (x - 56, BOTTOM_BAY - 8), 0.54, PALE)]
 
 
 def in_play():
+    bar = (ENERGY_LEFT + ENERGY[0] / 2, BOTTOM_BAY)
     return [
         element("aoe_indicator", "UI_Reach", (0, 0), (0, 0), visible=True),
-        image("ui_controls", "Hud_Controls", (-476, TOP), (448, HEIGHT)),
-        image("ui_round_plate", "Hud_Round", (0, TOP), (224, HEIGHT)),
-        text("ui_turn", (48, TOP - 12), 0.7, PALE),
-        image("ui_goal", "Hud_Goal", (476, TOP), (448, HEIGHT)),
-        image("ui_energy_plate", "Hud_Energy", (-548, BOTTOM), (304, HEIGHT)),
-        element("ui_energy", "UI_EnergyFilled", *ENERGY, visible=True),
-        *weapon(0, -268),
-        hint("ui_cycle_left", "Hud_CycleLeft", -102, 80),
-        hint("ui_cycle_right", "Hud_CycleRight", 2, 128),
-        *weapon(1, 188),
-        hint("ui_undo", "Hud_Undo", 412, 192),
-        hint("ui_skip", "Hud_Skip", 612, 176),
+        image("ui_strip_top", "Hud_Top", (0, TOP), STRIP),
+        image("ui_strip_bottom", "Hud_Bottom", (0, BOTTOM), STRIP),
+        element("ui_energy", "UI_EnergyFilled", bar, ENERGY, visible=True),
+        image("ui_energy_frame", "Hud_EnergyFrame", bar, (ENERGY[0] + 8, ENERGY[1] + 10)),
+        text("ui_turn", (40, TOP_BAY - 10), 0.66, PALE),
+        hint("ui_cycle_left", "Hud_CycleLeft", -104, 84),
+        hint("ui_cycle_right", "Hud_CycleRight", -20, 124),
+        hint("ui_undo", "Hud_Undo", 370, 182),
+        hint("ui_skip", "Hud_Skip", 560, 152),
+        *weapon(0),
+        *weapon(1),
+        *turn_lines(),
     ]
 
 
@@ -59,9 +82,9 @@ def switch(name, y):
 def options():
     return [
         element("ui_options_options", "Panel_Options", (0, 60), (720, 480)),
-        switch("ui_options_music", 118),
-        switch("ui_options_sfx", 8),
-        button("ui_options_back", "ui_options", looks("Button_Back"), (0, -112)),
+        switch("ui_options_music", 128),
+        switch("ui_options_sfx", 28),
+        button("ui_options_back", "ui_options", looks("Button_Back"), (0, -110)),
     ]
 
 

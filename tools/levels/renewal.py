@@ -15,6 +15,7 @@ def renew(records):
     """Renews the records of an object file in place. Returns a sentence for each unit that it had to leave alone."""
     left = []
     for root in (own for own in records if "GameController" in own):
+        root["Childs"] = [own for own in root["Childs"] if not is_interface(own) or own["name"] not in interface.RETIRED]
         root["Childs"] = exchanged(root["Childs"], interface.lower_layer(), is_interface)
         for child in root["Childs"]:
             if "Camera" in child:

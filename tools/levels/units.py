@@ -1,10 +1,11 @@
 """Units: those of both sides and the boss, with all children that the game finds by name."""
+import functools
 import math
 import sys
 
 from levels.shots import HIT, KINDS, shot
-from records import (animation, attached, body, collider, floats, light, puffs, record, render, shared_square, sounds, sprite,
-                     transform)
+from records import (animation, attached, body, collider, floats, light, own_square, puffs, record, render, shared_square, sounds,
+                     sprite, transform)
 
 # With a mass of 350 and a drag of 8, the full energy of 2 seconds carries a player about 250 units, and the unit rests half a second
 # after the key is released. One push carries an enemy 90 units.
@@ -111,9 +112,11 @@ def marks(own, size, kind):
             "Font": {"m_text": "", "m_colour": list(colour)},
             "UIElement": {"m_ui_element_name": "ui_font"},
         })
+    # The game places the label to the right of the unit. Where the screen's right edge is near, the image lies left of it.
+    turned = functools.partial(own_square, -1.2) if own["m_world_pos"][0] > 0 else shared_square
     yield record("WeaponText", {
         "Transform": attached(own, (120, 0), (size * 2.32, size * 1.104)),
-        **sprite("WeaponFloat_Basic", alpha=0),
+        **sprite("WeaponFloat_Basic", alpha=0, model=turned),
     })
 
 
