@@ -193,6 +193,25 @@ class AuthoredLevel(unittest.TestCase):
         self.run_maker("--renew", "level01")
         self.assertEqual(self.objects(), fresh)
 
+    def test_renewing_takes_away_the_pieces_of_former_interfaces(self):
+        fresh = self.objects()
+
+        def age(by_name):
+            former = json.loads(json.dumps(by_name["ui_strip_top"]))
+            former["name"] = "ui_round_plate"
+            by_name["level"]["Childs"].append(former)
+
+        self.change(age)
+        self.assertIn("ui_round_plate", self.objects())
+        self.run_maker("--renew", "level01")
+        self.assertEqual(self.objects(), fresh)
+
+    def test_the_label_of_a_unit_in_the_right_half_opens_to_the_left(self):
+        for unit, opens_left in (("player1", False), ("enemy1", True)):
+            label = next(own for own in self.objects()[unit]["Childs"] if own["name"] == "WeaponText")
+            vertices = label["iModel"]["m_vertices"]
+            self.assertEqual(max(vertex[0] for vertex in vertices) < 0, opens_left, unit)
+
     def test_renewing_leaves_what_the_author_placed_and_changed(self):
         def work(by_name):
             player = by_name["player1"]

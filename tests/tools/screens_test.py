@@ -2,11 +2,13 @@
 import itertools
 import json
 import re
+import subprocess
 import unittest
 
 from makers import ROOT, load
 
 import pieces
+from levels import interface
 from pieces import walk
 
 MENU = "MainMenu"
@@ -72,6 +74,15 @@ def overlap(a, b):
     return abs(ax - bx) < (aw + bw) / 2 and abs(ay - by) < (ah + bh) / 2 * TARGET
 
 
+def colour_at(texture, where):
+    """The red, green, blue and alpha that an image has at a place, u and v from its upper left corner."""
+    u, v = where
+    values = " ".join(f"%[fx:round(255*p{{{u}*w,{v}*h}}.{channel})]" for channel in "rgba")
+    path = ROOT / f"Resources/Textures/{texture}.png"
+    printed = subprocess.run(["convert", str(path), "-format", values, "info:"], check=True, stdout=subprocess.PIPE, text=True).stdout
+    return tuple(map(int, printed.split()))
+
+
 class Screens(unittest.TestCase):
 
     def test_the_tables_and_the_files_are_found(self):
@@ -113,6 +124,25 @@ class Screens(unittest.TestCase):
     def test_every_level_shows_the_hints_of_keys(self):
         for level in LEVELS:
             self.assertLessEqual(KEY_HINTS, clicks(level), level)
+
+    def test_lines_along_both_strips_show_whose_turn_it_is(self):
+        for level in LEVELS:
+            for strip in ("top", "bottom"):
+                lines = [own for own in SCREENS[level] if own["name"] in (f"ui_turn_line_{strip}0", f"ui_turn_line_{strip}1")]
+                self.assertEqual([own["UIElement"]["m_ui_element_name"] for own in lines], ["ui_weapon0_tex", "ui_weapon1_tex"], level)
+                self.assertEqual(lines[0]["Transform"], lines[1]["Transform"], level)
+                for own in lines:
+                    self.assertEqual({tuple(vertex[3:5]) for vertex in own["iModel"]["m_vertices"]}, {interface.SHELL}, level)
+
+    def test_a_gun_has_the_colour_of_its_side_where_the_lines_take_theirs(self):
+        strongest = {"Green": 1, "Red": 0, "Boss": 2}
+        guns = {key: strongest[key.rsplit("_", 1)[1]] for key in LISTED if key.startswith("Gun_")}
+        self.assertEqual(set(guns.values()), {0, 1, 2})
+        for gun, channel in guns.items():
+            colour = colour_at(gun, interface.SHELL)
+            others = [value for place, value in enumerate(colour[:3]) if place != channel]
+            self.assertEqual(colour[3], 255, gun)
+            self.assertGreater(colour[channel], max(others) + 40, f"{gun}: {colour}")
 
     def test_every_button_has_a_click_to_hear(self):
         for screen in SCREENS:

@@ -14,7 +14,7 @@ PALE = (0.95, 0.96, 1.0)
 ENERGY_LEFT, ENERGY = -582, (196, 24)  # of the full bar
 # The middles of the bays that show the weapons, and their width.
 WEAPONS, WEAPON = (-237, 237), 250
-SHELL = (0.387, 0.766)  # a place of all guns' images where they have the colour of their side
+SHELL = (25 / 64, 49 / 64)  # a place of all guns' images where they have the colour of their side
 DIM, FULL = 0.3, 1.0  # brightness of a bay behind the name of a weapon, and of the lines
 # Pieces of former interfaces, which a level that is renewed loses.
 RETIRED = {"ui_controls", "ui_round_plate", "ui_goal", "ui_energy_plate", "ui_weapon0_plate", "ui_weapon1_plate"}
