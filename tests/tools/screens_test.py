@@ -187,6 +187,13 @@ class Screens(unittest.TestCase):
     def test_the_root_of_the_menu_is_the_first_object(self):
         self.assertIn("MainMenuController", objects(MENU)[0])
 
+    def test_nothing_that_drifts_in_the_menu_covers_a_page(self):
+        """Children of a camera are drawn last, and what an emitter gives off is no child of it."""
+        self.assertIn("Camera", root(MENU))
+        emitters = [own for own in objects(MENU)[1:] if "ParticleSystemC" in own]
+        self.assertGreater(len(emitters), 0)
+        self.assertEqual([own["name"] for own, _ in walk(root(MENU)["Childs"]) if "ParticleSystemC" in own], [])
+
     def test_nothing_that_is_drawn_comes_after_the_interface_of_a_level(self):
         for level in LEVELS:
             after = objects(level)[objects(level).index(root(level)) + 1:]
