@@ -201,7 +201,7 @@ def emitter(*, pool, a_second, lifetime, force, force_seconds, sizes, end_size, 
     }}
 
 
-def puffs(pool, a_second, colours, sizes, *, seconds=0.4, force=900, looping=True, duration=3, arc=0):
+def puffs(pool, a_second, colours, sizes, *, seconds=0.4, force=900, looping=True, duration=3, arc=0, texture="Particle_Glow"):
     """A ParticleSystemC whose particles drift off the emitter's rim, along its angle when `arc` is 0, and fade.
 
     `colours` and `sizes` are those at birth and at the end of life.
@@ -210,7 +210,7 @@ def puffs(pool, a_second, colours, sizes, *, seconds=0.4, force=900, looping=Tru
     first, last = sizes
     return emitter(pool=pool, a_second=(a_second // 2, a_second), lifetime=(seconds * 0.6, seconds), force=(force * 0.6, force),
                    force_seconds=0.1, sizes=((first * 0.7, first * 0.7, 1), (first, first, 1)), end_size=(last, last, 1),
-                   colours=(start, start), end_colour=end, arc=arc, texture="Particle_Glow", looping=looping, duration=duration)
+                   colours=(start, start), end_colour=end, arc=arc, texture=texture, looping=looping, duration=duration)
 
 
 def camera():

@@ -1,7 +1,12 @@
 """Hazards: the things that hurt or hinder units, and the cover that they hide behind."""
+import math
 import sys
 
-from records import animation, body, collider, light, record, render, shared_square, sprite, transform
+from records import animation, attached, body, collider, light, puffs, record, render, shared_square, sprite, transform
+
+# Sparks that fall into a hole: how far beside its middle they aim, and their colour at birth.
+INFALL_SLANT = 38
+INFALL_COLOUR = (0.9, 1.1, 2.0, 0.0)
 
 
 def place(own, side, turn=0):
@@ -13,15 +18,28 @@ def shape(kind, category, part=1.0):
     return {"ColliderHolder": {**collider({"shape": kind, "category": category}), "m_local_scale": [part, part, 1.0]}}
 
 
+def infall(parent, count=6):
+    """Emitters around a hole that throw sparks aslant towards its rim. They turn with it, which makes the sparks a spiral."""
+    size = parent["m_world_scale"][0]
+    for k in range(count):
+        angle = math.radians(360 / count * k)
+        at = (math.cos(angle) * size * 0.62, math.sin(angle) * size * 0.62)
+        yield record("infall", {
+            "Transform": attached(parent, at, (1, 1), 360 / count * k + 180 - INFALL_SLANT, follow=True),
+            **puffs(6, 7, (INFALL_COLOUR, (1.1, 1.6, 2.0, 0.75)), (7, 2), seconds=0.9, force=size * 7, texture="Particle_Glow"),
+        })
+
+
 def black_hole(own):
+    at = place(own, 180)
     return record("EnvBlackhole", {
-        **place(own, 180),
+        **at,
         **sprite("Sheet_Env_Blackhole"),
         **animation(0.06, loop=("Sheet_Env_Blackhole", 10)),
         **light((0.45, 0.6, 1.0), 0.8, 20),
         "EnvironmentBlackhole": {"m_suction_force": float(own.get("force", 4)), "m_suction_range": float(own.get("range", 220))},
         **shape("Circle", "Blackhole", 0.42),
-    })
+    }, infall(at["Transform"]))
 
 
 def damage(own):
@@ -89,13 +107,13 @@ KINDS = {
 
 
 def twin(own):
-    """The invisible twin that stands before a hazard with a loop. In the frame in which a loop starts over, the renderer draws the
+    """The invisible twin that stands before a sprite with a loop. In the frame in which a loop starts over, the renderer draws the
     square that the sprite before left uploaded; with the twin, that is the last frame of the sheet and not the whole sheet at once.
-    It lies in the pass of its hazard: what marks a zone is drawn beneath the units.
+    It lies in the pass of its sprite: what marks a zone is drawn beneath the units.
     """
     copied = {key: own[key] for key in ("Transform", "Render", "iModel", "Animation", "EnvironmentDamage") if key in own}
     out = record(f"{own['name']}Twin", {**copied, "StateC": {"m_state": "loop"}})
-    out["Render"] = {**own["Render"], "m_colour": [1.0, 1.0, 1.0, 0.0]}
+    out["Render"] = {**own["Render"], "m_visible": True, "m_colour": [1.0, 1.0, 1.0, 0.0]}
     return out
 
 

@@ -46,7 +46,8 @@ def renew_unit(own):
     weapons = [weapon(own, index) for index in (0, 1)]
     if kind != "boss" and None in weapons:
         return [f"{own['name']} has a weapon that the maker does not know, and is left as it is"]
-    fresh = list(pieces({"weapons": weapons}, kind, own["Transform"]))
+    health = own["Player" if kind == "player" else "Enemy"]["m_max_health"]
+    fresh = list(pieces({"weapons": weapons, "health": health}, kind, own["Transform"]))
     own["Childs"] = exchanged(own["Childs"], fresh, lambda _: True)
     return []
 

@@ -1,10 +1,15 @@
 """The seven weapons: the shot, the gun and the looks of each."""
 from records import animation, attached, body, collider, light, puffs, record, sounds, sprite
 
-HIT = ("Sheet_Shot_Hit", 6)
 RANGE = 1500
 SPEED = 1600  # a shot of mass 1 leaves at 0.83 of it
 RAM_MASS = 600  # makes a push shot shove what it hits
+# A shot is drawn larger than its shape, which keeps the size in KINDS.
+DRAWN = 1.6
+# The image of a blast or a pull reaches this part of its half width.
+REACH = 0.97
+# Particles are lit, and a floor without a light shows half of their colour.
+BRIGHT = 1.8
 
 # By the names in labels and descriptions. `image` and `gun` are parts of texture keys, `fields` are the component's own besides
 # range and speed, and `light` is the strength of the shot's light. A unit has a mass of 350, so blast and pull are large.
@@ -15,18 +20,35 @@ KINDS = {
                    fields={"m_min_damage": 0, "m_max_damage": 3}, light=200,
                    sounds=("bullet_bounce1.ogg", "bullet_bounce2.ogg", "bullet_bounce3.ogg", "default_hit.ogg")),
     "EXPLOSION": dict(component="ProjectileExplosion", image="Explosion", gun="Explode", size=34, colour=(1.0, 0.6, 0.24),
-                      fields={"m_damage": 2, "m_aoe": 170.0, "m_knockback": 24000.0}, sounds=("push_hit.ogg",)),
+                      fields={"m_damage": 2, "m_aoe": 170.0, "m_knockback": 24000.0}, light=0.7, sounds=("push_hit.ogg",)),
     "PIERCE": dict(component="ProjectilePierce", image="Pierce", gun="Pierce", size=30, colour=(0.95, 0.96, 1.0),
                    fields={"m_damage": 1}, light=0.5, sounds=("bullet_bounce.ogg", "default_hit.ogg")),
     "PUSH": dict(component="ProjectilePush", image="Push", gun="Push", size=36, colour=(0.75, 0.55, 1.0), mass=RAM_MASS,
-                 fields={"m_damage": 0}, sounds=("push_hit.ogg",)),
+                 fields={"m_damage": 0}, light=0.7, sounds=("push_hit.ogg",)),
     "SWAP": dict(component="ProjectileSwap", image="Swap", gun="Swap", size=34, colour=(1.0, 0.54, 0.85),
                  fields={}, light=0.5, sounds=("bullet_bounce.ogg",)),
     "VACUUM": dict(component="ProjectileVacuum", image="Vacuum", gun="Vacuum", size=34, colour=(0.35, 0.88, 1.0),
-                   fields={"m_damage": 0, "m_aoe": 220.0, "m_suction_force": 24000.0}, sounds=("push_hit.ogg",)),
+                   fields={"m_damage": 0, "m_aoe": 220.0, "m_suction_force": 24000.0}, light=0.7, sounds=("push_hit.ogg",)),
 }
-# The trails of these point backwards; those of the others puff in all directions.
-TURNS_TRAIL = {"BOUNCE", "EXPLOSION", "PUSH", "SWAP", "VACUUM"}
+# By weapon, the sheet of its hit: frames, seconds of a frame, and size. Those of shots that fly on after a hit are short, since
+# they are carried along. The two without a size reach as far as the blast or the pull.
+HITS = {
+    "BASIC": (3, 0.03, 110), "BOUNCE": (3, 0.03, 120), "SWAP": (3, 0.03, 120), "PIERCE": (5, 0.03, 120), "PUSH": (6, 0.04, 150),
+    "EXPLOSION": (8, 0.05, None), "VACUUM": (8, 0.05, None),
+}
+# By weapon, its trail: the particle's texture, its sizes at birth and at the end, the force that throws it, and whether that points
+# backwards or to all sides.
+TRAILS = {
+    "BASIC": ("Particle_Glow", (26, 4), 120, False),
+    "BOUNCE": ("Particle_Ring", (24, 8), 300, True),
+    "EXPLOSION": ("Particle_Smoke", (22, 34), 700, True),
+    "PIERCE": ("Particle_Spark", (30, 6), 30, False),
+    "PUSH": ("Particle_Wave", (44, 16), 300, True),
+    "SWAP": ("Particle_Spark", (34, 8), 900, True),
+    "VACUUM": ("Particle_Glow", (14, 30), 900, True),
+}
+# By weapon, the particle of what a hit throws up.
+SPARKS = {"BOUNCE": "Particle_Ring", "EXPLOSION": "Particle_Smoke", "PUSH": "Particle_Glow", "VACUUM": "Particle_Glow"}
 
 
 def shot_light(name, kind):
@@ -35,25 +57,41 @@ def shot_light(name, kind):
     return light([channel / dim for channel in kind["colour"]], kind["light"], 20)
 
 
+def trail(name, kind, own):
+    texture, sizes, force, backwards = TRAILS[name]
+    start, end = [BRIGHT * channel for channel in kind["colour"]], kind["colour"]
+    side = kind["size"] * 0.5 if not backwards else 1
+    return record("bullet_trail", {
+        "Transform": attached(own, (0, 0), (side, side)),
+        **puffs(40, 84, ((*start, 0.8), (*end, 0.0)), sizes, seconds=0.6, force=force, arc=0 if backwards else 359, texture=texture),
+    })
+
+
+def sparks(name, kind, own):
+    """What a hit throws up, all within three steps, so that it stays where the shot hit."""
+    texture = SPARKS.get(name, "Particle_Spark")
+    end = [BRIGHT * channel for channel in kind["colour"]]
+    return record("bullet_feedback", {
+        "Transform": attached(own, (0, 0), (10, 10)),
+        **puffs(18, 500, ((2.0, 1.9, 1.7, 1.0), (*end, 0.0)), (30, 5), seconds=0.55, force=2900, looping=False, duration=0.05, arc=359,
+                texture=texture),
+    })
+
+
+def hit(name, kind, own):
+    frames, seconds, size = HITS[name]
+    size = size or 2 * kind["fields"]["m_aoe"] / REACH
+    sheet = f"Sheet_Hit_{kind['image']}"
+    return record("bullet_hit", {
+        "Transform": attached(own, (0, 0), (size, size)),
+        **sprite(sheet, alpha=0),
+        **animation(seconds, once=(sheet, frames)),
+    })
+
+
 def children(name, kind, own):
     """The shot's effects. None follows the shot: a child that follows turns with the unit as well, which moves it off."""
-    size, colour = kind["size"], kind["colour"]
-    backwards = name in TURNS_TRAIL
-    yield record("bullet_trail", {
-        "Transform": attached(own, (0, 0), (size * 0.5, size * 0.5)),
-        **puffs(24, 48, ((*colour, 0.7), (*colour, 0.0)), (size * 0.6, 4), force=500 if backwards else 150,
-                arc=0 if backwards else 359),
-    })
-    yield record("bullet_feedback", {
-        "Transform": attached(own, (0, 0), (10, 10)),
-        **puffs(12, 120, ((1.0, 0.96, 0.85, 1.0), (*colour, 0.0)), (12, 3), force=2400, looping=False,
-                duration=0.15, arc=359),
-    })
-    yield record("bullet_hit", {
-        "Transform": attached(own, (0, 0), (110, 110)),
-        **sprite("Sheet_Shot_Hit", alpha=0),
-        **animation(0.04, once=HIT),
-    })
+    return trail(name, kind, own), sparks(name, kind, own), hit(name, kind, own)
 
 
 def flight(kind, mass):
@@ -67,14 +105,16 @@ def shot(name, child, parent):
     """The hidden shot of a weapon. Its shape is switched off; firing switches everything on."""
     kind = KINDS[name]
     mass = kind.get("mass", 1)
-    own = attached(parent, (0, 0), (kind["size"], kind["size"]))
+    side = kind["size"] * DRAWN
+    own = attached(parent, (0, 0), (side, side))
     components = {
         "Transform": own,
         "RigidBody": body({"mass": mass, "inertia": mass * 100, "rest": 1}),
         **sprite(f"Shot_{kind['image']}", visible=False),
         **sounds(*kind["sounds"], volume=0.9),
-        **(shot_light(name, kind) if "light" in kind else {}),
+        **shot_light(name, kind),
         kind["component"]: flight(kind, mass),
-        "ColliderHolder": {**collider({"shape": "Circle", "category": "Projectile"}), "m_active": False},
+        "ColliderHolder": {**collider({"shape": "Circle", "category": "Projectile"}), "m_local_scale": [1 / DRAWN, 1 / DRAWN, 1.0],
+                           "m_active": False},
     }
     return record(child, components, children(name, kind, own))

@@ -3,7 +3,8 @@ import functools
 import math
 import sys
 
-from levels.shots import HIT, KINDS, shot
+from levels.hazards import twin
+from levels.shots import KINDS, shot
 from records import (animation, attached, body, collider, floats, light, own_square, puffs, record, render, shared_square, sounds,
                      sprite, transform)
 
@@ -17,14 +18,18 @@ SIZE = {"player": 90, "enemy": 90, "boss": 270}
 # A gun's size, as a part of the unit's. An enemy's muzzle lies gun / 1.2 before its middle, which must be clear of its shape.
 GUN, BOSS_GUN = 0.9, 0.82
 # The strip along which an enemy will fire, and the angles of a boss's three shots, which are 0.25 radians apart.
-SIGHT_LENGTH, SIGHT_WIDTH = 700, 26
+SIGHT_LENGTH, SIGHT_WIDTH = 700, 30
 FAN = (-14.32, 0, 14.32)
 SNAP = 60  # arrival distance: more than half a push, or an enemy would step over its waypoints
+# By side: parts of texture keys, the light, and frames of spawn and of death with the seconds of each. Half a second brings a unit in.
 SIDES = {
-    "player": dict(look="Player", gun="Green", colour=(0.18, 0.9, 0.65)),
-    "enemy": dict(look="Enemy", gun="Red", colour=(1.0, 0.35, 0.37)),
-    "boss": dict(look="Boss", gun="Boss", colour=(0.63, 0.42, 1.0)),
+    "player": dict(look="Player", gun="Green", fire="Green", light=((0.18, 0.9, 0.65), 0.45), death=10, seconds=0.05),
+    "enemy": dict(look="Enemy", gun="Red", fire="Red", light=((1.0, 0.35, 0.37), 0.7), death=10, seconds=0.05),
+    # While the boss dies, its light gains 100 of strength a second, so its strength counts in small steps.
+    "boss": dict(look="Boss", gun="Boss", fire="Violet", light=((0.63 / 300, 0.42 / 300, 1.0 / 300), 150), death=8, seconds=0.08),
 }
+# A bar has a tick for each point of health up to this.
+TICKS = 10
 BOSS_SHOTS = {"MiddleProj": "EXPLOSION", "LeftProjPhase1": "BASIC", "RightProjPhase1": "BASIC",
               "LeftProjPhase2": "EXPLOSION", "RightProjPhase2": "EXPLOSION"}
 
@@ -78,37 +83,42 @@ def sight(own, name, start, angle=0):
     })
 
 
-def effects(own, size, is_player):
+def effects(own, size, side):
     yield record("unit_damaged", {
         "Transform": attached(own, (0, 0), (size * 0.3, size * 0.3)),
-        **puffs(16, 12, ((0.35, 0.37, 0.45, 0.65), (0.1, 0.1, 0.15, 0.0)), (16, 44), seconds=1.2, force=500, arc=359),
+        **puffs(20, 14, ((1.1, 1.15, 1.3, 0.8), (0.5, 0.52, 0.6, 0.0)), (size * 0.22, size * 0.66), seconds=1.3, force=size * 16, arc=359,
+                texture="Particle_Smoke"),
     })
-    yield record("electricvfx", {
+    electric = record("electricvfx", {
         "Transform": attached(own, (0, 0), (size * 1.25, size * 1.25), follow=True),
         **sprite("Sheet_Unit_Electric", visible=False),
         **animation(0.08, loop=("Sheet_Unit_Electric", 4)),
         "StateC": {"m_state": "loop"},
     })
-    fires = {"unit_fire": (0.6, 0.6), "pierce_fire": (0.34, 1.1)} if is_player else {"unit_fire": (0.6, 0.6)}
-    for name, (width, height) in fires.items():
+    yield from (twin(electric), electric)
+    fires = {"unit_fire": (f"Sheet_Unit_Fire_{side['fire']}", 0.6, 0.6)}
+    if side["look"] == "Player":
+        fires["pierce_fire"] = ("Sheet_Unit_Lance", 0.35, 1.1)
+    for name, (sheet, width, height) in fires.items():
         yield record(name, {
-            "Transform": attached(own, (0, size * (0.5 + height * 0.42)), (size * width, size * height), follow=True),
-            **sprite("Sheet_Unit_Fire", visible=False, alpha=0),
-            **animation(0.05, once=("Sheet_Unit_Fire", 4)),
+            "Transform": attached(own, (0, size * (0.42 + height * 0.42)), (size * width, size * height), follow=True),
+            **sprite(sheet, visible=False, alpha=0),
+            **animation(0.05, once=(sheet, 4)),
         })
 
 
-def marks(own, size, kind):
+def marks(own, size, kind, health):
     """The bar with its numbers, and the label that names a weapon. The boss's bar is larger, and clear of its shield."""
     filling = "UI_HpBarFilledGreen" if kind == "player" else "UI_HpBarFilledRed"
+    frame = f"UI_HpBarFrame{health}" if 2 <= health <= TICKS else "UI_HpBarFrame"
     large = 1.6 if kind == "boss" else 1
-    top = size * 0.6 + 36 if kind == "boss" else size * 0.5 + 18
-    for name, texture, wide, high in (("ui_hp_frame_empty", "UI_HpBarEmpty", 160, 30), ("ui_hp_frame_filled", filling, 73, 9),
-                                      ("ui_hp_frame", "UI_HpBarFrame", 80, 14)):
+    top = size * 0.6 + 36 if kind == "boss" else size * 0.5 + 20
+    for name, texture, wide, high in (("ui_hp_frame_empty", "UI_HpBarEmpty", 172, 32), ("ui_hp_frame_filled", filling, 73, 10),
+                                      ("ui_hp_frame", frame, 80, 16)):
         yield record(name, {"Transform": attached(own, (0, top), (wide * large, high * large)), **sprite(texture)})
-    for name, left, colour in (("hp_font", 45, (0.95, 0.96, 1.0, 1.0)), ("turn_font", -65, (1.0, 0.79, 0.3, 1.0))):
+    for name, left, colour in (("hp_font", 46, (0.95, 0.96, 1.0, 1.0)), ("turn_font", -68, (1.0, 0.79, 0.3, 1.0))):
         yield record(name, {
-            "Transform": attached(own, (left * large, top - 10 * large), (0.6 * large, 0.6 * large)),
+            "Transform": attached(own, (left * large, top - 11 * large), (0.64 * large, 0.64 * large)),
             "Font": {"m_text": "", "m_colour": list(colour)},
             "UIElement": {"m_ui_element_name": "ui_font"},
         })
@@ -137,13 +147,17 @@ def boss_pieces(own, size):
     for angle in FAN:
         yield sight(own, "ShieldPhase1", size * BOSS_GUN, angle)
     for k in range(11):
-        at = (size * 0.3 * ((k * 5) % 7 - 3) / 3, size * 0.3 * ((k * 3) % 7 - 3) / 3)
-        yield record(f"DeathExplosion{k:02}", {
-            "Transform": attached(own, at, (size * 0.4, size * 0.4)),
-            **sprite("Sheet_Shot_Hit"),
-            **animation(0.05, loop=HIT),
+        at = (size * 0.33 * ((k * 5) % 7 - 3) / 3, size * 0.33 * ((k * 3) % 7 - 3) / 3)
+        side = size * (0.42 + 0.1 * (k % 3))
+        explosion = record(f"DeathExplosion{k:02}", {
+            "Transform": attached(own, at, (side, side)),
+            **sprite("Sheet_Boss_Blast"),
+            **animation(0.05, loop=("Sheet_Boss_Blast", 8)),
             **sounds("unit_death.ogg"),
         })
+        if k == 0:  # each of the others has the one before it for a twin
+            yield twin(explosion)
+        yield explosion
 
 
 def pieces(unit, kind, own):
@@ -158,13 +172,13 @@ def pieces(unit, kind, own):
     if kind == "enemy":
         for index in (0, 1):
             yield sight(own, f"Weapon{index}Barrel", size * GUN / 1.2)
-    yield from effects(own, size, kind == "player")
+    yield from effects(own, size, side)
     if kind == "boss":
         yield from boss_pieces(own, size)
     else:
         for index, weapon in enumerate(unit["weapons"]):
             yield shot(weapon, f"Weapon{index}Projectile", own)
-    yield from marks(own, size, kind)
+    yield from marks(own, size, kind, unit["health"])
 
 
 def read(unit, number):
@@ -182,7 +196,7 @@ def read(unit, number):
 
 def unit_record(unit, number):
     kind, name = read(unit, number)
-    size, look = SIZE[kind], f"UnitBeetle_{SIDES[kind]['look']}"
+    size, side, look = SIZE[kind], SIDES[kind], f"UnitBeetle_{SIDES[kind]['look']}"
     own = transform(unit["at"], (size, size), unit.get("turn", 0))
     weight = (size / 90) ** 2
     components = {
@@ -190,9 +204,10 @@ def unit_record(unit, number):
         "RigidBody": body({"mass": MASS * weight, "inertia": INERTIA * weight * weight, "drag": DRAG, "angular_drag": 5, "rest": 0.5}),
         "Render": {**render(look), "m_hl_tex": f"{look}_Selected", "m_shader": "default"},
         "iModel": shared_square(),
-        **animation(0.07, spawn=(f"Sheet_{look}_Spawn", 6), death=(f"Sheet_{look}_Death", 6), once=(f"Sheet_{look}_Once", 4)),
+        **animation(side["seconds"], spawn=(f"Sheet_{look}_Spawn", 10), death=(f"Sheet_{look}_Death", side["death"]),
+                    once=(f"Sheet_{look}_Once", 6)),
         **sounds("unit_spawn.ogg", "unit_fire.ogg", "unit_death.ogg"),
-        **light(SIDES[kind]["colour"], 0.45, 10),
+        **light(*side["light"], 10),
         **(player(unit) if kind == "player" else enemy(unit, kind == "boss")),
         "ColliderHolder": {**collider({"shape": "Circle", "category": "Player" if kind == "player" else "Enemy"}),
                            "m_local_scale": [BODY, BODY, 1.0]},
