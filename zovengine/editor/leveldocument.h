@@ -19,7 +19,8 @@ inline constexpr const char* kNoObjects = "{\n    \"GameObjFactory\": []\n}";
 ///
 /// The document is the level; the objects in the factory are its picture. They are built from it,
 /// and an interface element or a sound that lives in them while the editor runs changes nothing
-/// here. A path names the same object in both. Tiles are not part of it.
+/// here. A path names the same object in both. Tiles are not part of it, nor are the invisible
+/// twins of hazards, which only files have.
 class LevelDocument {
  public:
   LevelDocument();

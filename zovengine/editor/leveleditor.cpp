@@ -14,6 +14,7 @@
 #include "editor/palette.h"
 #include "editor/recovery.h"
 #include "editor/scene.h"
+#include "editor/twins.h"
 #include "game/levels/levelsave.h"
 #include "game/levels/tilemap.h"
 #include "jsonunserializer.h"
@@ -144,6 +145,7 @@ bool LevelEditor::Open(const std::string& name) {
   g_render_system->m_background_tex = ReadBackground(*level, paths.level);
   selection.clear();
   history.Clear();
+  FoldTwins(&document.Json()[kRoots]);
   for (const LevelProblem& problem : LeaveOutFatalObjects(&document)) {
     log.Fault("Left out: " + problem.text + ".");
   }
@@ -188,7 +190,9 @@ bool LevelEditor::Save() {
   if (!IsOpen()) return false;
   const std::string tile_text = TilesText();
   BackUpLevel(g_editor.m_level_name);
-  BuildScene(document, tile_text, SceneUse::kSave);
+  LevelDocument file;
+  file.SetText(TextWithTwins(document));
+  BuildScene(file, tile_text, SceneUse::kSave);
   const bool saved = SaveLiveLevel();
   BuildScene(document, tile_text);
   if (saved) {

@@ -9,7 +9,8 @@ namespace ZOVEngine {
 class LevelDocument;
 class LevelEditor;
 
-/// The texts of the open level's files as a save would write them now.
+/// The texts of the open level's files as a save would write them now, but for the twins of
+/// hazards: so a problem's address is a path of the document.
 LevelText OpenLevelText(const LevelEditor& editor);
 
 /// The texts of the map and of the level file for `g_editor`'s open level, whose files have these

@@ -10,6 +10,7 @@
 #include <string_view>
 
 #include "editor/leveldocument.h"
+#include "editor/twins.h"
 
 namespace ZOVEngine {
 namespace {
@@ -37,9 +38,11 @@ std::string ReadText(const Value& object, const char* key) {
 }
 
 /// Reads an entry; false if the file has none of the palette's form.
-bool ReadEntry(const Document& json, PaletteEntry* entry) {
-  const Value* objects = FindValue(json, "Objects");
-  if (objects == nullptr || !objects->IsArray() || objects->Empty()) return false;
+bool ReadEntry(Document json, PaletteEntry* entry) {
+  const Value* found = FindValue(json, "Objects");
+  if (found == nullptr || !found->IsArray() || found->Empty()) return false;
+  Value* objects = &json["Objects"];
+  FoldTwins(objects);
   entry->name = ReadText(json, "Name");
   entry->category = ReadText(json, "Category");
   entry->image = ReadText(json, "Image");

@@ -12,6 +12,7 @@
 #include "editor/leveleditor.h"
 #include "editor/leveltext.h"
 #include "editor/scene.h"
+#include "editor/twins.h"
 #include "jsonunserializer.h"
 #include "objects/gameobjfactory.h"
 #include "objects/safefile.h"
@@ -41,8 +42,8 @@ void NameLevel(Value& records, const std::string& path, rapidjson::Document& doc
 
 std::string UnitsFor(const LevelEditor& editor, const std::string& path) {
   rapidjson::Document document;
-  document.CopyFrom(editor.document.Json(), document.GetAllocator());
-  NameLevel(document["GameObjFactory"], path, document);
+  ParseExactly(&document, TextWithTwins(editor.document));
+  NameLevel(document[kRoots], path, document);
   return ToText(document);
 }
 

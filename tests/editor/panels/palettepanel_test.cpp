@@ -105,12 +105,12 @@ TEST_F(PalettePanelTest, AnEntryThatIsLetGoOverThePanelIsNotInserted) {
   EXPECT_EQ(Children(), before);
 }
 
-TEST_F(PalettePanelTest, AHazardComesWithItsTwin) {
+TEST_F(PalettePanelTest, AHazardIsOneObject) {
   const std::size_t before = Children();
   ClickText("Black hole");
   Click(InWindow(150.0f, 75.0f));
-  EXPECT_EQ(Children(), before + 2);
-  EXPECT_EQ(editor->selection.size(), 2u);
+  EXPECT_EQ(Children(), before + 1);
+  EXPECT_EQ(editor->selection.size(), 1u);
 }
 
 TEST_F(PalettePanelTest, UnitsStandBehindTheUnitsAndHazardsBehindTheHazards) {
