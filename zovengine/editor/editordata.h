@@ -40,6 +40,7 @@ struct EditorData {
   std::uint32_t m_edit_mode = EDIT_MOVE;
   bool m_level_open = false;         ///< guards saving and file drops
   bool m_input_captured = false;     ///< a panel holds the keyboard: every message is ignored
+  bool m_mouse_captured = false;     ///< a panel or a tool has the mouse: it moves no view
   std::string m_level_name;          ///< folder and file stem of the level
   std::string m_asset_dir;           ///< target folder of dropped files
   float m_viewport_offset_y = 0.0f;  ///< shifts the game's picture in the layout (unit: pixels)

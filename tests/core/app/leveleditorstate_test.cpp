@@ -183,6 +183,16 @@ TEST_F(LevelEditorStateTest, F7AndF8SwitchBetweenWindowAndFullScreen) {
   EXPECT_FALSE(g_window_state.fullscreen);
 }
 
+TEST_F(LevelEditorStateTest, WhileAPanelHasTheMouseTheViewStaysAndKeysWork) {
+  g_editor.m_mouse_captured = true;
+  world.Send(MouseScroll(0));
+  RightButton(1);
+  EXPECT_EQ(Camera(), Vector3D(0.0f, 0.0f, 0.0f));
+  EXPECT_FALSE(g_editor.m_dragging);
+  world.Send(KeyDown(kVkRight));
+  EXPECT_EQ(Camera(), Vector3D(10.0f, 0.0f, 0.0f));
+}
+
 TEST_F(LevelEditorStateTest, WhileAPanelHoldsTheKeyboardNothingHappens) {
   g_editor.m_input_captured = true;
   world.Send(KeyDown(kVkRight));

@@ -127,6 +127,22 @@ TEST_F(CanvasTest, DoesNothingWithoutAnOpenLevel) {
   EXPECT_TRUE(editor->selection.empty());
 }
 
+TEST_F(CanvasTest, TheRightButtonThatTookADragBackIsNotTheViews) {
+  Click(-720.0f, 240.0f);
+  Drag(-720.0f, 240.0f, -600.0f, 240.0f, false);
+  ImGui::GetIO().MouseDown[1] = true;
+  Frame();
+  EXPECT_TRUE(canvas->TakesRightButton());
+  Release();
+  EXPECT_TRUE(canvas->TakesRightButton()) << "while it is held";
+  ImGui::GetIO().MouseDown[1] = false;
+  Frame();
+  EXPECT_FALSE(canvas->TakesRightButton());
+  ImGui::GetIO().MouseDown[1] = true;
+  Frame();
+  EXPECT_FALSE(canvas->TakesRightButton()) << "there was nothing to take back";
+}
+
 TEST_F(CanvasTest, AScaledUnitIsSavedWithTheColliderThatFollowsItsSize) {
   g_editor.m_edit_mode = EDIT_SCALE;
   Click(-720.0f, 240.0f);

@@ -63,6 +63,7 @@ bool LevelEditorState::Handle(Message* message) {
 }
 
 void LevelEditorState::Pan(const MouseButton& message) {
+  if (g_editor.m_mouse_captured) return;
   const bool right = message.button == 1;
   if (!MouseInViewport() || (right && message.pressed == 0)) {
     g_editor.m_dragging = false;
@@ -79,7 +80,7 @@ void LevelEditorState::Pan(const MouseButton& message) {
 }
 
 void LevelEditorState::Zoom(const MouseScroll& message) {
-  if (!MouseInViewport()) return;
+  if (g_editor.m_mouse_captured || !MouseInViewport()) return;
   CameraPosition().z += message.direction == 0 ? kZoomStep : -kZoomStep;
 }
 
@@ -143,7 +144,8 @@ void LevelEditorState::Import(const std::vector<std::string>& files) {
 
 void LevelEditorState::Leave() {
   SaveOpenLevel();
-  g_editor.m_level_open = g_editor.m_input_captured = g_editor.m_ctrl_down = false;
+  g_editor.m_level_open = g_editor.m_input_captured = g_editor.m_mouse_captured = false;
+  g_editor.m_ctrl_down = false;
   DestroyTiles();
   SetDisplayMode(false, kWidthAfter, kHeightAfter);
   g_engine->paused = false;

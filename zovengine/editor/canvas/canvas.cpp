@@ -18,6 +18,7 @@ void Canvas::Show(LevelEditor& editor) {
   // The key that takes a drag back means the drag alone.
   const bool busy = IsBusy();
   HandleMouse(editor, view);
+  m_cancelled = ImGui::GetIO().MouseDown[1] && (m_cancelled || (busy && !IsBusy()));
   if (!busy && !IsBusy()) HandleKeys(editor, view);
   if (m_index.Refresh(editor.document)) Drop();
   Draw(editor, view);

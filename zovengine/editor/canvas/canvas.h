@@ -19,6 +19,8 @@ class Canvas {
  public:
   /// Handles the mouse and the keys of this frame and draws over the picture; before the panels.
   void Show(LevelEditor& editor);
+  /// The right button is held down after it took back a drag.
+  bool TakesRightButton() const { return m_cancelled; }
 
  private:
   void HandleMouse(LevelEditor& editor, const CanvasView& view);
@@ -33,6 +35,7 @@ class Canvas {
   PatrolTool m_patrols;
   Overlays m_overlays;
   Shortcuts m_shortcuts;
+  bool m_cancelled = false;  ///< by the right button, which is still held
 };
 
 }  // namespace ZOVEngine

@@ -26,6 +26,8 @@ class EditorLayout {
   explicit EditorLayout(LevelEditor& editor);
   /// Shows everything; between ImGui's NewFrame and Render.
   void Show(LevelEditor& editor);
+  /// The right button is held down after it took back a drag, and moves no view.
+  bool TakesRightButton() const { return m_canvas.TakesRightButton(); }
 
  private:
   void ShowLeft(LevelEditor& editor, float top);

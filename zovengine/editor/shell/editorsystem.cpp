@@ -31,16 +31,20 @@ void PlacePicture() {
 }
 
 /// Which of the keyboard's and the mouse's messages the state may have: none while the author types
-/// or works in a panel, nor while Control makes commands of the keys.
-void GuardInput() {
+/// or Control makes commands of the keys, none of the mouse while it is a panel's or a tool's.
+void GuardInput(bool mouse_taken) {
   const ImGuiIO& io = ImGui::GetIO();
-  g_editor.m_input_captured = io.WantTextInput || io.WantCaptureMouse || io.KeyCtrl;
+  g_editor.m_input_captured = io.WantTextInput || io.KeyCtrl;
+  g_editor.m_mouse_captured = io.WantCaptureMouse || mouse_taken;
+  // The release of the button may be among the messages that the state does not get.
+  if (g_editor.m_input_captured || g_editor.m_mouse_captured) g_editor.m_dragging = false;
   if (!io.KeyCtrl) g_editor.m_ctrl_down = false;
 }
 
 }  // namespace
 
 void EditorSystem::Update(float) {
+  if (m_shown) m_window->TakeEvents();
   const bool editing = g_state_machine->m_current == kLevelEditorState &&
                        g_state_machine->m_next == kLevelEditorState;
   if (editing && !m_shown) Begin();
@@ -95,7 +99,7 @@ void EditorSystem::ShowFrame() {
   m_recovery.Step(m_editor, std::chrono::steady_clock::now());
   m_window->BeginFrame();
   m_layout.Show(m_editor);
-  GuardInput();
+  GuardInput(m_layout.TakesRightButton());
   m_window->EndFrame();
   PlacePicture();
 }

@@ -15,10 +15,7 @@ namespace ZOVEngine {
 namespace {
 
 constexpr float kTextHeight = 17.0f;  // (unit: pixels)
-
-void OfferToPanels(const void* platform_event) {
-  ImGui_ImplSDL2_ProcessEvent(static_cast<const SDL_Event*>(platform_event));
-}
+constexpr int kMostEvents = 200;      // in a frame, so that no flood of them can hold it up
 
 void LoadFont() {
   ImGui::GetIO().Fonts->AddFontFromFileTTF(g_render_system->m_font_path.c_str(), kTextHeight);
@@ -94,15 +91,31 @@ ToolsWindow::~ToolsWindow() {
 
 void ToolsWindow::SetLive(bool live) {
   g_window_state.imguiLive = live;
-  const PlatformEventListener listener = live ? OfferToPanels : PlatformEventListener();
+  const NativePoint cursor = g_native->CursorPosition();
+  m_mouse.Reset(ImVec2(static_cast<float>(cursor.x), static_cast<float>(cursor.y)));
+  PlatformEventListener listener;
+  if (live) {
+    listener = [this](const void* platform_event) {
+      ImGui_ImplSDL2_ProcessEvent(static_cast<const SDL_Event*>(platform_event));
+      m_mouse.Take(platform_event);
+    };
+  }
   SetToolsListener(listener);
   // Typed text is among the events that the game has no use for.
   g_native->SetSkippedEventListener(listener);
 }
 
+void ToolsWindow::TakeEvents() {
+  NativeEvent event;
+  for (int i = 0; i < kMostEvents && !m_mouse.IsFrameFull() && g_native->PumpEvent(&event); ++i) {
+    WindowProcedure(event);
+  }
+}
+
 void ToolsWindow::BeginFrame() {
   ImGui_ImplOpenGL3_NewFrame();
   ImGui_ImplSDL2_NewFrame();
+  m_mouse.Apply(&ImGui::GetIO());
   ImGui::NewFrame();
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "editor/shell/toolsmouse.h"
+
 namespace ZOVEngine {
 
 /// Dear ImGui in the program's window: its context, fed with the window's events, and its drawing
@@ -17,9 +19,17 @@ class ToolsWindow {
 
   /// It starts out not live.
   void SetLive(bool live);
+  /// Takes what waits in the window's queue, as far as it belongs into one frame.
+  ///
+  /// The input system takes one event in each step; a window in which a mouse is moved and things
+  /// are dragged would fall behind.
+  void TakeEvents();
   void BeginFrame();
   /// Draws the panels of this frame and shows the window's back buffer.
   void EndFrame();
+
+ private:
+  ToolsMouse m_mouse;
 };
 
 /// The colours, sizes and spacings of the panels.
