@@ -31,6 +31,14 @@ struct Subject {
   float fixed = 12.0f;
   float bounded = 100.0f;
   double none = 0.0;
+  float watched = 2.0f;
+  int writes = 0;  ///< of `watched`
+
+  float Watched() const { return watched; }
+  void SetWatched(float value) {
+    watched = value;
+    ++writes;
+  }
 };
 
 template <class Class, class Member>
@@ -51,6 +59,10 @@ RTTR_REGISTRATION {
   Add(type, "text", &Subject::text, "std::string");
   Add(type, "place", &Subject::place, "Vector3");
   Add(type, "none", &Subject::none, "double");
+  type.property("watched", &Subject::Watched, &Subject::SetWatched)(
+      rttr::metadata("typeinfo", std::string("float")),
+      rttr::metadata("name", std::string("watched")), rttr::metadata("min", 9.0f),
+      rttr::metadata("max", 9.0f));
   type.property("fixed", &Subject::fixed)(rttr::metadata("typeinfo", std::string("float")),
                                           rttr::metadata("name", std::string("fixed")),
                                           rttr::metadata("min", 5.0f), rttr::metadata("max", 5.0f));
@@ -61,16 +73,40 @@ RTTR_REGISTRATION {
       rttr::metadata(std::string("max"), rttr::variant(10.0)));
 }
 
+constexpr float kFarRight = 340.0f;  ///< of a window 400 wide (unit: pixels)
+/// Of the rows' columns: without a border there is nothing to resize them by.
+constexpr ImGuiOldColumnFlags kFixed = ImGuiOldColumnFlags_NoBorder;
+
 class ComponentEditTest : public ::testing::Test {
  protected:
+  void Display(const char* name) {
+    const rttr::property property = rttr::type::get<Subject>().get_property(name);
+    DisplayProperty(property, property.get_value(subject), subject);
+  }
+
   /// Shows one property in a frame, as the inspector does.
   void Show(const char* name) {
     context.Frame([&] {
-      const rttr::property property = rttr::type::get<Subject>().get_property(name);
-      DisplayProperty(property, property.get_value(subject), subject);
+      Display(name);
       widget = GImGui->LastItemData.Rect.GetCenter();
+      widget_id = GImGui->LastItemData.ID;
       columns_open = ImGui::GetCurrentWindow()->DC.CurrentColumns != nullptr;
     });
+  }
+
+  /// The left edge of the row's widget when columns of this count and these flags, of which the
+  /// second begins far to the right, are open before it.
+  float WidgetBehindColumns(int count, ImGuiOldColumnFlags flags) {
+    float left = 0.0f;
+    for (int frame = 0; frame < 2; ++frame) {
+      context.Frame([&] {
+        ImGui::BeginColumns("other", count, flags);
+        ImGui::SetColumnOffset(1, kFarRight);
+        Display("real");
+        left = GImGui->LastItemData.Rect.Min.x;
+      });
+    }
+    return left;
   }
 
   /// Shows it until a click on its widget is done.
@@ -89,6 +125,7 @@ class ComponentEditTest : public ::testing::Test {
   ImGuiContextForTest context{400.0f, 300.0f};
   Subject subject;
   ImVec2 widget;
+  ImGuiID widget_id = 0;
   bool columns_open = false;
 };
 
@@ -142,6 +179,17 @@ TEST_F(ComponentEditTest, ALongTextIsNotCutByBeingShown) {
   EXPECT_EQ(subject.text.size(), 6000u);
 }
 
+TEST_F(ComponentEditTest, ATextOfItsWholeRoomTakesNoMore) {
+  subject.text.assign(4998, 'x');
+  ClickOn("text");
+  for (int typed = 0; typed < 3; ++typed) {
+    ImGui::GetIO().AddInputCharacter('!');
+    Show("text");
+  }
+  Show("text");
+  EXPECT_EQ(subject.text.size(), 4999u);
+}
+
 TEST_F(ComponentEditTest, WhatIsTypedIntoTheLastFieldOfAVectorIsItsZ) {
   ClickOn("place");
   ImGui::GetIO().AddInputCharacter('8');
@@ -156,6 +204,36 @@ TEST_F(ComponentEditTest, ASliderWithEqualBoundsLeavesTheValueUntilItIsTouched) 
   Show("fixed");
   Show("fixed");
   EXPECT_EQ(subject.fixed, 12.0f);
+}
+
+TEST_F(ComponentEditTest, TheValueIsWrittenBackInEveryFrameWhetherItChangedOrNot) {
+  for (int frame = 1; frame <= 3; ++frame) {
+    Show("watched");
+    EXPECT_EQ(subject.writes, frame);
+  }
+  EXPECT_EQ(subject.watched, 2.0f);
+}
+
+TEST_F(ComponentEditTest, AWholeNumberIsCutTo32BitsByBeingShown) {
+  subject.count = (std::size_t{3} << 32) + 5;
+  Show("count");
+  EXPECT_EQ(subject.count, 5u);
+}
+
+TEST_F(ComponentEditTest, AWidgetIsKnownByTheNameOfItsField) {
+  const auto id = [this](const char* label) {
+    ImGuiID found = 0;
+    context.Frame([&] { found = ImGui::GetID(label); });
+    return found;
+  };
+  for (const auto& [name, label] : {std::pair("real", "##realEdit"),
+                                    {"whole", "##wholeEdit"},
+                                    {"flag", "##flagEdit"},
+                                    {"text", "##textEdit"},
+                                    {"place", "##placeEditZ"}}) {
+    Show(name);
+    EXPECT_EQ(widget_id, id(label)) << name;
+  }
 }
 
 TEST_F(ComponentEditTest, ASliderKeepsToTheBoundsOfItsField) {
@@ -176,6 +254,33 @@ TEST_F(ComponentEditTest, ColumnsOfAnotherCountAreEnded) {
     DisplayProperty(property, property.get_value(subject), subject);
     EXPECT_EQ(ImGui::GetCurrentWindow()->DC.CurrentColumns, nullptr);
   });
+}
+
+TEST_F(ComponentEditTest, FixedColumnsOfTheSameCountAreKept) {
+  EXPECT_GE(WidgetBehindColumns(2, kFixed), kFarRight);
+}
+
+TEST_F(ComponentEditTest, ColumnsThatCanBeResizedAreEnded) {
+  EXPECT_LT(WidgetBehindColumns(2, ImGuiOldColumnFlags_None), kFarRight);
+}
+
+TEST_F(ComponentEditTest, AVectorTakesFourColumns) {
+  for (int frame = 0; frame < 2; ++frame) {
+    context.Frame([&] {
+      ImGui::BeginColumns("other", 4, kFixed);
+      ImGui::SetColumnOffset(3, kFarRight);
+      Display("place");
+      EXPECT_GE(GImGui->LastItemData.Rect.Min.x, kFarRight) << "Z lies in the last one";
+    });
+  }
+}
+
+TEST_F(ComponentEditTest, TheDefaultModeShowsThePropertyByItsType) {
+  context.Frame([&] {
+    const rttr::property property = rttr::type::get<Subject>().get_property("watched");
+    g_display_modes["default"](property, property.get_value(subject), subject);
+  });
+  EXPECT_EQ(subject.writes, 1);
 }
 
 TEST_F(ComponentEditTest, TheTablesHaveTheirRows) {

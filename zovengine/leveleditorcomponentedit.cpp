@@ -82,16 +82,6 @@ void DisplayProperty(rttr::property property, const rttr::variant& value,
                                                                                  instance);
 }
 
-void DisplayComponent(const rttr::type& type, const rttr::instance& component) {
-  if (!type.get_metadata("isInspect").to_bool()) return;
-  for (const rttr::property& property : type.get_properties()) {
-    if (!property.get_metadata("is_inspect").to_bool()) continue;
-    const rttr::variant& value = property.get_value(component);
-    g_display_modes[property.get_metadata("DisplayMode").get_value<std::string>()](property, value,
-                                                                                   component);
-  }
-}
-
 void EditFloat(rttr::property property, const rttr::variant& value,
                const rttr::instance& instance) {
   BeginRow(property, kColumns);

@@ -26,12 +26,6 @@ extern std::map<std::string, PropertyEditor> g_property_editors;
 void DisplayProperty(rttr::property property, const rttr::variant& value,
                      const rttr::instance& instance);
 
-/// Shows every inspectable property of a component, in the order of registration. The property's
-/// own function is `g_display_modes[its "DisplayMode"]`; one without an entry throws
-/// std::bad_function_call. `component` is wrapped as its own class; a class that is not inspectable
-/// shows nothing.
-void DisplayComponent(const rttr::type& type, const rttr::instance& component);
-
 /// The rows: a label, and beside it the widget. A slider runs between the property's "min" and
 /// "max"; without them between the bounds of an ordinary field. Every row writes its value back in
 /// each frame, whether it changed or not.
