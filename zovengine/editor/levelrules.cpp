@@ -82,7 +82,7 @@ const LevelRule kRules[] = {
     {"place-free", kError, "a unit or its patrol lies in a wall or off the map"},
     {"hull", kWarning, "floor lies open to space: units and shots leave the level"},
     {"cover-thin", kWarning,
-     "a wall of one tile between floors: a unit that leans on it fires through it"},
+     "a wall of one tile between grounds: a unit that leans on it fires through it"},
 };
 
 const LevelRule& FindRule(const char* name) {

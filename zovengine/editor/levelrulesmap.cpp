@@ -1,5 +1,6 @@
 #include <cmath>
 #include <cstdio>
+#include <optional>
 #include <unordered_set>
 
 #include "editor/levelrulesreport.h"
@@ -32,9 +33,26 @@ class Board {
   bool Contains(std::int64_t column, std::int64_t row) const {
     return column >= 0 && row >= 0 && column < m_width && row < m_height;
   }
-  Cell& At(int column, int row) {
-    return m_cells[static_cast<std::size_t>(row) * static_cast<std::size_t>(m_width) +
-                   static_cast<std::size_t>(column)];
+  std::size_t Index(int column, int row) const {
+    return static_cast<std::size_t>(row) * static_cast<std::size_t>(m_width) +
+           static_cast<std::size_t>(column);
+  }
+  Cell& At(int column, int row) { return m_cells[Index(column, row)]; }
+  /// By index, whether a cell is reached from one of `starts` (indices) without crossing a wall.
+  std::vector<bool> WithoutWalls(std::vector<std::size_t> starts) const {
+    std::vector<bool> reached(m_cells.size(), false);
+    const auto width = static_cast<std::size_t>(m_width);
+    while (!starts.empty()) {
+      const std::size_t index = starts.back();
+      starts.pop_back();
+      if (reached[index] || m_cells[index] == Cell::kWall) continue;
+      reached[index] = true;
+      if (index % width > 0) starts.push_back(index - 1);
+      if (index % width + 1 < width) starts.push_back(index + 1);
+      if (index >= width) starts.push_back(index - width);
+      if (index + width < m_cells.size()) starts.push_back(index + width);
+    }
+    return reached;
   }
   /// The column and the row of a place, as parts of cells: whole numbers are their edges.
   float ColumnOf(float x) const {
@@ -45,14 +63,16 @@ class Board {
     const auto size = static_cast<float>(m_size);
     return (static_cast<float>(FirstY()) - y) / size + 0.5f;
   }
-  /// The cell of a place; a wall for one off the map.
-  Cell AtPlace(float x, float y) {
+  /// The index of the cell of a place; none for one off the map.
+  std::optional<std::size_t> IndexAt(float x, float y) const {
     const float column = std::floor(ColumnOf(x));
     const float row = std::floor(RowOf(y));
     const bool is_within = column >= 0.0f && row >= 0.0f && column < static_cast<float>(m_width) &&
                            row < static_cast<float>(m_height);
-    return is_within ? At(static_cast<int>(column), static_cast<int>(row)) : Cell::kWall;
+    if (!is_within) return std::nullopt;
+    return Index(static_cast<int>(column), static_cast<int>(row));
   }
+  bool IsWall(std::size_t index) const { return m_cells[index] == Cell::kWall; }
 
  private:
   std::size_t Count() const {
@@ -89,8 +109,7 @@ class MapRules {
     for (const ObjectView& object : m_level.objects.All()) {
       if (object.IsUnit()) CheckPlaces(object);
     }
-    if (!m_has_floor) return;
-    CheckHull();
+    if (m_has_floor) CheckHull();
     CheckCover();
   }
 
@@ -163,7 +182,9 @@ class MapRules {
     std::vector<Vector3D> places = unit.Vectors("Enemy", "m_waypoints");
     if (unit.Has("Transform")) places.insert(places.begin(), unit.Place());
     for (const Vector3D& place : places) {
-      if (m_board.AtPlace(place.x, place.y) != Cell::kWall) continue;
+      const std::optional<std::size_t> index = m_board.IndexAt(place.x, place.y);
+      if (index) m_starts.push_back(*index);
+      if (index && !m_board.IsWall(*index)) continue;
       m_report.Add("place-free", unit,
                    "stands or walks at " + Point(place) + ", in a wall or off the map");
     }
@@ -184,23 +205,23 @@ class MapRules {
   /// A muzzle lies before its unit, so the shot of a unit that leans on a wall starts within the
   /// wall: of one tile it leaves on the other side.
   void CheckCover() {
+    const std::vector<bool> ground = m_board.WithoutWalls(m_starts);
     for (int row = 0; row < m_board.Height(); ++row) {
       for (int column = 0; column < m_board.Width(); ++column) {
-        if (m_board.At(column, row) != Cell::kWall || !PartsFloor(column, row)) continue;
+        if (m_board.At(column, row) != Cell::kWall || !PartsGround(ground, column, row)) continue;
         m_report.Add("cover-thin", LevelFile::kTiles,
                      "the wall in row " + std::to_string(row) + ", column " +
-                         std::to_string(column) + " has floor on two opposite sides");
+                         std::to_string(column) + " has ground on two opposite sides");
       }
     }
   }
 
-  bool IsFloor(int column, int row) {
-    return m_board.Contains(column, row) && m_board.At(column, row) == Cell::kFloor;
-  }
-
-  bool PartsFloor(int column, int row) {
-    return (IsFloor(column - 1, row) && IsFloor(column + 1, row)) ||
-           (IsFloor(column, row - 1) && IsFloor(column, row + 1));
+  bool PartsGround(const std::vector<bool>& ground, int column, int row) const {
+    const auto is_ground = [&](int c, int r) {
+      return m_board.Contains(c, r) && ground[m_board.Index(c, r)];
+    };
+    return (is_ground(column - 1, row) && is_ground(column + 1, row)) ||
+           (is_ground(column, row - 1) && is_ground(column, row + 1));
   }
 
   bool TouchesSpace(int column, int row) {
@@ -216,6 +237,7 @@ class MapRules {
   Board m_board;
   LevelReport& m_report;
   std::unordered_set<std::uint64_t> m_places;
+  std::vector<std::size_t> m_starts;  ///< indices of the cells of units and patrols
   bool m_has_floor = false;
 };
 

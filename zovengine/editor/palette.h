@@ -34,8 +34,8 @@ std::string NewLevelText(const std::string& level_path);
 ObjectPath FindLevelRoot(const LevelDocument& document);
 
 /// Where a new object of this category belongs among the children of the level's root: units behind
-/// the units, decor before all else, anything else behind the hazards, and all before the interface,
-/// which is drawn over them.
+/// the units, decor before all else, anything else behind the hazards, and all before the
+/// interface, which is drawn over them.
 std::size_t PlaceInLevel(const LevelDocument& document, const ObjectPath& root,
                          const std::string& category);
 
