@@ -156,7 +156,9 @@ class AuthoredLevel(unittest.TestCase):
         self.change(lambda by_name: by_name["player1"]["Player"].update(m_health=0))
         with self.assertRaises(SystemExit) as refused:
             self.run_maker("--check")
-        self.assertEqual(refused.exception.code, "Level01: error: level/player1 starts without health [unit-health, at 0/0]")
+        objects = json.loads(self.text())["GameObjFactory"]
+        self.assertEqual(refused.exception.code, "Level01: error: level/player1 starts without health "
+                                                 f"[unit-health, at {objects.index(root_of(objects))}/0]")
 
     def test_an_authored_level_that_only_looks_wrong_passes(self):
         self.change(lambda by_name: by_name["player1"]["Render"].update(m_tex="Nothing"))
