@@ -6,7 +6,7 @@ from records import animation, attached, body, collider, light, puffs, record, r
 
 # Sparks that fall into a hole: how far beside its middle they aim, and their colour at birth.
 INFALL_SLANT = 38
-INFALL_COLOUR = (0.9, 1.1, 2.0, 0.0)
+INFALL_COLOUR = (1.5, 1.2, 2.0, 0.0)
 
 
 def place(own, side, turn=0):
@@ -26,7 +26,7 @@ def infall(parent, count=6):
         at = (math.cos(angle) * size * 0.62, math.sin(angle) * size * 0.62)
         yield record("infall", {
             "Transform": attached(parent, at, (1, 1), 360 / count * k + 180 - INFALL_SLANT, follow=True),
-            **puffs(6, 7, (INFALL_COLOUR, (1.1, 1.6, 2.0, 0.75)), (7, 2), seconds=0.9, force=size * 7, texture="Particle_Glow"),
+            **puffs(6, 7, (INFALL_COLOUR, (1.7, 1.5, 2.0, 0.8)), (7, 2), seconds=0.9, force=size * 7, texture="Particle_Glow"),
         })
 
 

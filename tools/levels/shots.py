@@ -10,6 +10,7 @@ DRAWN = 1.6
 REACH = 0.97
 # Particles are lit, and a floor without a light shows half of their colour.
 BRIGHT = 1.8
+SMOULDER = (0.45, 0.36, 0.34)  # what smoke cools to
 
 # By the names in labels and descriptions. `image` and `gun` are parts of texture keys, `fields` are the component's own besides
 # range and speed, and `light` is the strength of the shot's light. A unit has a mass of 350, so blast and pull are large.
@@ -41,11 +42,11 @@ HITS = {
 TRAILS = {
     "BASIC": ("Particle_Glow", (26, 4), 120, False),
     "BOUNCE": ("Particle_Ring", (24, 8), 300, True),
-    "EXPLOSION": ("Particle_Smoke", (22, 34), 700, True),
+    "EXPLOSION": ("Particle_Smoke", (20, 40), 500, True),
     "PIERCE": ("Particle_Spark", (30, 6), 30, False),
     "PUSH": ("Particle_Wave", (44, 16), 300, True),
     "SWAP": ("Particle_Spark", (34, 8), 900, True),
-    "VACUUM": ("Particle_Glow", (14, 30), 900, True),
+    "VACUUM": ("Particle_Glow", (30, 8), 600, True),
 }
 # By weapon, the particle of what a hit throws up.
 SPARKS = {"BOUNCE": "Particle_Ring", "EXPLOSION": "Particle_Smoke", "PUSH": "Particle_Glow", "VACUUM": "Particle_Glow"}
@@ -59,7 +60,7 @@ def shot_light(name, kind):
 
 def trail(name, kind, own):
     texture, sizes, force, backwards = TRAILS[name]
-    start, end = [BRIGHT * channel for channel in kind["colour"]], kind["colour"]
+    start, end = [BRIGHT * channel for channel in kind["colour"]], SMOULDER if texture == "Particle_Smoke" else kind["colour"]
     side = kind["size"] * 0.5 if not backwards else 1
     return record("bullet_trail", {
         "Transform": attached(own, (0, 0), (side, side)),
