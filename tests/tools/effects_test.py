@@ -1,4 +1,5 @@
 """What units and shots look like: sheets, loops, blasts and bars agree with the images and with what the game does."""
+import math
 import unittest
 
 from makers import load
@@ -9,7 +10,7 @@ from pieces import walk
 from records import transform
 
 LISTED = load("render_images").read_list()
-PIXELS = 2 / 3  # a world unit on a screen of 720 lines
+PIXELS = 720 / (2 * 1303.5 * math.tan(math.radians(22.5)))  # a world unit on a screen of 720 lines
 STATES = ("spawn", "death", "once", "loop")
 UNITS = {
     "player": dict(side="player", at=[0, 0], health=4, weapons=["BASIC", "PIERCE"]),
@@ -63,8 +64,9 @@ class Effects(unittest.TestCase):
             for state, key in [*((state, sheet) for state, (sheet, _) in sheets(own).items()), ("", own.get("Render", {}).get("m_tex"))]:
                 if key is None or own["name"] == "WeaponText":  # the game sets this one's size
                     continue
-                shown = own["Transform"]["m_world_scale"][0] * (3 if state == "death" else 1) * PIXELS
-                self.assertLessEqual(LISTED[key].width, shown + 1, f"{own['name']}: {key}")
+                shown = [side * (3 if state == "death" else 1) * PIXELS for side in own["Transform"]["m_world_scale"]]
+                self.assertLessEqual(LISTED[key].width, shown[0], f"{own['name']}: {key}")
+                self.assertLessEqual(LISTED[key].height, shown[1], f"{own['name']}: {key}")
 
     def test_every_loop_of_a_unit_has_a_twin_before_it(self):
         for kind, unit in MADE.items():

@@ -4,9 +4,7 @@ import sys
 
 from records import animation, attached, body, collider, light, puffs, record, render, shared_square, sprite, transform
 
-# Sparks that fall into a hole: how far beside its middle they aim, and their colour at birth.
-INFALL_SLANT = 38
-INFALL_COLOUR = (1.5, 1.2, 2.0, 0.0)
+INFALL_SLANT = 38  # how far beside the middle of a hole the sparks aim that fall into it (unit: degrees)
 
 
 def place(own, side, turn=0):
@@ -19,14 +17,14 @@ def shape(kind, category, part=1.0):
 
 
 def infall(parent, count=6):
-    """Emitters around a hole that throw sparks aslant towards its rim. They turn with it, which makes the sparks a spiral."""
+    """Emitters around a hole that throw sparks aslant towards its rim, so that they fall in a spiral."""
     size = parent["m_world_scale"][0]
     for k in range(count):
-        angle = math.radians(360 / count * k)
-        at = (math.cos(angle) * size * 0.62, math.sin(angle) * size * 0.62)
+        angle = 360 / count * k
+        at = [size * 0.62 * side for side in (math.cos(math.radians(angle)), math.sin(math.radians(angle)))]
         yield record("infall", {
-            "Transform": attached(parent, at, (1, 1), 360 / count * k + 180 - INFALL_SLANT, follow=True),
-            **puffs(6, 7, (INFALL_COLOUR, (1.7, 1.5, 2.0, 0.8)), (7, 2), seconds=0.9, force=size * 7, texture="Particle_Glow"),
+            "Transform": attached(parent, at, (1, 1), (angle + 180 - INFALL_SLANT) % 360),
+            **puffs(6, 8, ((1.5, 1.2, 2.0, 0.3), (1.8, 1.6, 2.0, 0.9)), (16, 5), seconds=0.9, force=size * 7),
         })
 
 
