@@ -145,9 +145,10 @@ TEST(Level00, NothingLeavesTheWallsInAMinute) {
 TEST(Level00, SparksRiseFromTheFountain) {
   Level00World level;
   level.world.Step(120);
-  const Vector3D source = Level00World::PlaceOf(level.world.Find("fountain"));
+  GameObj* fountain = level.world.Find("fountain");
+  const Vector3D source = Level00World::PlaceOf(fountain);
   int flying = 0;
-  for (const Particle* particle : All<Particle>()) {
+  for (const Particle* particle : fountain->GetComponent<ParticleSystemC>()->m_particles) {
     if (!particle->m_owner->active) continue;
     ++flying;
     EXPECT_GT(Level00World::PlaceOf(particle->m_owner).y, source.y);
