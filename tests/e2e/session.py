@@ -16,7 +16,7 @@ ASIDE = (0, 300)  # where it is out of the units' way
 CROSSHAIR = 84
 ARENA = (0, 0, 1920, 964)  # units move there
 PROMPT = (0, -220, 500, 90)  # it blinks
-HOLE = (0, 275, 760, 530)  # it turns
+HOLE = (0, 285, 760, 510)  # it turns
 
 
 class Session(LevelTest):
