@@ -17,6 +17,9 @@ CHECK_TABS = {"Problems": (815, 790), "History": (890, 790), "Log": (950, 790), 
 TILE_MODES = {"Draw Single": (22, 820), "Erase": (140, 820), "Draw Row": (218, 820), "Draw Column": (325, 820),
               "Rotate Tile": (454, 820)}
 TILE_TEXTURES = {"Floor": (50, 877), "Wall": (143, 877)}
+SEARCH, FIRST_ENTRY = (85, 823), (50, 900)  # of the palette
+NAME_FIELD = (1800, 71)  # of the inspector
+CREATE = (853, 517)  # of the dialog for a new level
 PICTURE = (250, 25)  # the upper left corner of the level's picture
 UNITS_PER_PIXEL = 1.5
 
@@ -35,6 +38,16 @@ class Editor:
         assert self.game.is_running(), "the editor failed:\n" + self.game.output() + self.game.errors()
         window = self.game.find_window(TITLE)
         return window if window and window.has_focus() else None
+
+    def settle(self):
+        """Waits until the window stands still, so that a picture of it shows all that was done."""
+        last = None
+
+        def stands():
+            nonlocal last
+            before, last = last, Picture.of_screen().data
+            return before == last
+        wait_until(stands, "a picture at rest")
 
     def move(self, place):
         move_mouse(self.left + int(place[0]), self.top + int(place[1]))
@@ -81,24 +94,37 @@ class Editor:
         self.level_menu("New")
         time.sleep(PAUSE)
         self.type(name)
-        self.click((853, 517))  # Create
+        self.click(CREATE)
         time.sleep(PAUSE)
 
-    def paint(self, texture, mode, start, end=None):
-        """A stroke of a tile tool between two places of the level."""
+    def choose_tile(self, texture, mode):
+        """Takes a tile and a tool in hand."""
         self.click(BUILD_TABS["Tiles"])
         self.click(TILE_TEXTURES[texture])
         self.click(TILE_MODES[mode])
+
+    def stroke(self, start, end=None):
+        """A stroke of the tool in hand between two places of the level."""
         self.drag(self.place(*start), self.place(*(end or start)))
 
-    def put(self, entry, at):
-        """Puts an entry of the palette at a place of the level."""
+    def search_palette(self, entry):
+        """Leaves one entry of the palette."""
         self.click(BUILD_TABS["Palette"])
-        self.click((85, 823))  # the search
+        self.click(SEARCH)
         self.key("ctrl", "a")
         self.type(entry)
-        self.click((50, 900))  # the first entry that is left
+
+    def put(self, at):
+        """Puts the entry that is left at a place of the level."""
+        self.click(FIRST_ENTRY)
         self.click(self.place(*at))
+
+    def fill_name(self, name):
+        """Types a name for the object that the inspector shows."""
+        self.click(NAME_FIELD)
+        self.key("ctrl", "a")
+        self.type(name)
+        self.key("Return")
 
     def save(self):
         self.move(self.place(0, 0))

@@ -4,6 +4,7 @@
 #include <cctype>
 #include <filesystem>
 #include <fstream>
+#include <iostream>
 #include <iterator>
 #include <optional>
 #include <utility>
@@ -109,6 +110,11 @@ std::string FaultOfLevelName(const std::string& name) {
     return "There is a level \"" + name + "\" already.";
   }
   return "";
+}
+
+void EditorLog::Add(const Line& line) {
+  std::cout << line.text << '\n';
+  m_lines.push_back(line);
 }
 
 LevelEditor::LevelEditor() {

@@ -24,21 +24,21 @@ struct NewLevel {
   std::int32_t tile_size = 60;  ///< (unit: world units)
 };
 
-/// What the author is told: what was done, and what could not be.
+/// What the author is told: what was done, and what could not be. Each line is printed on standard
+/// output as well.
 class EditorLog {
  public:
   struct Line {
     std::string text;
     bool fault = false;
   };
-  void Say(const std::string& text) { m_lines.emplace_back().text = text; }
-  void Fault(const std::string& text) {
-    Say(text);
-    m_lines.back().fault = true;
-  }
+  void Say(const std::string& text) { Add({text, false}); }
+  void Fault(const std::string& text) { Add({text, true}); }
   const std::vector<Line>& Lines() const { return m_lines; }
 
  private:
+  void Add(const Line& line);
+
   std::vector<Line> m_lines;
 };
 

@@ -90,6 +90,7 @@ bool TestPlay::Start(LevelEditor& editor) {
   g_engine->paused = false;
   g_current_level_path = level;
   ChangeState(kDefaultState, level);
+  editor.log.Say("Test-play; Escape returns.");
   return true;
 }
 
@@ -103,6 +104,7 @@ void TestPlay::Resume(LevelEditor& editor) {
   m_running = false;
   BuildScene(editor.document, m_tiles);
   g_editor.m_editor_camera->GetComponent<Transform>()->m_local_pos = m_camera;
+  editor.log.Say("Back from the test-play.");
 }
 
 }  // namespace ZOVEngine

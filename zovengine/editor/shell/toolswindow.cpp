@@ -91,13 +91,13 @@ ToolsWindow::~ToolsWindow() {
 
 void ToolsWindow::SetLive(bool live) {
   g_window_state.imguiLive = live;
-  const NativePoint cursor = g_native->CursorPosition();
-  m_mouse.Reset(ImVec2(static_cast<float>(cursor.x), static_cast<float>(cursor.y)));
+  PutStillDevice(live);
   PlatformEventListener listener;
   if (live) {
+    const NativePoint cursor = g_native->CursorPosition();
+    m_input.Reset(ImVec2(static_cast<float>(cursor.x), static_cast<float>(cursor.y)));
     listener = [this](const void* platform_event) {
-      ImGui_ImplSDL2_ProcessEvent(static_cast<const SDL_Event*>(platform_event));
-      m_mouse.Take(platform_event);
+      m_input.Take(*static_cast<const SDL_Event*>(platform_event));
     };
   }
   SetToolsListener(listener);
@@ -105,17 +105,31 @@ void ToolsWindow::SetLive(bool live) {
   g_native->SetSkippedEventListener(listener);
 }
 
+void ToolsWindow::PutStillDevice(bool live) {
+  if (live == (m_still != nullptr)) return;
+  if (live) {
+    m_device = g_gl_device;
+    m_still = std::make_unique<StillDevice>(
+        m_device, StillDevice::Keeper{[this] { m_picture.Keep(); }, [this] { m_picture.Show(); }});
+    g_gl_device = m_still.get();
+  } else {
+    g_gl_device = m_device;
+    m_still.reset();
+  }
+}
+
 void ToolsWindow::TakeEvents() {
   NativeEvent event;
-  for (int i = 0; i < kMostEvents && !m_mouse.IsFrameFull() && g_native->PumpEvent(&event); ++i) {
+  for (int i = 0; i < kMostEvents && !m_input.IsFrameFull() && g_native->PumpEvent(&event); ++i) {
     WindowProcedure(event);
   }
 }
 
 void ToolsWindow::BeginFrame() {
+  m_input.Feed([](const SDL_Event& event) { ImGui_ImplSDL2_ProcessEvent(&event); });
   ImGui_ImplOpenGL3_NewFrame();
   ImGui_ImplSDL2_NewFrame();
-  m_mouse.Apply(&ImGui::GetIO());
+  m_input.Apply(&ImGui::GetIO());
   ImGui::NewFrame();
 }
 

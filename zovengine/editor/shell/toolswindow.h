@@ -1,6 +1,10 @@
 #pragma once
 
-#include "editor/shell/toolsmouse.h"
+#include <memory>
+
+#include "editor/shell/stilldevice.h"
+#include "editor/shell/toolsinput.h"
+#include "render/gl/glkept.h"
 
 namespace ZOVEngine {
 
@@ -8,7 +12,8 @@ namespace ZOVEngine {
 /// over the frame that the renderer made.
 ///
 /// One lives at a time, between the start and the end of the window's OpenGL context. While it is
-/// live it is offered the window's events, and the renderer leaves presenting to it.
+/// live it is offered the window's events, the renderer leaves presenting to it, and the device in
+/// use draws the picture below the panels only when it has changed.
 class ToolsWindow {
  public:
   /// Needs an open window with its context current.
@@ -29,7 +34,12 @@ class ToolsWindow {
   void EndFrame();
 
  private:
-  ToolsMouse m_mouse;
+  void PutStillDevice(bool live);
+
+  ToolsInput m_input;
+  KeptPicture m_picture;
+  std::unique_ptr<StillDevice> m_still;  ///< while it is live
+  GLDevice* m_device = nullptr;          ///< the one behind
 };
 
 /// The colours, sizes and spacings of the panels.
