@@ -4,6 +4,8 @@ It lies in two layers. The lower one is drawn with the world, in the order of cr
 dims it, and the glossary, whose pieces the game looks up among the children of the level's root. The upper one, the other
 screens, lies below the camera and covers everything.
 """
+import copy
+
 from pieces import SWITCH, WIDE, button, column, element, glossary, image, looks, page, question, sample, text
 
 NEVER = "ui_key_hint"  # no screen has this state, so the hints of keys are always shown and never clicked
@@ -38,11 +40,14 @@ def turn_lines():
 
 
 def weapon(index):
-    """The bay of a weapon: its gun and its name, on a ground that is lit when it is in the hand."""
+    """The bay of a weapon: its gun and its name, on a ground that is lit when it is in the hand. The gun is drawn twice, since one
+    alone is too faint to be told from others when it is not in the hand.
+    """
     x = WEAPONS[index]
+    gun = element(f"ui_weapon{index}_tex", "Gun_Basic_Green", (x - 92, BOTTOM_BAY), (48, 48), alpha=0, visible=True)
     return [side_light(index, "weapon_ground", (x, BOTTOM_BAY), (WEAPON - 8, BAY - 8), DIM),
             side_light(index, "weapon_mark", (x, BOTTOM_BAY - BAY / 2 + 5), (WEAPON - 28, 4), FULL),
-            element(f"ui_weapon{index}_tex", "Gun_Basic_Green", (x - 92, BOTTOM_BAY), (48, 48), alpha=0, visible=True),
+            gun, copy.deepcopy(gun),
             text(f"ui_weapon{index}_font", (x - 56, BOTTOM_BAY - 8), 0.54, PALE)]
 
 
@@ -57,8 +62,8 @@ def in_play():
         text("ui_turn", (40, TOP_BAY - 10), 0.66, PALE),
         hint("ui_cycle_left", "Hud_CycleLeft", -104, 84),
         hint("ui_cycle_right", "Hud_CycleRight", -20, 124),
-        hint("ui_undo", "Hud_Undo", 370, 182),
-        hint("ui_skip", "Hud_Skip", 560, 152),
+        hint("ui_undo", "Hud_Undo", 370, 178),
+        hint("ui_skip", "Hud_Skip", 556, 156),
         *weapon(0),
         *weapon(1),
         *turn_lines(),
