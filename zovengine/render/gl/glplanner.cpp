@@ -8,9 +8,12 @@ namespace ZOVEngine {
 namespace {
 
 constexpr std::uint32_t kQuadPattern[6] = {0, 1, 3, 1, 2, 3};
-/// Sprites up to this area join a run that evaluates more lights than they need, which is cheaper
-/// than a draw call (unit: square world units).
-constexpr float kSmallArea = 48.0f * 48.0f;
+/// Sprites up to this area join a run that evaluates more lights than they need, and runs up to
+/// this area evaluate more for the next sprite, which is cheaper than a draw call. The tiles of a
+/// level are as large (unit: square world units).
+constexpr float kSmallArea = 62.0f * 62.0f;
+/// Of a run with a cut quad: it is never small.
+constexpr float kLargeArea = 1e9f;
 
 /// The smallest area of the background: a quarter of the screen, which is 2 by 2 in clip space.
 constexpr float kLargeOnScreen = 1.0f;
@@ -320,6 +323,7 @@ void FramePlanner::AddCellsOfClass(const DrawCommand& command, const StreamVerte
     PlaceCell(corners, cell, placed);
     if (IsHidden(command, placed)) continue;
     OpenStreamedRun(key);
+    m_run_area = kLargeArea;
     StreamVertex* vertices = m_vertices.Grab(4);
     std::copy_n(placed, 4, vertices);
     SetUnit(vertices, 4, TakeUnit(key, command.texture));
@@ -476,9 +480,16 @@ LightClass FramePlanner::LightSprite(StreamVertex* vertices, std::size_t count, 
   const NearLights near = m_lights[static_cast<std::size_t>(Program::kLight)].Near(box);
   SetNear(vertices, count, near);
   const LightClass needed = DrawableClass(Program::kLight, near.Class());
-  const bool joins = m_streamed_run_open && m_key.program == Program::kLight &&
-                     m_key.mode == mode && m_key.lights > needed && Area(box) <= kSmallArea;
-  return joins ? m_key.lights : needed;
+  return JoinLitRun(needed, mode, Area(box));
+}
+
+LightClass FramePlanner::JoinLitRun(LightClass needed, GLenum mode, float area) {
+  const bool may_join =
+      m_streamed_run_open && m_key.program == Program::kLight && m_key.mode == mode;
+  if (may_join && needed < m_key.lights && area <= kSmallArea) needed = m_key.lights;
+  if (may_join && needed > m_key.lights && m_run_area <= kSmallArea) m_key.lights = needed;
+  m_run_area = may_join && needed == m_key.lights ? m_run_area + area : area;
+  return needed;
 }
 
 std::uint32_t FramePlanner::CountVertices(const DrawCommand& command) const {

@@ -90,6 +90,9 @@ class FramePlanner {
   bool IsHidden(const DrawCommand& command, const StreamVertex corners[4]) const;
   LightClass DrawableClass(Program program, LightClass lights);
   LightClass LightSprite(StreamVertex* vertices, std::size_t count, GLenum mode);
+  /// The class in which a lit sprite of this area is drawn, which needs `needed`: it joins the open
+  /// run if either side is small, and raises the run's class if the run is.
+  LightClass JoinLitRun(LightClass needed, GLenum mode, float area);
   std::uint32_t CountVertices(const DrawCommand& command) const;
   std::uint32_t VertexNumber(const StreamVertex* vertex) const;
   ProgramSet& Forms(Program program) { return (*m_programs)[static_cast<std::size_t>(program)]; }
@@ -110,6 +113,7 @@ class FramePlanner {
   Stream<InstanceRecord> m_instances;
   RunKey m_key;
   bool m_streamed_run_open = false;
+  float m_run_area = 0.0f;  ///< of the lit sprites of the open run
   bool m_run_open = false;
   int m_last_unit = 0;
 };
