@@ -8,7 +8,9 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "editor/levelrules.h"
@@ -144,14 +146,18 @@ class LevelDraft {
     }
   }
 
-  /// The tiles of the upper and the lower edge.
+  /// The walls of the upper and the lower edge, from left to right, the upper ones first.
   void KeepWalls() {
     Json& all = tiles["GameObjFactory"];
-    for (auto tile = all.Begin(); tile != all.End();) {
-      const float y = (*tile)["Transform"]["m_pos"][1].GetFloat();
-      const bool is_wall = ZOVEngine::IsWallTexture((*tile)["Render"]["m_tex"].GetString());
-      tile = is_wall && (y > 500.0f || y < -500.0f) ? tile + 1 : all.Erase(tile);
+    std::map<std::pair<float, float>, Json> walls;
+    for (const Json& tile : all.GetArray()) {
+      const Json& place = tile["Transform"]["m_pos"];
+      const float x = place[0].GetFloat(), y = place[1].GetFloat();
+      if (!ZOVEngine::IsWallTexture(tile["Render"]["m_tex"].GetString())) continue;
+      if (y > 500.0f || y < -500.0f) walls.emplace(std::pair(-y, x), Copy(tile));
     }
+    all.Clear();
+    for (auto& [place, wall] : walls) all.PushBack(wall, objects.GetAllocator());
   }
 };
 

@@ -19,10 +19,15 @@ def run(*arguments, folder=ROOT):
     return subprocess.run([checker.find_program(), *arguments], cwd=folder, stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
 
 
+def root_index(file):
+    """The place of the object that runs a level among the objects of its file."""
+    return next(k for k, own in enumerate(file["GameObjFactory"]) if "GameController" in own)
+
+
 def without(name):
     """The files of the first level without one child of the object that runs it."""
     file = json.loads(FILES[UNITS])
-    root = next(own for own in file["GameObjFactory"] if "GameController" in own)
+    root = file["GameObjFactory"][root_index(file)]
     root["Childs"] = [own for own in root["Childs"] if own["name"] != name]
     return {**FILES, UNITS: json.dumps(file)}
 
@@ -43,7 +48,7 @@ class Rules(unittest.TestCase):
             for name in (str(level), f"{level}/"):
                 done = run(name)
                 self.assertEqual((done.returncode, done.stdout),
-                                 (1, "Level01: error: level/player1 starts without health [unit-health, at 0/0]\n"))
+                                 (1, f"Level01: error: level/player1 starts without health [unit-health, at {root_index(json.loads(FILES[UNITS]))}/0]\n"))
 
     def test_a_warning_is_told_and_does_not_fail(self):
         lines = checker.problems(without("ui_turn"))
