@@ -48,7 +48,8 @@ class Rules(unittest.TestCase):
             for name in (str(level), f"{level}/"):
                 done = run(name)
                 self.assertEqual((done.returncode, done.stdout),
-                                 (1, f"Level01: error: level/player1 starts without health [unit-health, at {root_index(json.loads(FILES[UNITS]))}/0]\n"))
+                                 (1, "Level01: error: level/player1 starts without health "
+                                     f"[unit-health, at {root_index(json.loads(FILES[UNITS]))}/0]\n"))
 
     def test_a_warning_is_told_and_does_not_fail(self):
         lines = checker.problems(without("ui_turn"))

@@ -7,12 +7,7 @@ from makers import LEVEL01, ROOT, make_level
 from levels import scene
 
 FOLDER = "Level Editor/Levels/Level01"
-SMALL = {
-    "name": "Small",
-    "map": {"tile_size": 60, "rows": ["####", "#..#", "#..#", "####"]},
-    "tiles": {"#": {"texture": "Tile_Wall", "joins": "Wall"}},
-    "floor": {"texture": ["Plain", "Worn"], "size": 120, "corner": [-60, -60], "columns": 1, "rows": 1},
-}
+TILES = {"#": {"texture": "Tile_Wall", "joins": "Wall"}}
 
 
 def texture(own):
@@ -29,11 +24,12 @@ def records(files, part):
 
 class Walls(unittest.TestCase):
     def textures(self, *rows):
-        level = {"map": {"tile_size": 60, "rows": list(rows)}, "tiles": SMALL["tiles"]}
+        level = {"map": {"tile_size": 60, "rows": list(rows)}, "tiles": TILES}
         return {place(own): texture(own) for own in scene.wall_tiles(level, scene.Map(level))}
 
     def test_a_wall_joins_the_walls_beside_it(self):
-        self.assertEqual(self.textures("##.", "#..", "..#"), {(-60, 60): "Wall_ES", (0, 60): "Wall_W", (-60, 0): "Wall_N", (60, -60): "Tile_Wall"})
+        joined = {(-60, 60): "Wall_ES", (0, 60): "Wall_W", (-60, 0): "Wall_N", (60, -60): "Tile_Wall"}
+        self.assertEqual(self.textures("##.", "#..", "..#"), joined)
 
     def test_a_kind_that_does_not_join_has_one_texture(self):
         level = {"map": {"tile_size": 60, "rows": ["##"]}, "tiles": {"#": {"texture": "Rock"}}}
@@ -45,13 +41,15 @@ class Walls(unittest.TestCase):
         self.assertEqual({name for name in listed if name.startswith("Wall_")}, names)
 
     def test_ribs_stick_out_on_the_sides_that_face_space(self):
-        level = {"map": {"tile_size": 60, "rows": [" # "]}, "tiles": SMALL["tiles"]}
+        level = {"map": {"tile_size": 60, "rows": [" # "]}, "tiles": TILES}
         ribs = [*scene.rib_tiles(scene.Map(level))]
-        self.assertEqual(sorted((place(own), own["Transform"]["m_rotate"]) for own in ribs), [((-37.0, 0.0), -90.0), ((37.0, 0.0), 90.0)])
+        places = sorted((place(own), own["Transform"]["m_rotate"]) for own in ribs)
+        self.assertEqual(places, [((-37.0, 0.0), -90.0), ((37.0, 0.0), 90.0)])
 
 
 class Floor(unittest.TestCase):
-    FLOOR = {"texture": ["Plain", "Worn"], "columns": 3, "rows": 2, "plan": ["g..", "..g"], "plates": {"g": "Glass"}, "tint": 1, "tint_right": [2, 1, 0]}
+    FLOOR = {"texture": ["Plain", "Worn"], "columns": 3, "rows": 2, "plan": ["g..", "..g"], "plates": {"g": "Glass"},
+             "tint": 1, "tint_right": [2, 1, 0]}
 
     def test_the_plan_chooses_plates_and_the_mixture_fills_the_rest(self):
         laid = [[scene.plate_texture(self.FLOOR, column, row) for column in range(3)] for row in range(2)]
@@ -91,10 +89,20 @@ class OnTheFloor(unittest.TestCase):
             self.assertTrue(own["Render"]["m_visible"] and own["Light"]["m_active"])
             self.assertTrue(texture(own).startswith("Lamp_"))
 
+    def test_paint_over_a_zone_is_refused(self):
+        zone = '\n[[hazards]]\nkind = "damage"\nat = [0, 390]\n'
+        paint = '\n[[decals]]\ntexture = "Decal_Scorch"\nat = [{}, 390]\nsize = 100\n'
+        with self.assertRaises(SystemExit) as refused:
+            make_level(LEVEL01 + zone + paint.format(109))
+        self.assertIn("lies over a zone", str(refused.exception))
+        make_level(LEVEL01 + zone + paint.format(111))
+
     def test_a_wall_throws_one_shadow_along_each_row(self):
-        level = {"map": {"tile_size": 60, "rows": ["##.", "#..", "..."]}, "tiles": SMALL["tiles"]}
-        shades = [(place(own), own["Transform"]["m_scale"][0], own["Transform"]["m_rotate"]) for own in scene.shades(scene.Map(level))]
-        self.assertEqual(sorted(shades), [((-60.0, -47.0), 60.0, 0.0), ((-13.0, 0.0), 60.0, 90.0), ((0.0, 13.0), 60.0, 0.0), ((47.0, 60.0), 60.0, 90.0)])
+        level = {"map": {"tile_size": 60, "rows": ["##.", "#..", "..."]}, "tiles": TILES}
+        shades = sorted((place(own), own["Transform"]["m_scale"][0], own["Transform"]["m_rotate"])
+                        for own in scene.shades(scene.Map(level)))
+        self.assertEqual(shades, [((-60.0, -47.0), 60.0, 0.0), ((-13.0, 0.0), 60.0, 90.0), ((0.0, 13.0), 60.0, 0.0),
+                                  ((47.0, 60.0), 60.0, 90.0)])
 
 
 class Space(unittest.TestCase):

@@ -14,6 +14,7 @@ SIDES = (("N", 0, -1, 180), ("E", 1, 0, 90), ("S", 0, 1, 0), ("W", -1, 0, -90))
 RIBS, RIB_DEPTH, RIB_SHOWN = "Space_Ribs", 30, 22  # of the hull's underside; the rest of the depth lies under the wall
 SHADE, SHADE_DEPTH = "Shade_Wall", 34  # of the shadow that a wall throws
 LAMP_SIZE = 90
+ZONES = ("damage", "rough")
 
 
 def tile(texture, at, size, tint=1, turn=0, alpha=1):
@@ -156,10 +157,27 @@ def wall_texture(kind, cells, column, row):
 def on_floor(level):
     """What lies on the floor, in the order in which it is drawn: paint, shadows, and the fixtures of the lights."""
     cells, lights = Map(level), [*light_places(level)]
-    yield from sorted((decal(own) for own in level.get("decals", [])), key=lambda own: draw_group(own, lights))
+    decals = [decal(own) for own in level.get("decals", [])]
+    refuse_over_zones(level, decals)
+    yield from sorted(decals, key=lambda own: draw_group(own, lights))
     if "shades" not in level or level["shades"]:
         yield from shades(cells)
     yield from (lamp(own) for own in level.get("lamps", []) if "look" in own)
+
+
+def refuse_over_zones(level, decals):
+    """Zones are drawn below all that lies on the floor, and a decal would dim them."""
+    zones = [piece for own in level.get("hazards", []) if own.get("kind") in ZONES for piece in hazard_records(own)]
+    for own in decals:
+        if any(overlap(own, zone) for zone in zones):
+            at = own["Transform"]["m_pos"][:2]
+            sys.exit(f"{level['name']}: {own['Render']['m_tex']} at {at} lies over a zone that is to be seen")
+
+
+def overlap(one, other):
+    """Whether the squares of two records overlap, as if neither was turned."""
+    (p, a), (q, b) = ((own["Transform"]["m_pos"], own["Transform"]["m_scale"]) for own in (one, other))
+    return all(abs(p[k] - q[k]) < (a[k] + b[k]) / 2 for k in (0, 1))
 
 
 def decal(own):
@@ -202,7 +220,7 @@ def runs(cells, right, down):
 
 def lamp(own):
     """A light, and its fixture if it has a look."""
-    shine = light(own["colour"], own["strength"], own["height"], specular=own.get("gloss", 0.2), ambient=own.get("ambient", 0.3))
+    shine = light(own["colour"], own["strength"], own["height"], specular=0.2, ambient=0.3)
     if "look" not in own:
         return record("lamp", {"Transform": transform(own["at"]), **shine})
     side = own.get("size", LAMP_SIZE)
