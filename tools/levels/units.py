@@ -86,7 +86,7 @@ def sight(own, name, start, angle=0):
 def effects(own, size, side):
     yield record("unit_damaged", {
         "Transform": attached(own, (0, 0), (size * 0.3, size * 0.3)),
-        **puffs(18, 12, ((0.8, 0.84, 0.98, 0.8), (0.45, 0.47, 0.55, 0.0)), (size * 0.22, size * 0.66), seconds=1.3, force=size * 16, arc=359,
+        **puffs(22, 16, ((0.72, 0.75, 0.88, 1.0), (0.4, 0.42, 0.5, 0.0)), (size * 0.3, size * 0.75), seconds=1.3, force=size * 16, arc=359,
                 texture="Particle_Smoke"),
     })
     electric = record("electricvfx", {
