@@ -61,7 +61,8 @@ class Effects(unittest.TestCase):
 
     def test_no_image_of_a_unit_is_larger_than_shown_on_a_screen_of_720_lines(self):
         for own in everything():
-            for state, key in [*((state, sheet) for state, (sheet, _) in sheets(own).items()), ("", own.get("Render", {}).get("m_tex"))]:
+            plain = own.get("Render", {}).get("m_tex")
+            for state, key in [("", plain), *((state, sheet) for state, (sheet, _) in sheets(own).items())]:
                 if key is None or own["name"] == "WeaponText":  # the game sets this one's size
                     continue
                 shown = [side * (3 if state == "death" else 1) * PIXELS for side in own["Transform"]["m_world_scale"]]
@@ -85,10 +86,10 @@ class Effects(unittest.TestCase):
             self.assertGreater(drawn, KINDS[name]["size"], name)
 
     def test_each_weapon_has_a_look_of_its_own(self):
-        looks = {(own["Render"]["m_tex"], child(own, "bullet_hit")["Render"]["m_tex"], tuple(child(own, "bullet_trail")["ParticleSystemC"]["m_start_color_min"]))
-                 for own in shots().values()}
-        for k in range(3):
-            self.assertEqual(len({look[k] for look in looks}), len(KINDS))
+        for look in (lambda own: own["Render"]["m_tex"],
+                     lambda own: child(own, "bullet_hit")["Render"]["m_tex"],
+                     lambda own: tuple(child(own, "bullet_trail")["ParticleSystemC"]["m_start_color_min"])):
+            self.assertEqual(len({look(own) for own in shots().values()}), len(KINDS))
 
     def test_a_blast_is_drawn_as_far_as_it_reaches(self):
         for name in ("EXPLOSION", "VACUUM"):

@@ -60,7 +60,8 @@ def shot_light(name, kind):
 
 def trail(name, kind, own):
     texture, sizes, force, backwards = TRAILS[name]
-    start, end = [BRIGHT * channel for channel in kind["colour"]], SMOULDER if texture == "Particle_Smoke" else kind["colour"]
+    start = [BRIGHT * channel for channel in kind["colour"]]
+    end = SMOULDER if texture == "Particle_Smoke" else kind["colour"]
     side = kind["size"] * 0.5 if not backwards else 1
     return record("bullet_trail", {
         "Transform": attached(own, (0, 0), (side, side)),
@@ -74,8 +75,8 @@ def sparks(name, kind, own):
     end = [BRIGHT * channel for channel in kind["colour"]]
     return record("bullet_feedback", {
         "Transform": attached(own, (0, 0), (10, 10)),
-        **puffs(18, 500, ((2.0, 1.9, 1.7, 1.0), (*end, 0.0)), (30, 5), seconds=0.55, force=2900, looping=False, duration=0.05, arc=359,
-                texture=texture),
+        **puffs(18, 500, ((2.0, 1.9, 1.7, 1.0), (*end, 0.0)), (30, 5), seconds=0.55, force=2900, looping=False, duration=0.05,
+                arc=359, texture=texture),
     })
 
 

@@ -21,7 +21,7 @@ GUN, BOSS_GUN = 0.9, 0.82
 SIGHT_LENGTH, SIGHT_WIDTH = 700, 30
 FAN = (-14.32, 0, 14.32)
 SNAP = 60  # arrival distance: more than half a push, or an enemy would step over its waypoints
-# By side: parts of texture keys, the light, and frames of spawn and of death with the seconds of each. Half a second brings a unit in.
+# By side: parts of texture keys, the colour and the strength of the light, frames of the death, and seconds of a frame.
 SIDES = {
     "player": dict(look="Player", gun="Green", fire="Green", light=((0.18, 0.9, 0.65), 0.45), death=10, seconds=0.05),
     "enemy": dict(look="Enemy", gun="Red", fire="Red", light=((1.0, 0.35, 0.37), 0.7), death=10, seconds=0.05),
@@ -86,8 +86,8 @@ def sight(own, name, start, angle=0):
 def effects(own, size, side):
     yield record("unit_damaged", {
         "Transform": attached(own, (0, 0), (size * 0.3, size * 0.3)),
-        **puffs(22, 16, ((0.72, 0.75, 0.88, 1.0), (0.4, 0.42, 0.5, 0.0)), (size * 0.3, size * 0.75), seconds=1.3, force=size * 16, arc=359,
-                texture="Particle_Smoke"),
+        **puffs(22, 16, ((0.72, 0.75, 0.88, 1.0), (0.4, 0.42, 0.5, 0.0)), (size * 0.3, size * 0.75), seconds=1.3, force=size * 16,
+                arc=359, texture="Particle_Smoke"),
     })
     electric = record("electricvfx", {
         "Transform": attached(own, (0, 0), (size * 1.25, size * 1.25), follow=True),
