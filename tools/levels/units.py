@@ -96,7 +96,7 @@ def effects(own, size, side):
         "StateC": {"m_state": "loop"},
     })
     yield from (twin(electric), electric)
-    fires = {"unit_fire": (f"Sheet_Unit_Fire_{side['fire']}", 0.6, 0.6)}
+    fires = {"unit_fire": (f"Sheet_Unit_Fire_{side['fire']}", 0.7, 0.7)}
     if side["look"] == "Player":
         fires["pierce_fire"] = ("Sheet_Unit_Lance", 0.35, 1.1)
     for name, (sheet, width, height) in fires.items():
