@@ -22,7 +22,8 @@ using carapace_test::ReadSound;
 using carapace_test::Tone;
 using carapace_test::WriteSound;
 
-/// A world whose AudioSystem has the real mixer, and an object "horn" with two sounds.
+/// A world whose AudioSystem has the real mixer, and an object "horn" with three sounds. "hum.wav"
+/// is neither music nor an effect that starts afresh, and lasts four steps.
 class AudioWorld {
  public:
   AudioWorld() {
@@ -34,11 +35,13 @@ class AudioWorld {
     world.Directory().Write("Resources/Sound/BGM/none", "");
     EXPECT_TRUE(WriteSound("Resources/Sound/SFX/bang.wav", Tone(kTestRate / 2, 1), 1));
     EXPECT_TRUE(WriteSound("Resources/Sound/BGM/theme.wav", Tone(kTestRate / 2, 2, 300.0f), 2));
+    EXPECT_TRUE(WriteSound("Resources/Sound/SFX/hum.wav", Tone(4 * kSilentStep, 1), 1));
     world.LoadObjects(carapace_test::Record(
         "horn", {{"Transform", carapace_test::TransformAt(0, 0)}, {"AudioSource", R"({
-            "sounds": ["bang.wav", "theme.wav", "absent.wav"], "loop": [false, false, false],
-            "is_3D": [false, false, false], "start_play": [false, false, false],
-            "volume": [1, 1, 1], "sound_type": ["SFX", "BGM", "SFX"]})"}}));
+            "sounds": ["bang.wav", "theme.wav", "absent.wav", "hum.wav"],
+            "loop": [false, false, false, false], "is_3D": [false, false, false, false],
+            "start_play": [false, false, false, false], "volume": [1, 1, 1, 1],
+            "sound_type": ["SFX", "BGM", "SFX", "LOOP"]})"}}));
   }
   ~AudioWorld() {
     world.Shutdown();
@@ -94,6 +97,17 @@ TEST(AudioOutputOfTheSystem, PendingMusicStartsWhenThePlayingOneEnds) {
   }
   EXPECT_NEAR(steps, 30 - 17 + 1, 2);
   ExpectHeard(heard.Listen(10), theme, 2, kSilentStep, 1.0f, kRounding);
+}
+
+TEST(AudioOutputOfTheSystem, ASoundOfWholeStepsThatIsAskedForInEachGoesOnWithoutAGap) {
+  AudioWorld heard;
+  std::vector<float> all;
+  for (int step = 0; step < 30; ++step) {
+    heard.Horn().PlaySound("hum.wav");
+    const std::vector<float> one = heard.Listen(1);
+    all.insert(all.end(), one.begin(), one.end());
+  }
+  ExpectHeard(all, ReadSound("Resources/Sound/SFX/hum.wav"), 1, 0, 1.0f, kRounding);
 }
 
 TEST(AudioOutputOfTheSystem, AMissingFileStaysSilent) {
