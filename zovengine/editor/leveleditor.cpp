@@ -195,7 +195,7 @@ bool LevelEditor::Create(const NewLevel& level) {
 bool LevelEditor::Save() {
   if (!IsOpen()) return false;
   const std::string tile_text = TilesText();
-  BackUpLevel(g_editor.m_level_name);
+  if (!BackUpLevel(g_editor.m_level_name)) log.Fault("The backup could not be made.");
   LevelDocument file;
   file.SetText(TextWithTwins(document));
   BuildScene(file, tile_text, SceneUse::kSave);

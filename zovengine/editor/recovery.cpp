@@ -19,6 +19,7 @@ namespace fs = std::filesystem;
 
 constexpr const char* kBackups = "Level Editor/Backups";
 constexpr const char* kRecovery = "Level Editor/Recovery";
+constexpr const char* kUnfinished = ".new";  ///< ending of a backup that is being made
 constexpr std::size_t kKeptBackups = 10;
 constexpr std::chrono::seconds kInterval{60};
 
@@ -33,6 +34,15 @@ fs::path FreshBackup(const fs::path& home) {
   std::error_code ignored;
   while (fs::exists(home / std::to_string(stamp), ignored)) ++stamp;
   return home / std::to_string(stamp);
+}
+
+/// Takes a backup away: first its name, so that it is none while its files go.
+void DropBackup(const fs::path& backup) {
+  const fs::path leaving = backup.parent_path() / (std::string("old") + kUnfinished);
+  std::error_code ignored;
+  fs::remove_all(leaving, ignored);
+  fs::rename(backup, leaving, ignored);
+  fs::remove_all(leaving, ignored);
 }
 
 /// Replaces the whole level: the gesture of a recovery.
@@ -84,21 +94,26 @@ std::vector<std::string> Backups(const std::string& level_name) {
   std::vector<std::string> out;
   std::error_code failed;
   for (const auto& entry : fs::directory_iterator(fs::path(kBackups) / level_name, failed)) {
-    out.push_back(entry.path().string());
+    if (entry.path().extension() != kUnfinished) out.push_back(entry.path().string());
   }
   std::sort(out.begin(), out.end());
   return out;
 }
 
-void BackUpLevel(const std::string& level_name) {
+bool BackUpLevel(const std::string& level_name) {
   const fs::path level = fs::path(kLevelsFolder) / level_name;
-  std::error_code ignored;
-  if (!fs::exists(level / (level_name + ".json"), ignored)) return;
+  std::error_code failed, ignored;
+  if (!fs::exists(level / (level_name + ".json"), ignored)) return true;
   const fs::path home = fs::path(kBackups) / level_name;
+  const fs::path unfinished = home / (std::string("level") + kUnfinished);
   fs::create_directories(home, ignored);
-  fs::copy(level, FreshBackup(home), fs::copy_options::recursive, ignored);
-  std::vector<std::string> all = Backups(level_name);
-  for (std::size_t i = 0; i + kKeptBackups < all.size(); ++i) fs::remove_all(all[i], ignored);
+  fs::remove_all(unfinished, ignored);
+  fs::copy(level, unfinished, fs::copy_options::recursive, failed);
+  if (!failed) fs::rename(unfinished, FreshBackup(home), failed);
+  if (failed) fs::remove_all(unfinished, ignored);
+  const std::vector<std::string> all = Backups(level_name);
+  for (std::size_t i = 0; i + kKeptBackups < all.size(); ++i) DropBackup(all[i]);
+  return !failed;
 }
 
 void Recovery::Step(LevelEditor& editor, Time now) {

@@ -9,9 +9,9 @@ namespace ZOVEngine {
 class LevelEditor;
 
 /// Copies the files of a level, before a save replaces them, to "Level Editor/Backups/", and drops
-/// all but the last ten copies of that level. What cannot be copied is passed over: a save that is
-/// possible must not fail for its backup.
-void BackUpLevel(const std::string& level_name);
+/// all but the last ten copies of that level. A copy is there as a whole or not at all, whenever
+/// the program ends. False if it cannot be made; a save that is possible must not fail for that.
+bool BackUpLevel(const std::string& level_name);
 /// The folders of a level's backups, the oldest first. Each is a level's folder as it was.
 std::vector<std::string> Backups(const std::string& level_name);
 
