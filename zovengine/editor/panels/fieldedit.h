@@ -4,6 +4,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "editor/objectedit.h"
 #include "editor/objectpath.h"
@@ -20,15 +21,18 @@ struct OpenField {
   std::size_t changes = 0;            ///< of the history when it began
   ObjectGesture gesture;              ///< of a live row
   std::optional<std::string> stored;  ///< text of the new value, of a stored row
+  std::vector<ObjectPath> others;     ///< the other objects that were selected when it began
   bool seen = true;                   ///< its row was shown in this frame
 };
 
 /// Makes one step of the history of each gesture over a field: from the moment in which its widget
 /// gets active to the moment in which it is left.
 ///
-/// Rows that write to the live component and rows that edit a stored value go through it. Frames
-/// are bracketed by BeginFrame and EndFrame; at most one field is being edited. What an undo or a
-/// rebuild of the scene overtakes is dropped.
+/// Rows that write to the live component and rows that edit a stored value go through it. What is
+/// set in the shown object is set in the other selected ones too, as far as they have the field; of
+/// a vector only the parts that were changed, and never a name. A value over which the program
+/// would end is refused with a line in the log. Frames are bracketed by BeginFrame and EndFrame; at
+/// most one field is being edited. What an undo or a rebuild of the scene overtakes is dropped.
 class FieldEdit {
  public:
   /// The rows of this frame are those of the object at `shown`.
@@ -49,8 +53,9 @@ class FieldEdit {
   bool IsOpenFor(const std::string& component, const std::string& key) const;
   void Start(const LevelEditor& editor, const std::string& component, const std::string& key);
   void End(LevelEditor& editor);
-  void EndStored(LevelEditor& editor, const OpenField& open) const;
-  void Preview(LevelEditor& editor, const OpenField& open) const;
+  static void EndStored(LevelEditor& editor, const OpenField& open);
+  static void EndLive(LevelEditor& editor, OpenField& open);
+  static void Preview(LevelEditor& editor, const OpenField& open);
 
   ObjectPath m_shown;
   std::optional<OpenField> m_open;
@@ -60,5 +65,10 @@ class FieldEdit {
 /// empty key replaces all.
 std::string ReplaceField(const std::string& fields, const std::string& key,
                          const std::string& value);
+/// The text of the fields of another component of the class with what differs in `key` between
+/// `before` and `after`, both texts of all fields: of two vectors of one length only the parts that
+/// differ. Fields without that key stay as they are.
+std::string ApplyDifference(const std::string& fields, const std::string& key,
+                            const std::string& before, const std::string& after);
 
 }  // namespace ZOVEngine

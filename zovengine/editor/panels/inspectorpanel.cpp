@@ -175,7 +175,8 @@ void InspectorPanel::Show(LevelEditor& editor) {
 
 void InspectorPanel::ShowHead(LevelEditor& editor) {
   if (editor.selection.size() > 1) {
-    ImGui::TextDisabled("%zu objects are selected; this is the last one.", editor.selection.size());
+    ImGui::TextWrapped("%zu objects are selected; what is set here is set in all that have it.",
+                       editor.selection.size());
   }
   const char* kind = KindWord(KindOfObject(editor.document.Components(m_path)));
   ImGui::PushID("object");

@@ -12,7 +12,8 @@ namespace ZOVEngine {
 class GameComponentBase;
 class LevelEditor;
 
-/// The fields of the object that was selected last, and its components, to add and remove.
+/// The fields of the object that was selected last, and its components, to add and remove. What is
+/// set in a field is set in all selected objects that have it.
 ///
 /// A property that reflection knows has its row of the inspector's tables; the other fields of the
 /// component's record, and those that hold one of a list of names, are edited in the document. A
