@@ -25,6 +25,24 @@ std::string Child(const std::string& name, const std::string& component) {
          R"(": {}, "Childs": []})";
 }
 
+TEST(Palette, UnitsFaceTheMiddle) {
+  const auto facing = [](const char* side, float x) {
+    const std::string unit = std::string(R"({"name": "unit", ")") + side +
+                             R"(": {}, "Transform": {"m_pos": [0.0, 0.0, 0.0], "m_rotate": 0.0}})";
+    rapidjson::Document json;
+    json.Parse(FaceMiddle(unit, x).c_str());
+    return json["Transform"]["m_rotate"].GetDouble();
+  };
+  EXPECT_EQ(facing("Player", -300.0f), -90.0);
+  EXPECT_EQ(facing("Enemy", -300.0f), -90.0);
+  EXPECT_EQ(facing("Player", 300.0f), 90.0);
+  EXPECT_EQ(facing("Enemy", 300.0f), 90.0);
+  EXPECT_EQ(facing("Player", 0.0f), -90.0);
+  EXPECT_EQ(facing("Enemy", 0.0f), 90.0);
+  const std::string hazard = R"({"name": "hole", "Transform": {"m_rotate": 0.0}})";
+  EXPECT_EQ(FaceMiddle(hazard, 300.0f), hazard);
+}
+
 TEST(Palette, TheLevelsRootIsTheObjectWithTheController) {
   EXPECT_EQ(FindLevelRoot(Level("")), ObjectPath{1});
   EXPECT_EQ(FindLevelRoot(LevelDocument()), ObjectPath());

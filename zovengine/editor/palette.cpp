@@ -174,6 +174,20 @@ std::string PlaceRecord(const LevelDocument& document, const ObjectPath& parent,
   return ToText(json);
 }
 
+std::string FaceMiddle(const std::string& record, float x) {
+  constexpr double kRight = -90.0, kLeft = 90.0;  // (unit: degrees)
+  Document json;
+  ParseExactly(&json, record);
+  if (!json.IsObject() || !IsUnitRecord(json) || !HasKey(json, "Transform")) return record;
+  const bool right = x < 0.0f || (x == 0.0f && HasKey(json, "Player"));
+  Value& transform = json["Transform"];
+  for (const char* key : {"m_rotate", "m_world_rotate"}) {
+    const auto field = transform.FindMember(key);
+    if (field != transform.MemberEnd()) field->value.SetDouble(right ? kRight : kLeft);
+  }
+  return ToText(json);
+}
+
 std::string EquipUnit(const std::string& unit, int hand, const PaletteEntry& weapon) {
   Document json;
   json.Parse(unit.c_str(), unit.size());

@@ -44,6 +44,10 @@ std::size_t PlaceInLevel(const LevelDocument& document, const ObjectPath& root,
 std::string PlaceRecord(const LevelDocument& document, const ObjectPath& parent,
                         const std::string& record, float x, float y);
 
+/// The record of a unit that stands at `x`, turned towards the middle of the level: to the right or
+/// to the left (unit: world units). Any other record as it is.
+std::string FaceMiddle(const std::string& record, float x);
+
 /// The record of a unit with another weapon in a hand, 0 or 1: its shot and the sprite of its gun.
 /// Empty if the record is no unit with that hand.
 std::string EquipUnit(const std::string& unit, int hand, const PaletteEntry& weapon);

@@ -57,6 +57,20 @@ TEST_F(OverlaysTest, NothingIsDrawnOutsideThePicture) {
   EXPECT_FLOAT_EQ(clip.w, 720.0f);
 }
 
+TEST_F(OverlaysTest, AnAimEndsAtAWall) {
+  for (const char* unit : {"enemy1", "enemy2"}) {
+    world.Find(unit)->GetComponent<Transform>()->m_local_pos.x = 700.0f;
+  }
+  world.Step();
+  const int free = Gain(&EditorOverlays::aims);
+  const TilePlaces cells(g_editor.m_tile_map, false);
+  TileStroke stroke(&editor->tiles);
+  for (int row = 0; row < 18; ++row) stroke.Paint(cells.At(26, row), NewTile("Tile_Wall"));
+  editor->Do(stroke.End("Wall"));
+  world.Step();
+  EXPECT_LT(Gain(&EditorOverlays::aims), free / 2) << "a dashed line has fewer dashes";
+}
+
 TEST_F(OverlaysTest, ALightIsMarkedWhereItStands) {
   editor->overlays = {false, false, false, false, false, false};
   const int with = Drawn();

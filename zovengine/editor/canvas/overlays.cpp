@@ -17,6 +17,7 @@
 #include "physics/components/colliderholder.h"
 #include "physics/components/rigidbody.h"
 #include "physics/components/transform.h"
+#include "render/components/render.h"
 
 namespace ZOVEngine {
 namespace {
@@ -33,6 +34,8 @@ constexpr ImU32 kGrid = IM_COL32(150, 170, 220, 60), kCollider = IM_COL32(120, 2
 constexpr ImU32 kMark = IM_COL32(255, 240, 170, 220);
 constexpr ImU32 kAim = IM_COL32(255, 90, 90, 190);
 constexpr float kBossSpread = 0.25f;  ///< of a boss's outer shots (unit: radians)
+constexpr float kParallel = 1e-4f;    ///< a direction has less than this along an axis
+constexpr float kEndless = 1e6f;      ///< a length beyond every map (unit: world units)
 
 void DrawShape(iCollider* shape, const Transform& transform, CanvasPainter& painter,
                const Tint& tint) {
@@ -120,27 +123,27 @@ float DistanceToEdge(const Vector3D& from, const Vector3D& direction) {
   const float x = size * static_cast<float>(map.m_width);
   const float y = size * static_cast<float>(map.m_height);
   const auto along = [](float at, float step, float edge) {
-    return std::abs(step) < 1e-4f ? 1e6f : (std::copysign(edge, step) - at) / step;
+    return std::abs(step) < kParallel ? kEndless : (std::copysign(edge, step) - at) / step;
   };
   return std::max(0.0f, std::min(along(from.x, direction.x, x), along(from.y, direction.y, y)));
 }
 
-void DrawAim(const Transform& transform, float spread, CanvasPainter& painter) {
-  const float angle = DegreesToRadians(transform.m_world_rotate + 90.0f) + spread;
-  const Vector3D direction(std::cos(angle), std::sin(angle), 0.0f);
-  const float length = DistanceToEdge(transform.m_world_pos, direction);
-  painter.DashedLine(transform.m_world_pos, transform.m_world_pos + direction * length, kAim);
-}
-
-void DrawAims(CanvasPainter& painter) {
-  for (Enemy* enemy : ComponentTable<Enemy>().Components()) {
-    const auto* transform = FindComponent<Transform>(enemy->m_owner);
-    if (transform == nullptr) continue;
-    DrawAim(*transform, 0.0f, painter);
-    if (!enemy->m_boss) continue;
-    DrawAim(*transform, -kBossSpread, painter);
-    DrawAim(*transform, kBossSpread, painter);
+/// How far it is from `from` along `direction` to an upright square around `middle`; infinite if
+/// the ray misses it.
+float DistanceToSquare(const Vector3D& from, const Vector3D& direction, const Vector3D& middle,
+                       float half) {
+  float enter = 0.0f, leave = kEndless;
+  for (const int axis : {0, 1}) {
+    const float step = direction.v[axis], gap = middle.v[axis] - from.v[axis];
+    if (std::abs(step) < kParallel) {
+      if (std::abs(gap) > half) return kEndless;
+      continue;
+    }
+    const float one = (gap - half) / step, other = (gap + half) / step;
+    enter = std::max(enter, std::min(one, other));
+    leave = std::min(leave, std::max(one, other));
   }
+  return enter <= leave ? enter : kEndless;
 }
 
 }  // namespace
@@ -164,6 +167,41 @@ void Overlays::DrawEnergy(const LevelEditor& editor, const SceneIndex& index,
     const float reach = Reach(*player, *body);
     painter.Disc(entry->transform->m_world_pos, reach, kEnergy.area);
     painter.Circle(entry->transform->m_world_pos, reach, kEnergy.line);
+  }
+}
+
+void Overlays::DrawAims(CanvasPainter& painter) {
+  const auto enemies = ComponentTable<Enemy>().Components();
+  if (enemies.empty()) return;
+  FindWalls();
+  for (const Enemy* enemy : enemies) {
+    const auto* transform = FindComponent<Transform>(enemy->m_owner);
+    if (transform == nullptr) continue;
+    DrawAim(*transform, 0.0f, painter);
+    if (!enemy->m_boss) continue;
+    DrawAim(*transform, -kBossSpread, painter);
+    DrawAim(*transform, kBossSpread, painter);
+  }
+}
+
+void Overlays::DrawAim(const Transform& transform, float spread, CanvasPainter& painter) const {
+  const Vector3D& from = transform.m_world_pos;
+  const float angle = DegreesToRadians(transform.m_world_rotate + 90.0f) + spread;
+  const Vector3D direction(std::cos(angle), std::sin(angle), 0.0f);
+  const float half = static_cast<float>(g_editor.m_tile_map.m_tile_size) * 0.5f;
+  float length = DistanceToEdge(from, direction);
+  for (const Vector3D& wall : m_walls) {
+    length = std::min(length, DistanceToSquare(from, direction, wall, half));
+  }
+  painter.DashedLine(from, from + direction * length, kAim);
+}
+
+void Overlays::FindWalls() {
+  m_walls.clear();
+  for (const Render* render : ComponentTable<Render>().Components()) {
+    if (!render->m_tile || !render->m_owner->active || IsFloorTexture(render->m_tex)) continue;
+    const auto* transform = FindComponent<Transform>(render->m_owner);
+    if (transform != nullptr) m_walls.push_back(transform->m_world_pos);
   }
 }
 

@@ -77,7 +77,7 @@ void InsertEntry(LevelEditor& editor, const PaletteEntry& entry, float x, float 
       const std::string equipped = EquipUnit(own, hand, *weapons[hand]);
       if (!equipped.empty()) own = equipped;
     }
-    records.push_back(PlaceRecord(editor.document, root, own, x, y));
+    records.push_back(PlaceRecord(editor.document, root, FaceMiddle(own, x), x, y));
   }
   editor.Do(editor.scene.Insert(root, records, "Insert " + entry.name,
                                 PlaceInLevel(editor.document, root, entry.category)));
