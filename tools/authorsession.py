@@ -3,9 +3,7 @@
 The tutorial of ./edit and the end-to-end test of the editor take them.
 """
 from driver import wait_until
-from editordriver import CHECK_TABS, Editor
-
-SAVE_PATIENCE = 180.0  # seconds: on a loaded machine the editor has all that was done before to catch up with
+from editordriver import CHECK_TABS, PATIENCE, Editor
 
 PLAYERS = ((-600, 240), (-600, -240))
 ENEMIES = ((600, 240), (600, -240))
@@ -53,9 +51,11 @@ class AuthorSession:
     def place_hazard(self):
         self.editor.search_palette("Damaging")
         self.editor.put(HAZARD)
+        self.editor.settle()
 
     def move_hazard(self):
         self.editor.drag(self.editor.place(*HAZARD), self.editor.place(*HAZARD_MOVED))
+        self.editor.settle()
 
     def rename_unit(self):
         """Types a new name for the first unit into the inspector."""
@@ -70,7 +70,7 @@ class AuthorSession:
         """Saves, and waits until the files are written."""
         times = self.lines().count(f"Saved {self.name}.")
         self.editor.save()
-        wait_until(lambda: self.lines().count(f"Saved {self.name}.") > times, "the save", SAVE_PATIENCE)
+        wait_until(lambda: self.lines().count(f"Saved {self.name}.") > times, "the save", PATIENCE)
 
     def play(self):
         """Test-plays the level until the user's first turn."""

@@ -8,6 +8,7 @@ import time
 from driver import Game, Picture, call, move_mouse, wait_until
 
 TITLE = "Carapace level editor"
+PATIENCE = 180.0  # seconds: on a loaded machine the editor has to catch up with all that was done before
 PAUSE = 0.4  # seconds that the editor gets to show what a click did
 
 MENU_BAR = {"Level": (29, 15), "Edit": (77, 15), "View": (122, 15)}
@@ -47,7 +48,7 @@ class Editor:
             nonlocal last
             before, last = last, Picture.of_screen().data
             return before == last
-        wait_until(stands, "a picture at rest")
+        wait_until(stands, "a picture at rest", PATIENCE)
 
     def move(self, place):
         move_mouse(self.left + int(place[0]), self.top + int(place[1]))
