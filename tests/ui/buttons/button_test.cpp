@@ -328,6 +328,21 @@ TEST(Button, InitTakesTheTextureOfTheSprite) {
   EXPECT_EQ(level.Of<Button>("button").m_default_tex, "other");
 }
 
+TEST(Button, InitForgetsTheFadeOfAnEarlierEnd) {
+  LevelScreen level = OptionsButton();
+  Button& button = level.Of<Button>("button");
+  button.m_end_fade_started = button.m_end_fade_done = true;
+  button.Init();
+  EXPECT_FALSE(button.m_end_fade_started || button.m_end_fade_done);
+}
+
+TEST(Button, APressShowsAlsoWithoutTheMouse) {
+  LevelScreen level = OptionsButton();
+  level.Of<Button>("button").m_clicked = true;
+  level.Update<Button>("button");
+  EXPECT_EQ(level.Sprite("button").m_tex, "press");
+}
+
 TEST(Button, LivesOnInAPause) {
   LevelScreen level({ButtonRecord("ui_pause_options", "ui_pause", {200, 100})});
   g_engine->paused = true;
@@ -362,6 +377,15 @@ TEST(Button, ADefeatOffersNoWayOn) {
   level.Of<Transform>("next").m_local_pos.x = 0;
   level.Update<Button>("next");
   ExpectAt(level, "next", 10000, -70);
+}
+
+TEST(Button, TheLayoutOfTheLevelStaysWhileBothSidesLive) {
+  LevelScreen level = EndButtons();
+  level.Show("ui_level_end");
+  for (const char* name : {"menu", "restart", "next"}) level.Update<Button>(name);
+  ExpectAt(level, "menu", 1, 2);
+  ExpectAt(level, "restart", 3, 4);
+  ExpectAt(level, "next", 5, 6);
 }
 
 TEST(Button, AVictoryAndADrawLeaveTheLayoutOfTheLevel) {
@@ -400,6 +424,19 @@ TEST(Button, FadesInAfterTheBannerInHalfASecond) {
   EXPECT_TRUE(level.Of<Button>("button").m_end_fade_done);
 }
 
+TEST(Button, TheFadeIsOverAtExactlyFullAlpha) {
+  LevelScreen level(
+      {ButtonRecord("ui_end_restart", "ui_level_end", {}, "button", RenderOf("rest", 0.5f))});
+  level.Show("ui_level_end");
+  level.Controller().m_state = TURN_LEVEL_END;
+  level.Controller().m_banner_done = true;
+  Button& button = level.Of<Button>("button");
+  button.m_end_fade_started = true;
+  button.Update(0.25f);
+  EXPECT_EQ(level.Alpha("button"), 1.0f);
+  EXPECT_TRUE(button.m_end_fade_done);
+}
+
 // The menu
 
 TEST(Button, AMouseOverALevelShowsItsPreview) {
@@ -417,6 +454,26 @@ TEST(Button, AMouseOverALevelShowsItsPreview) {
     EXPECT_EQ(menu.Find("menu")->children[2]->GetComponent<Render>()->m_tex, "rest");
     EXPECT_EQ(menu.Sprite("other").m_tex, "rest");
   }
+}
+
+TEST(Button, APreviewWithoutASpriteIsNoFault) {
+  MenuScreen menu(
+      {ButtonRecord("menu_level_01", "menu_level_select"),
+       Record("menu_levelselect_preview",
+              {{"UIElement", R"({"m_ui_element_name": "menu_levelselect_preview"})"}})});
+  menu.Show("menu_level_select");
+  menu.PointAt(0, 0);
+  menu.Update<Button>("button");
+  EXPECT_EQ(menu.Sprite("button").m_tex, "hover");
+}
+
+TEST(Button, OfALevelWithoutAParentShowsNoPreview) {
+  Stage stage;
+  stage.world.LoadObjects(ButtonRecord("menu_level_01", ""));
+  stage.Derive();
+  stage.PointAt(0, 0);
+  stage.Of<Button>("button").Update(kStep);
+  EXPECT_EQ(stage.Of<Render>("button").m_tex, "hover");
 }
 
 TEST(Button, OthersShowNoPreview) {

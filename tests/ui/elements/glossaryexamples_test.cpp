@@ -121,6 +121,16 @@ TEST(GlossaryExamples, InTheMenuTheZoneTakesItsSheet) {
   }
 }
 
+TEST(GlossaryExamples, InTheMenuTheOthersKeepTheirSheets) {
+  const MenuScreen menu(
+      {PieceRecord("menu_glossary_img", {}, {}, RenderOf(kPage)),
+       ElementRecord("EnvBlackhole", "menu_glossary_anim",
+                     {{"EnvironmentBlackhole", "{}"}, {"Animation", R"({"m_loop": "own"})"}})});
+  menu.Show("menu_glossary");
+  menu.Update<UIElement>("EnvBlackhole");
+  EXPECT_EQ(menu.Of<Animation>("EnvBlackhole").m_loop, "own");
+}
+
 TEST(GlossaryExamples, WhatIsNoExampleStaysAsItIs) {
   const LevelScreen level(Examples("ui_pause_glossary"));
   level.Update<UIElement>("other");

@@ -18,6 +18,7 @@ using carapace_test::ExpectNear;
 using carapace_test::LevelScreen;
 using carapace_test::Record;
 using carapace_test::ShotRecord;
+using carapace_test::Stage;
 using carapace_test::UnitAt;
 using carapace_test::UnitKind;
 
@@ -63,6 +64,16 @@ TEST(Hud, TheRoundIsCountedFromOne) {
     EXPECT_EQ(level.Of<Font>("piece").m_colour[3], live ? 1.0f : 0.0f);
     EXPECT_EQ(level.Of<Font>("piece").m_text, "42");
   });
+}
+
+TEST(Hud, WithoutAControllerATextStaysAsItIs) {
+  for (const char* element : {"ui_font", "ui_turn"}) {
+    Stage stage;
+    stage.world.LoadObjects(TextRecord(element));
+    stage.Of<UIElement>("piece").Update(kStep);
+    EXPECT_EQ(stage.Of<Font>("piece").m_colour[3], 0.5f) << element;
+    EXPECT_EQ(stage.Of<Font>("piece").m_text, "text") << element;
+  }
 }
 
 // The energy bar

@@ -59,6 +59,28 @@ TEST(DimSheet, DarkensInTwoSecondsFromNothingAtTheLevelsEnd) {
   EXPECT_EQ(Alpha(level), 1.0f) << "once a level";
 }
 
+TEST(DimSheet, StartsFromNothingEvenIfItIsFullyDark) {
+  const LevelScreen level = Piece("ui_pause_fade");
+  Alpha(level) = 1.0f;
+  level.Controller().m_state = TURN_LEVEL_END;
+  level.Update<UIElement>("piece");
+  EXPECT_EQ(Alpha(level), 0.0f);
+  EXPECT_FALSE(level.Controller().m_fade_done);
+}
+
+TEST(DimSheet, IsDarkAtExactlyFullAlphaAndThenLeftAlone) {
+  const LevelScreen level = Piece("ui_pause_fade");
+  level.Controller().m_state = TURN_LEVEL_END;
+  level.Update<UIElement>("piece");
+  Alpha(level) = 0.5f;
+  level.Of<UIElement>("piece").Update(1.0f);
+  EXPECT_EQ(Alpha(level), 1.0f);
+  EXPECT_TRUE(level.Controller().m_fade_done);
+  Alpha(level) = 0.5f;
+  level.Update<UIElement>("piece");
+  EXPECT_EQ(Alpha(level), 0.5f);
+}
+
 struct BannerCase {
   const char* element;
   const char* piece;  ///< its object in the tests of the whole end
@@ -93,6 +115,34 @@ TEST(Banner, ComesAfterTheDimmingInASecond) {
     level.Update<UIElement>("piece", 3);
     EXPECT_EQ(Alpha(level), 1.0f) << banner.element;
     EXPECT_TRUE(level.Controller().m_banner_done) << banner.element;
+  }
+}
+
+TEST(Banner, IsThereAtExactlyFullAlphaAndThenLeftAlone) {
+  for (const BannerCase& banner : kBanners) {
+    const LevelScreen level = Piece(banner.element);
+    level.Kill(banner.loser);
+    level.Controller().m_state = TURN_LEVEL_END;
+    level.Controller().m_fade_done = true;
+    level.Update<UIElement>("piece");
+    Alpha(level) = 0.5f;
+    level.Of<UIElement>("piece").Update(0.5f);
+    EXPECT_EQ(Alpha(level), 1.0f) << banner.element;
+    EXPECT_TRUE(level.Controller().m_banner_done) << banner.element;
+    Alpha(level) = 0.5f;
+    level.Update<UIElement>("piece");
+    EXPECT_EQ(Alpha(level), 0.5f) << banner.element;
+  }
+}
+
+TEST(Banner, WhereOneIsThereAnotherDoesNotBegin) {
+  for (const BannerCase& banner : kBanners) {
+    const LevelScreen level = Piece(banner.element);
+    level.Kill(banner.loser);
+    level.Controller().m_state = TURN_LEVEL_END;
+    level.Controller().m_fade_done = level.Controller().m_banner_done = true;
+    level.Update<UIElement>("piece");
+    EXPECT_FALSE(level.Of<UIElement>("piece").m_banner_armed) << banner.element;
   }
 }
 
