@@ -40,6 +40,13 @@ TEST(SelectionRing, ClosesInOnACommonUnitIn28Steps) {
   EXPECT_TRUE(level.GetPlayer("own").m_show_weapon_label);
 }
 
+TEST(SelectionRing, HasArrivedAtExactlyTheSizeOfTheOutline) {
+  const LevelScreen level = Ringed(UnitKind::kPlayer);
+  level.Of<Transform>("ring").m_local_scale = Vector3D(1.0f + 0.7f, 1.0f + 0.7f, 1.0f);
+  level.Update<UIElement>("ring");
+  EXPECT_EQ(level.Sprite("ring").m_tex, "UnitBeetle_SelectedOutline");
+}
+
 TEST(SelectionRing, AnnouncesTheWeaponOnceASelection) {
   const LevelScreen level = Ringed(UnitKind::kPlayer);
   level.Update<UIElement>("ring", 40);

@@ -159,6 +159,25 @@ TEST(MainMenu, TheButtonsFadeInToTwiceTheirAlpha) {
   EXPECT_EQ(menu.Alpha("menu_level_01"), 0.0f);
 }
 
+TEST(MainMenu, TheFadeIsOverAtExactlyTwiceTheAlphaAndThenLeavesTheButtonsAlone) {
+  const MenuScreen menu({PlayButton()});
+  menu.Menu().m_slide_done = true;
+  menu.Alpha("menu_play") = 2.0f;
+  Advance(menu, 1);
+  EXPECT_TRUE(menu.Menu().m_buttons_done);
+  menu.Alpha("menu_play") = 0.5f;
+  Advance(menu, 1);
+  EXPECT_EQ(menu.Alpha("menu_play"), 0.5f);
+}
+
+TEST(MainMenu, AButtonWithoutASpriteIsNoFault) {
+  const MenuScreen menu({Record("menu_play", {}), PieceRecord("menu_quit", {})});
+  menu.Menu().m_slide_done = true;
+  menu.Alpha("menu_quit") = 0.0f;
+  Advance(menu, 1);
+  EXPECT_GT(menu.Alpha("menu_quit"), 0.0f);
+}
+
 TEST(MainMenu, ItAnswersOnlyTheQueryForItself) {
   const MenuScreen menu({});
   CurrMC query;

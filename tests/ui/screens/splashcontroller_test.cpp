@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <array>
+
 #include "core/engine.h"
 #include "core/messages.h"
 #include "ui/interfaceworlds.h"
@@ -173,6 +175,44 @@ TEST(SplashController, ThePromptsTimeBeginsInTheStepThatEndsTheGameLogo) {
   EXPECT_EQ(screen.Splash().m_blink_timer, 0.25f);
   screen.Advance(1.0f);
   EXPECT_EQ(screen.Alpha("start"), 1.0f);
+}
+
+TEST(SplashController, EachChangeOfThePromptStartsItsTimeAnew) {
+  SplashScreen screen;
+  SplashController& splash = screen.Splash();
+  screen.Advance(0.0f);
+  splash.m_first_done = splash.m_team_done = splash.m_game_done = true;
+  for (const float alpha : {1.0f, 0.0f, 1.0f}) {
+    screen.Advance(1.25f);
+    EXPECT_EQ(screen.Alpha("start"), alpha);
+    EXPECT_EQ(splash.m_blink_timer, 0.0f);
+  }
+}
+
+TEST(SplashController, ALaterStageWaitsForEveryEarlierOne) {
+  for (const auto& [first, team, game] : {std::array{false, true, false},
+                                          {false, true, true},
+                                          {true, false, false},
+                                          {true, false, true}}) {
+    SplashScreen screen;
+    SplashController& splash = screen.Splash();
+    splash.m_first_done = first;
+    splash.m_team_done = team;
+    splash.m_game_done = game;
+    screen.Advance(0.5f);
+    EXPECT_EQ(screen.Alpha("game_logo"), 0.0f);
+    EXPECT_EQ(splash.m_blink_timer, 0.0f);
+    screen.Key();
+    EXPECT_NE(screen.world.Find("splash"), nullptr) << "no key leaves before all are over";
+  }
+}
+
+TEST(SplashController, WhileTheGameLogoComesInThePromptWaits) {
+  SplashScreen screen;
+  screen.Splash().m_first_done = screen.Splash().m_team_done = true;
+  screen.Advance(0.5f);
+  EXPECT_EQ(screen.Alpha("game_logo"), 0.25f);
+  EXPECT_EQ(screen.Splash().m_blink_timer, 0.0f);
 }
 
 TEST(SplashController, APromptOfAnotherAlphaDoesNotBlink) {
