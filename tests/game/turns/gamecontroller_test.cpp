@@ -264,6 +264,14 @@ TEST(GameController, UnitsSpawnAndAUnitWithoutAStateIsNoFault) {
   EXPECT_THAT(level.Controller().m_players, SizeIs(2));
 }
 
+TEST(GameController, UnitsSpawnWithTheLevelBeforeTheyHaveStepped) {
+  RunningLevel level({Unit("e", "Enemy"), Unit("p", "Player")});
+  g_engine->paused = true;  // the level starts, its units do not step
+  level.world.Step();
+  EXPECT_EQ(level.StateOf("e"), "spawn");
+  EXPECT_EQ(level.StateOf("p"), "spawn");
+}
+
 TEST(GameController, OfSeveralCamerasTheLastIsTakenAndSwitchedOn) {
   RunningLevel level({CameraNamed("first"), CameraNamed("last")});
   level.world.Step();
