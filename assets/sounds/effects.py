@@ -140,7 +140,8 @@ def unit_spawn():
     for number in range(16):
         pitch = 1760.0 * 2 ** (chance.choice([0, 3, 5, 7, 10, 12, 15]) / 12)
         layers.append((0.15 + 0.6 * chance.rand(), 0.16, _struck(0.18, [pitch, pitch * 1.5], 0.03, fall=0.02, detune=0.02)))
-    return _press(_mix(*layers), 1.3)
+    sound = _press(_mix(*layers), 1.3)
+    return sound * np.minimum(_time(len(sound) / RATE) / 0.05, 1.0)  # six of them begin with the click that begins a level
 
 
 def unit_death():
@@ -190,7 +191,7 @@ PEAKS = {
     bullet_bounce2: 0.66,
     bullet_bounce3: 0.66,
     push_hit: 0.78,
-    unit_spawn: 0.36,
+    unit_spawn: 0.18,  # six units are born in the same step
     unit_death: 0.78,
     tank_move: 0.5,
     button_click: 0.45,

@@ -50,7 +50,7 @@ TEST(Loudness, WhatIsTenUnitsBelowTheRestDoesNotCount) {
 }
 
 TEST(Loudness, SilenceIsTheLeastOfAll) {
-  EXPECT_LT(IntegratedLoudness(std::vector<float>(2 * kRate), 2, kRate), -70.0);
+  EXPECT_LT(IntegratedLoudness(std::vector<float>(std::size_t{2} * kRate), 2, kRate), -70.0);
 }
 
 }  // namespace
