@@ -1,5 +1,6 @@
 // What the level editor's canvas costs in a frame among thousands of objects: the mouse over them,
 // a drag, all overlays. The time counts the whole frame of ImGui around it, without its drawing.
+// Beside that, what it costs to undo a stroke over a large map.
 #include <benchmark/benchmark.h>
 #include <imgui.h>
 
@@ -20,6 +21,7 @@
 #include "physics/components/colliderholder.h"
 #include "physics/components/transform.h"
 #include "ratio.h"
+#include "render/components/imodel.h"
 #include "render/components/render.h"
 
 namespace {
@@ -31,6 +33,8 @@ constexpr int kEnemies = 200;    ///< among them
 constexpr double kTarget = 2.0;  ///< for a frame (unit: milliseconds)
 constexpr float kFrame = 1.0f / 60.0f;
 constexpr const char* kSubjects[] = {"Hover", "DragStep", "AllOverlays"};
+constexpr int kSide = 100;              ///< of the map that a stroke covers (unit: tiles)
+constexpr double kStrokeTarget = 16.0;  ///< to undo it (unit: milliseconds)
 
 /// An open level of many objects with image and collider, enemies with patrol paths among them, the
 /// canvas over it, and ImGui without a window.
@@ -77,6 +81,7 @@ class Scene {
     factory->RegisterComponent<Transform>("Transform");
     factory->RegisterComponent<Render>("Render");
     factory->RegisterComponent<ColliderHolder>("ColliderHolder");
+    factory->RegisterComponent<iModel>("iModel");
     factory->RegisterComponent<Enemy>("Enemy");
     factory->RegisterComponent<DeathField>("DeathField");
     factory->RegisterComponent<EnvironmentBlackhole>("EnvironmentBlackhole");
@@ -188,10 +193,35 @@ void AllOverlays(benchmark::State& state) {
   shown = usual;
 }
 
+/// Undoes and does again in turn; both lay as many tiles. The last benchmark, for its tiles stay.
+void UndoStroke(benchmark::State& state) {
+  TileBook& tiles = TheScene().editor->tiles;
+  TileMapInfo map;
+  map.m_width = map.m_height = kSide;
+  map.m_tile_size = 60;
+  const TilePlaces places(map, false);
+  TileStroke stroke(&tiles);
+  for (int i = 0; i < kSide * kSide; ++i) {
+    stroke.Paint(places.At(i % kSide, i / kSide), NewTile("Tile_Wall"));
+  }
+  const std::unique_ptr<EditCommand> command = stroke.End("Stroke");
+  bool done = command != nullptr;
+  for (auto _ : state) {
+    if (done) {
+      command->Undo();
+    } else {
+      command->Redo();
+    }
+    done = !done;
+  }
+  if (done) command->Undo();
+}
+
 constexpr int kRepetitions = 5;
 BENCHMARK(Hover)->Unit(benchmark::kMillisecond)->Repetitions(kRepetitions);
 BENCHMARK(DragStep)->Unit(benchmark::kMillisecond)->Repetitions(kRepetitions);
 BENCHMARK(AllOverlays)->Unit(benchmark::kMillisecond)->Repetitions(kRepetitions);
+BENCHMARK(UndoStroke)->Unit(benchmark::kMillisecond)->Repetitions(kRepetitions);
 
 }  // namespace
 
@@ -203,5 +233,7 @@ int main(int argc, char** argv) {
   for (const char* subject : kSubjects) {
     std::printf("%s: %.3f ms (target: at most %.1f)\n", subject, reporter.Median(subject), kTarget);
   }
+  std::printf("UndoStroke: %.3f ms (target: at most %.1f)\n", reporter.Median("UndoStroke"),
+              kStrokeTarget);
   return 0;
 }

@@ -7,6 +7,7 @@
 
 #include "editor/editordata.h"
 #include "editor/leveleditor.h"
+#include "editor/panels/flow.h"
 #include "editor/panels/textfield.h"
 
 namespace ZOVEngine {
@@ -67,9 +68,9 @@ void AssetsPanel::Show(LevelEditor& editor) {
   ShowFolder(editor);
   ImGui::SetNextItemWidth(kFolderWidth);
   TextField("##search", &m_search, "Search");
-  ImGui::SameLine();
+  FlowTo(RadioWidth("Images"));
   if (ImGui::RadioButton("Images", !m_sounds_shown)) m_sounds_shown = false;
-  ImGui::SameLine();
+  FlowTo(RadioWidth("Sounds"));
   if (ImGui::RadioButton("Sounds", m_sounds_shown)) m_sounds_shown = true;
   ImGui::BeginChild("assets");
   if (m_sounds_shown) {
@@ -106,7 +107,7 @@ void AssetsPanel::ShowFolder(LevelEditor& editor) {
   }
   for (const auto& [label, folder] :
        {std::pair("Images##to", kTextures), {"Effects##to", kEffects}, {"Music##to", kMusic}}) {
-    ImGui::SameLine();
+    FlowTo(ButtonWidth(label));
     if (ImGui::Button(label)) ChooseAssetFolder(editor, folder);
   }
 }

@@ -9,6 +9,7 @@
 #include "editor/editorview.h"
 #include "editor/leveleditor.h"
 #include "editor/panels/assetlist.h"
+#include "editor/panels/flow.h"
 #include "editor/panels/textfield.h"
 
 namespace ZOVEngine {
@@ -123,7 +124,7 @@ void PalettePanel::ShowBar() {
   ImGui::SetNextItemWidth(kSearchWidth);
   TextField("##search", &m_search, "Search");
   for (const char* category : kCategories) {
-    ImGui::SameLine();
+    FlowTo(RadioWidth(category));
     const bool all = category == kCategories.front();
     if (ImGui::RadioButton(category, m_category == (all ? "" : category))) {
       m_category = all ? "" : category;
@@ -145,8 +146,10 @@ void PalettePanel::ShowHands() {
     PickName("weapon", &m_weapons[hand], names);
     ImGui::PopID();
   }
-  ImGui::SameLine();
-  ImGui::TextUnformatted("   A weapon goes to hand");
+  constexpr const char* kToHand = "   A weapon goes to hand";
+  FlowTo(ImGui::CalcTextSize(kToHand).x + 2.0f * RadioWidth(" 1"));
+  ImGui::AlignTextToFramePadding();
+  ImGui::TextUnformatted(kToHand);
   for (int hand = 0; hand < 2; ++hand) {
     ImGui::SameLine();
     if (ImGui::RadioButton(hand == 0 ? "1" : "2", m_hand == hand)) m_hand = hand;

@@ -2,8 +2,11 @@
 
 #include <imgui.h>
 
+#include <utility>
+
 #include "editor/editordata.h"
 #include "editor/leveleditor.h"
+#include "editor/panels/flow.h"
 #include "editor/thumbnail.h"
 #include "render/rendersystem.h"
 
@@ -14,11 +17,11 @@ constexpr const char* kTilePrefix = "Tile_";
 constexpr float kSwatch = 72.0f;  ///< side of a texture's image (unit: pixels)
 
 void ShowModes(TileMapInfo& map) {
+  bool first = true;
   for (const std::string& mode : map.m_modes) {
+    if (!std::exchange(first, false)) FlowTo(RadioWidth(mode.c_str()));
     if (ImGui::RadioButton(mode.c_str(), map.m_mode == mode)) map.m_mode = mode;
-    ImGui::SameLine();
   }
-  ImGui::NewLine();
 }
 
 /// True if the texture was chosen.
@@ -64,10 +67,13 @@ void TilesPanel::Show(LevelEditor& editor) {
   ChooseSomeTexture(map);
   ShowModes(map);
   ShowTextures(map);
-  ImGui::TextDisabled(
-      "%d by %d cells of %d units. Floors are plates of two by two cells; all other", map.m_width,
-      map.m_height, map.m_tile_size);
-  ImGui::TextDisabled("tiles are walls. While this tab is open, the left button paints.");
+  ImGui::PushStyleColor(ImGuiCol_Text, ImGui::GetColorU32(ImGuiCol_TextDisabled));
+  ImGui::TextWrapped(
+      "%d by %d cells of %d units. Floors are plates of two by two cells; all other tiles are "
+      "walls. "
+      "While this tab is open, the left button paints.",
+      map.m_width, map.m_height, map.m_tile_size);
+  ImGui::PopStyleColor();
 }
 
 }  // namespace ZOVEngine
