@@ -11,6 +11,7 @@ HAZARD, HAZARD_MOVED = (300, 0), (300, -240)
 FLOOR_ROWS = [420 - 120 * row for row in range(8)]
 COVER = ((30, 150), (30, -150))  # the stroke of a wall in the middle
 RENAMED = "Gunner"
+FIRST_TURN = "Enemy Unit Select"  # what the game prints when a level runs
 
 
 class AuthorSession:
@@ -73,9 +74,9 @@ class AuthorSession:
         wait_until(lambda: self.lines().count(f"Saved {self.name}.") > times, "the save", PATIENCE)
 
     def play(self):
-        """Test-plays the level until the user's first turn."""
+        """Test-plays the level until its first unit's turn."""
         self.editor.key("F9")
-        self.wait_for_line("Player Unit Select")
+        self.wait_for_line(FIRST_TURN)
 
     def come_back(self):
         self.editor.key("Escape")
@@ -92,4 +93,4 @@ class AuthorSession:
         return self.editor.game.output().splitlines()
 
     def wait_for_line(self, line):
-        wait_until(lambda: line in self.lines(), f"'{line}'")
+        wait_until(lambda: line in self.lines(), f"'{line}'", PATIENCE)

@@ -5,8 +5,9 @@ import subprocess
 import unittest
 
 from case import OUTPUT, PROGRAM, ROOT, GameTest
-from authorsession import ENEMIES, HAZARD, HAZARD_MOVED, PLAYERS, RENAMED, AuthorSession
+from authorsession import ENEMIES, FIRST_TURN, HAZARD_MOVED, PLAYERS, RENAMED, AuthorSession
 from driver import wait_until
+from editordriver import PATIENCE
 
 NAME = "FromNothing"
 DROP_SOURCE = os.environ.get("CARAPACE_DROP_SOURCE", ROOT / "build/dev/tests/carapace_dropfiles")
@@ -87,7 +88,7 @@ class Author(EditorTest):
         self.logs = OUTPUT / (self.id() + ".game")
         game = self.start(arguments=["--level", f"Level Editor/Levels/{NAME}/{NAME}.json"])
         game.wait_for_window()
-        game.wait_for_line("Player Unit Select")
+        game.wait_for_line(FIRST_TURN, patience=PATIENCE)
         self.assertEqual(game.errors(), "")
 
 
