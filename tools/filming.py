@@ -62,6 +62,11 @@ def film(scene, steps, every=EVERY):
     return [data[at:at + area] for at in range(0, len(data), area)]
 
 
+def still(scene):
+    """The frame of the scene's screenshot."""
+    return film(scene, scene.still + 1, scene.still)[-1]
+
+
 def require_display(program):
     if not os.environ.get("DISPLAY"):
         sys.exit(f"There is no display here: tools/screen {program} gives it one.")

@@ -13,6 +13,8 @@ ROOT = pathlib.Path(__file__).resolve().parents[1]
 LEVELS = ROOT / "Level Editor/Levels"
 TEXTURES = ROOT / "Resources/Textures"
 
+PLATE = "Tile_"  # begins the texture keys of the hull
+
 # The light equation of Resources/Shaders/light.frag and the values that the device gives it.
 BASE = 0.5  # of a sprite's own colour, without light
 HEIGHT = 80  # of a light above its place
@@ -77,9 +79,10 @@ def read_level(name):
 
 
 def read_plates(name):
-    """The records of a level's floor: the tiles that are larger than a cell of its map."""
+    """The records of a level's floor: tiles of this kind that are larger than a cell of its map, and not the space around them."""
     cell = json.loads((LEVELS / name / f"Map/{name}.json").read_text())["TileSize"]
-    return [own for own in read_objects(LEVELS / name / "Map/tiles.json") if own["Transform"]["m_world_scale"][0] > cell]
+    return [own for own in read_objects(LEVELS / name / "Map/tiles.json")
+            if own["Render"]["m_tex"].startswith(PLATE) and own["Transform"]["m_world_scale"][0] > cell]
 
 
 def frame_counts(own):
