@@ -530,6 +530,8 @@ TEST(TurnGates, ARingThatClosesInHoldsTheTurn) {
   EXPECT_EQ(level.TurnFrom(TURN_ENEMY_NEXT), "Enemy Turn Begin\n") << "another name";
   ring.m_ui_element_name = "ui_selection_circle";
   EXPECT_EQ(level.TurnFrom(TURN_ENEMY_NEXT), "");
+  TransformOf(level.Find("element")).m_local_scale.x = 2.01f;
+  EXPECT_EQ(level.Turn(), "");
   TransformOf(level.Find("element")).m_local_scale.x = 2.0f;
   EXPECT_EQ(level.Turn(), "Enemy Turn Begin\n");
 }

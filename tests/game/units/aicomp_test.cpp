@@ -206,7 +206,7 @@ TEST(AIComp, WithoutAPlaceOrABodyItStaysAsItIs) {
   const std::string fields = Path("[[10, 20, 1]]");
   UnitStage stage(
       {Record("bodiless", {{"Transform", TransformAt(0, 0)}, {"Enemy", fields}, {"AIComp", "{}"}}),
-       Record("nowhere", {{"Enemy", fields}, {"AIComp", "{}"}})});
+       Record("nowhere", {{"RigidBody", "{}"}, {"Enemy", fields}, {"AIComp", "{}"}})});
   for (const char* name : {"bodiless", "nowhere"}) {
     stage.Of<Enemy>(name).m_move_timer = 1.0f;
     stage.Of<AIComp>(name).MoveAlongWaypoints();
