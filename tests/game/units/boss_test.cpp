@@ -397,6 +397,13 @@ TEST(Boss, WithoutHealthOrTargetItDoesNotFire) {
   EXPECT_FALSE(fight.IsFired("MiddleProj"));
 }
 
+TEST(Boss, FiresWithItsLastPointOfHealth) {
+  BossFight fight;
+  fight.Boss().m_health = 1;
+  fight.Boss().Fire();
+  EXPECT_TRUE(fight.Boss().m_fired);
+}
+
 // Death
 
 TEST(Boss, TakesFiveSecondsToDie) {
@@ -622,8 +629,8 @@ TEST(Boss, DiesWithoutShieldsExplosionsAndFields) {
 
 TEST(Boss, AnExplosionWithoutItsComponentsIsNoFault) {
   UnitParts parts = Whole();
-  parts.without = {"DeathExplosion03"};
-  parts.more = {Record("DeathExplosion03", {})};
+  parts.without = {"DeathExplosion03", "DeathExplosion04"};
+  parts.more = {Record("DeathExplosion03", {}), Record("DeathExplosion04", {{"StateC", "{}"}})};
   BossFight fight(parts);
   fight.DieForFiveSeconds();
   fight.Boss().Update(0.25f);

@@ -215,7 +215,7 @@ TEST(Enemy, ThreeDegreesAreArrival) {
     EXPECT_EQ(enemy.Place().m_local_rotate, -100.0f);
     EXPECT_FALSE(AsksFor(enemy.Level(), "tank_move.ogg"));
   }
-  for (const float off : {-3.5f, 3.5f}) {
+  for (const float off : {-3.1f, 3.1f}) {
     Driver enemy;
     enemy.TurnFrom(-100.0f + off, -100.0f);
     EXPECT_TRUE(enemy.Unit().m_turning);
