@@ -206,9 +206,9 @@ TYPED_TEST(BothUnits, TheFlashTimeItselfStillBurns) {
   this->MakeSpawned();
   this->Unit().TakeHit(0);
   this->Unit().m_flash_timer = 0.09f;
-  this->Step(0.5f);
+  this->Step(0.01f);
   EXPECT_EQ(this->Body().m_colour[0], kWhite);
-  this->Step(0.5f);
+  this->Step(0.01f);
   EXPECT_EQ(this->Body().m_colour[0], 1.0f);
 }
 
