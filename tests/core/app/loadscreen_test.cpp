@@ -25,6 +25,14 @@ TEST(LoadScreen, LoadsTheObjectsAndStoresTheBackground) {
   EXPECT_EQ(g_render_system->m_background_tex, "Nebula");
 }
 
+TEST(LoadScreen, IsSeenFromTheOriginWhereverALevelWasSeenFrom) {
+  World world(Files{{"screen.json", R"({"Objects": "objects.json", "Background": "Nebula"})"},
+                    {"objects.json", R"({"GameObjFactory": []})"}});
+  g_render_system->m_view_translate = Vector3D(-120.0f, 12.0f, 45.0f);
+  LoadScreen("screen.json");
+  EXPECT_EQ(g_render_system->m_view_translate, Vector3D());
+}
+
 TEST(LoadScreen, KeysOfLevelsThatAScreenDoesNotUseAreIgnored) {
   World world(
       Files{{"screen.json",

@@ -25,6 +25,7 @@ TEST(FieldNotes, FieldsHaveTheFormOfTheirUse) {
   EXPECT_EQ(FormOfField("Light", "m_diffuse"), FieldWidget::kColour);
   EXPECT_EQ(FormOfField("iModel", "m_vertices"), FieldWidget::kFixed);
   EXPECT_EQ(FormOfField("Transform", "m_world_pos"), FieldWidget::kFixed);
+  EXPECT_EQ(FormOfField("Render", "m_tile"), FieldWidget::kFixed);
   EXPECT_EQ(FormOfField("Render", "m_visible"), FieldWidget::kPlain);
 }
 

@@ -16,6 +16,8 @@ void LoadScreen(const std::string& path) {
   ReadValue(document.Root(), "Background", &background);
   g_game_obj_factory->LoadObjects(objects);
   g_render_system->m_background_tex = background;
+  // No screen has a camera: it is not seen from where a level or the editor was left.
+  g_render_system->m_view_translate = Vector3D();
 }
 
 void ShowBackground(const std::string& path) {

@@ -88,6 +88,7 @@ bool IsFixed(const std::string& component, const std::string& key) {
   if (component == "Transform") {
     return IsOneOf(key, {"m_world_pos", "m_world_scale", "m_world_rotate"});
   }
+  if (component == "Render" && key == "m_tile") return true;  // a tile belongs to the other file
   return component == "Animation" && IsOneOf(key, {"m_timer", "m_currStep"});
 }
 
