@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "editor/editortest.h"
+#include "editor/palette.h"
 #include "jsonunserializer.h"
 
 namespace ZOVEngine {
@@ -42,10 +43,10 @@ class TwinsTest : public EditorTest {
     EXPECT_TRUE(editor->Save());
     LevelDocument document;
     EXPECT_TRUE(document.SetText(Now()[LevelPaths("Level02").objects]));
-    const ObjectPath root = {0};
+    const ObjectPath root = FindLevelRoot(document);
     std::vector<Saved> out;
     for (std::uint32_t i = 1; i < document.Children(root)->Size(); ++i) {
-      const ObjectPath path = {0, i}, before = {0, i - 1};
+      const ObjectPath path = {root[0], i}, before = {root[0], i - 1};
       const bool example = !document.Fields(path, "UIElement").empty();  // of the glossary
       if (document.Name(path) != hazard || example) continue;
       out.push_back({document.Fields(path, "Transform"), document.Name(before),
@@ -108,18 +109,78 @@ TEST_F(TwinsTest, ATwinThatLiesElsewhereIsBroughtToItsHazard) {
   LevelDocument document;
   ASSERT_TRUE(document.SetText(files[LevelPaths("Level02").objects]));
   const std::string text = document.Text();
-  for (std::uint32_t i = 0; i < document.Children({0})->Size(); ++i) {
-    if (document.Name({0, i}) != "EnvBlackholeTwin") continue;
-    document.Json()[kRoots][0][kChildren][i]["Transform"]["m_pos"][0].SetDouble(-5.0);
+  const std::uint32_t root = FindLevelRoot(document)[0];
+  for (std::uint32_t i = 0; i < document.Children({root})->Size(); ++i) {
+    if (document.Name({root, i}) != "EnvBlackholeTwin") continue;
+    document.Json()[kRoots][root][kChildren][i]["Transform"]["m_pos"][0].SetDouble(-5.0);
   }
   ASSERT_NE(document.Text(), text);
   FoldTwins(&document.Json()[kRoots]);
   EXPECT_TRUE(TextWithTwins(document) == text);
 }
 
-TEST(Twins, AHazardWithoutALoopAndALoopWithoutAHazardHaveNone) {
+TEST_F(TwinsTest, APartOfAUnitHasATwinThatFollowsIt) {
+  const std::vector<GameObj*>& parts = world.Find("player1")->children;
+  std::uint32_t place = 0;
+  while (parts[place]->name != "electricvfx") ++place;
+  EXPECT_NE(parts[place - 1]->name, "electricvfxTwin");
+  Move(PathTo(parts[place]), 30.0f, 0.0f);
+  ObjectPath unit = PathTo(world.Find("player1"));
+  const std::string moved = editor->document.Fields({unit[0], unit[1], place}, "Transform");
+  EXPECT_TRUE(editor->Save());
+  LevelDocument saved;
+  ASSERT_TRUE(saved.SetText(Now()[LevelPaths("Level02").objects]));
+  while (saved.Name(unit) != "player1") ++unit[1];  // the twins of hazards stand before it
+  EXPECT_EQ(saved.Name({unit[0], unit[1], place}), "electricvfxTwin");
+  EXPECT_EQ(saved.Fields({unit[0], unit[1], place}, "Transform"), moved);
+  EXPECT_EQ(saved.Fields({unit[0], unit[1], place + 1}, "Transform"), moved);
+}
+
+/// The names of a document's records with their twins.
+std::vector<std::string> NamesWithTwins(const std::string& records) {
+  LevelDocument document;
+  EXPECT_TRUE(document.SetText(R"({"GameObjFactory": [)" + records + "]}"));
+  rapidjson::Document json;
+  json.Parse(TextWithTwins(document).c_str());
+  std::vector<std::string> names;
+  for (const Value& record : json[kRoots].GetArray()) names.push_back(record["name"].GetString());
+  return names;
+}
+
+/// A record that loops through a sheet.
+std::string Looping(const std::string& name, const std::string& sheet,
+                    const std::string& more = "") {
+  return R"({"name": ")" + name + R"(", "Animation": {"m_loop": ")" + sheet + "\"}" + more + "}";
+}
+
+TEST(Twins, OfSpritesWithOneLoopTheFirstHasATwinAndTheOthersHaveTheOneBefore) {
+  EXPECT_EQ(NamesWithTwins(Looping("a", "Blast") + "," + Looping("b", "Blast") + "," +
+                           Looping("c", "Spark")),
+            (std::vector<std::string>{"aTwin", "a", "b", "cTwin", "c"}));
+}
+
+TEST(Twins, EachHazardHasATwinOfItsOwn) {
+  const std::string hole = R"(, "EnvironmentBlackhole": {})";
+  EXPECT_EQ(NamesWithTwins(Looping("a", "Hole", hole) + "," + Looping("b", "Hole", hole)),
+            (std::vector<std::string>{"aTwin", "a", "bTwin", "b"}));
+}
+
+TEST(Twins, ATwinIsDrawnInvisiblyEvenOfASpriteThatIsSwitchedOff) {
+  LevelDocument document;
+  ASSERT_TRUE(document.SetText(
+      R"({"GameObjFactory": [)" +
+      Looping("a", "Spark", R"(, "Render": {"m_visible": false, "m_colour": [1, 1, 1, 1]})") +
+      "]}"));
+  rapidjson::Document json;
+  json.Parse(TextWithTwins(document).c_str());
+  const Value& render = json[kRoots][0]["Render"];
+  EXPECT_TRUE(render["m_visible"].GetBool());
+  EXPECT_EQ(render["m_colour"][3].GetDouble(), 0.0);
+}
+
+TEST(Twins, WithoutALoopAndInTheInterfaceThereAreNone) {
   for (const char* components :
-       {R"("EnvironmentRough": {})", R"("Animation": {"m_loop": "Sheet"})",
+       {R"("EnvironmentRough": {})", R"("Animation": {"m_loop": ""})",
         R"("EnvironmentDamage": {}, "Animation": {"m_loop": ""})",
         R"("EnvironmentDamage": {}, "Animation": {"m_loop": "Sheet"}, "UIElement": {})"}) {
     LevelDocument document;
