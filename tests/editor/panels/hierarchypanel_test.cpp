@@ -35,6 +35,12 @@ TEST_F(HierarchyPanelTest, ShowsTheChildrenOfTheLevelsRoot) {
   EXPECT_FALSE(Sees("Weapon0Barrel")) << "below a unit that is closed";
 }
 
+TEST_F(HierarchyPanelTest, ALevelIsScrolledPastThePaintOnItsFloor) {
+  ASSERT_EQ(PathOf("decal"), ObjectPath{0});
+  EXPECT_FALSE(Sees("decal"));
+  EXPECT_LT(At("level").y, 60.0f);
+}
+
 TEST_F(HierarchyPanelTest, AClickSelectsAnObject) {
   ClickText("player1");
   EXPECT_EQ(editor->selection, Selection{PathOf("player1")});

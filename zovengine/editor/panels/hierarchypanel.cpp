@@ -105,6 +105,7 @@ void HierarchyPanel::Show(LevelEditor& editor) {
   GatherRows(editor);
   ImGui::BeginChild("tree");
   TakeKeys(editor);
+  ScrollToRoot(editor);
   ScrollToSelection(editor);
   ShowRows(editor);
   ShowTopLevel();
@@ -121,7 +122,10 @@ void HierarchyPanel::GatherRows(const LevelEditor& editor) {
   Key key = {editor.history.Changes(), g_editor.m_level_name, m_search};
   if (!m_stale && key == m_key) return;
   // The object that runs a level holds nearly all the others: closed it says nothing.
-  if (key.level != m_key.level) m_open = {FindLevelRoot(editor.document)};
+  if (key.level != m_key.level) {
+    m_open = {FindLevelRoot(editor.document)};
+    m_level_is_new = true;
+  }
   m_key = std::move(key);
   m_stale = false;
   m_rows.clear();
@@ -161,6 +165,16 @@ void HierarchyPanel::FollowSelection(const LevelEditor& editor) {
     path = ParentPath(path);
     m_stale |= m_open.insert(path).second;
   }
+}
+
+void HierarchyPanel::ScrollToRoot(const LevelEditor& editor) {
+  if (!std::exchange(m_level_is_new, false)) return;
+  const ObjectPath root = FindLevelRoot(editor.document);
+  const auto row =
+      std::find_if(m_rows.begin(), m_rows.end(), [&](const Row& own) { return own.path == root; });
+  if (row == m_rows.end()) return;
+  const auto rows_above = static_cast<float>(row - m_rows.begin());
+  ImGui::SetScrollY(rows_above * ImGui::GetFrameHeightWithSpacing());
 }
 
 void HierarchyPanel::ScrollToSelection(const LevelEditor& editor) {

@@ -15,6 +15,7 @@ class LevelEditor;
 
 /// The tree of the level's objects: select, search, rename, move in the tree, duplicate, delete.
 ///
+/// A level that was opened is scrolled to the object that runs it, past the paint on its floor.
 /// Shows the document, so objects of the running interface are not in it. The rows are gathered
 /// when level, search or open nodes change; a frame draws only those that are in sight, so a level
 /// of thousands of objects costs no more than a small one. Objects are changed after the rows, by
@@ -52,6 +53,7 @@ class HierarchyPanel {
   void AppendRow(const LevelEditor& editor, const ObjectPath& path);
   bool Matches(const LevelEditor& editor, const ObjectPath& path) const;
   void FollowSelection(const LevelEditor& editor);
+  void ScrollToRoot(const LevelEditor& editor);
   void ScrollToSelection(const LevelEditor& editor);
   void ShowRows(LevelEditor& editor);
   void ShowRow(LevelEditor& editor, std::size_t index);
@@ -74,8 +76,9 @@ class HierarchyPanel {
   std::string m_search;
   ObjectPath m_followed;  ///< the selected object that the tree was opened for last
   bool m_scroll = false;
-  ObjectPath m_anchor;     ///< where a range of the Shift key begins
-  bool m_toggled = false;  ///< the press that is held has opened or closed a node
+  bool m_level_is_new = false;  ///< no frame has shown it yet
+  ObjectPath m_anchor;          ///< where a range of the Shift key begins
+  bool m_toggled = false;       ///< the press that is held has opened or closed a node
   ObjectPath m_dragged;
   ObjectPath m_renamed;  ///< empty while no name is typed
   std::string m_name;
