@@ -42,6 +42,7 @@ TEST_F(ObjectBoundsTest, WithoutAVisibleImageTheColliderIsHit) {
 
 TEST_F(ObjectBoundsTest, WithoutImageAndColliderTheHandleIsHitAtEveryZoom) {
   const SceneEntry lamp = Entry("lamp");
+  lamp.render->m_visible = false;
   const Vector3D near = lamp.transform->m_world_pos + Vector3D(20.0f, 0.0f, 0.0f);
   EXPECT_FALSE(IsHit(lamp, near, 1.5f));
   EXPECT_TRUE(IsHit(lamp, near, 3.0f));

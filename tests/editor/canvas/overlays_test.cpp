@@ -82,6 +82,17 @@ TEST_F(OverlaysTest, ALightIsMarkedWhereItStands) {
   EXPECT_LT(Drawn(), with);
 }
 
+TEST_F(OverlaysTest, PaintHasNoMark) {
+  editor->overlays = {false, false, false, false, false, false};
+  const int with = Drawn();
+  for (const PlacedObject& placed : LevelObjects()) {
+    if (placed.object->name != "decal") continue;
+    placed.object->GetComponent<Transform>()->m_local_pos.x = 5000.0f;
+  }
+  world.Step();
+  EXPECT_EQ(Drawn(), with);
+}
+
 TEST_F(OverlaysTest, ASelectedObjectIsOutlined) {
   editor->selection.clear();
   const int without = Drawn();

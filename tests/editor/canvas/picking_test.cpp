@@ -50,6 +50,14 @@ TEST_F(PickingTest, TheOneBelowTheLastIsTheFirst) {
   EXPECT_EQ(PickBelow({}, first->path), nullptr);
 }
 
+TEST_F(PickingTest, PaintIsNoTargetButAPart) {
+  const Vector3D place = Place("decal");
+  EXPECT_THAT(NamesAt(place.x, place.y, PickDepth::kUnit), IsEmpty());
+  EXPECT_EQ(NamesAt(place.x, place.y, PickDepth::kPart), std::vector<std::string>{"decal"});
+  editor->selection = {Path("decal")};
+  EXPECT_EQ(NamesAt(place.x, place.y, PickDepth::kUnit), std::vector<std::string>{"decal"});
+}
+
 TEST_F(PickingTest, ABoxThatTouchesNothingPicksNothing) {
   const Vector3D from(-100.0f, -50.0f, 0.0f), to(100.0f, 50.0f, 0.0f);
   EXPECT_THAT(PickInBox(index, from, to, 1.5f), IsEmpty());

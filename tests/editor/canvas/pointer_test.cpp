@@ -26,9 +26,31 @@ TEST_F(PointerTest, AClickOnEmptyGroundSelectsNothing) {
   EXPECT_THAT(editor->selection, IsEmpty());
 }
 
+TEST_F(PointerTest, ALightIsPickedByItsFixture) {
+  const Vector3D place = Place("lamp");
+  Click(place.x + 40.0f, place.y);
+  EXPECT_EQ(editor->Primary(), Path("lamp"));
+}
+
 TEST_F(PointerTest, AnObjectWithoutAnImageIsPickedByItsHandle) {
-  Click(600.0f, 330.0f);
-  EXPECT_EQ(PrimaryName(), "lamp");
+  world.Find("lamp")->GetComponent<Render>()->m_visible = false;
+  const Vector3D place = Place("lamp");
+  Click(place.x + 40.0f, place.y);
+  EXPECT_THAT(editor->selection, IsEmpty());
+  Click(place.x, place.y);
+  EXPECT_EQ(editor->Primary(), Path("lamp"));
+}
+
+TEST_F(PointerTest, PaintIsPickedWithAltAndThenDragged) {
+  const Vector3D place = Place("decal");
+  Click(place.x, place.y);
+  EXPECT_THAT(editor->selection, IsEmpty());
+  ImGui::GetIO().KeyAlt = true;
+  Click(place.x, place.y);
+  EXPECT_EQ(editor->Primary(), Path("decal"));
+  ImGui::GetIO().KeyAlt = false;
+  Drag(place.x, place.y, place.x + 60.0f, place.y);
+  EXPECT_EQ(Place("decal").x, place.x + 60.0f);
 }
 
 TEST_F(PointerTest, TheInterfaceIsNotPicked) {
@@ -37,9 +59,10 @@ TEST_F(PointerTest, TheInterfaceIsNotPicked) {
 }
 
 TEST_F(PointerTest, AnElementOfTheInterfaceThatIsSelectedIsDragged) {
-  editor->selection = {Path("ui_controls")};
-  Drag(-476.0f, 510.0f, -416.0f, 450.0f);
-  EXPECT_NE(Place("ui_controls").x, -476.0f);
+  const Vector3D place = Place("ui_skip");
+  editor->selection = {Path("ui_skip")};
+  Drag(place.x, place.y, place.x - 60.0f, place.y + 60.0f);
+  EXPECT_NE(Place("ui_skip").x, place.x);
   EXPECT_EQ(editor->history.Size(), 1u);
 }
 

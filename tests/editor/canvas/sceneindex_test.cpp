@@ -40,12 +40,20 @@ TEST_F(SceneIndexTest, APartBelongsToTheUnitBelowTheLevelsRoot) {
 }
 
 TEST_F(SceneIndexTest, TheInterfaceIsWhatStandsOnTheScreen) {
-  EXPECT_TRUE(index.Find(Path("ui_controls"))->is_interface);
+  EXPECT_TRUE(index.Find(Path("ui_skip"))->is_interface);
+  EXPECT_TRUE(index.Find(Path("ui_strip_top"))->is_interface) << "a plain image, by its name";
   EXPECT_TRUE(index.Find(Path("ui_pause_resume"))->is_interface);
   EXPECT_FALSE(index.Find(Path("player1"))->is_interface);
   ObjectPath ring = Path("player1");
   ring.push_back(0);
   EXPECT_FALSE(index.Find(ring)->is_interface);
+}
+
+TEST_F(SceneIndexTest, PaintIsAPlainImageBeneathTheLevel) {
+  EXPECT_TRUE(index.Find(Path("decal"))->is_paint);
+  EXPECT_FALSE(index.Find(Path("lamp"))->is_paint) << "it has a light";
+  EXPECT_FALSE(index.Find(Path("player1"))->is_paint);
+  EXPECT_FALSE(index.Find(Path("ui_strip_top"))->is_paint);
 }
 
 TEST_F(SceneIndexTest, AllButTheLevelsRootMayBeDragged) {

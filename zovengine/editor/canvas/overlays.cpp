@@ -17,6 +17,7 @@
 #include "physics/components/colliderholder.h"
 #include "physics/components/rigidbody.h"
 #include "physics/components/transform.h"
+#include "render/components/light.h"
 #include "render/components/render.h"
 
 namespace ZOVEngine {
@@ -103,13 +104,14 @@ void DrawHazards(CanvasPainter& painter) {
   DrawZones<EnvironmentRough>(painter, kMud);
 }
 
-/// Marks what has neither image nor collider, such as a light, where the mouse can take it.
+/// Marks what has neither image nor collider, where the mouse can take it, and every light.
 void DrawMarks(const SceneIndex& index, CanvasPainter& painter) {
   const std::vector<SceneEntry>& entries = index.Entries();
   for (std::uint32_t i = 0; i < entries.size(); ++i) {
     const SceneEntry& entry = entries[i];
     if (entry.unit != i || entry.is_level || entry.is_interface) continue;
-    if (entry.transform == nullptr || entry.collider != nullptr || HasVisibleImage(entry)) continue;
+    if (entry.transform == nullptr || entry.collider != nullptr) continue;
+    if (HasVisibleImage(entry) && !entry.object->HasComponent<Light>()) continue;
     const Vector3D& place = entry.transform->m_world_pos;
     painter.Circle(place, kHandlePixels * painter.View().UnitsPerPixel(), kMark, 1.0f);
     painter.Dot(place, 2.0f, kMark);

@@ -21,7 +21,7 @@ bool IsUnit(const SceneEntry& entry, std::uint32_t place) {
 bool IsCandidate(const SceneEntry& entry, std::uint32_t place, const Selection& selection,
                  PickDepth depth) {
   if (entry.is_level || entry.transform == nullptr) return false;
-  if (entry.is_interface) {
+  if (entry.is_interface || (entry.is_paint && depth == PickDepth::kUnit)) {
     return std::find(selection.begin(), selection.end(), entry.path) != selection.end();
   }
   // A part without an image stands for nothing that the author sees.
@@ -96,7 +96,7 @@ Selection PickInBox(const SceneIndex& index, const Vector3D& from, const Vector3
   Selection picked;
   const std::vector<SceneEntry>& entries = index.Entries();
   for (std::uint32_t i = 0; i < entries.size(); ++i) {
-    if (!IsOnGround(entries[i], i)) continue;
+    if (!IsOnGround(entries[i], i) || entries[i].is_paint) continue;
     if (ReachesInto(FindBounds(entries[i], units_per_pixel), least, most)) {
       picked.push_back(entries[i].path);
     }

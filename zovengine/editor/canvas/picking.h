@@ -15,7 +15,8 @@ enum class PickDepth { kUnit, kPart };
 /// once.
 ///
 /// The body of a unit comes before the parts of others that lie over it, such as an aiming line.
-/// The level's root is never among them, and the interface only where it is selected already.
+/// The level's root is never among them, and the interface only where it is selected already; so is
+/// the paint on the floor, unless the very object is meant.
 std::vector<const SceneEntry*> PickAt(const SceneIndex& index, const Selection& selection,
                                       const Vector3D& point, float units_per_pixel,
                                       PickDepth depth);
@@ -25,7 +26,8 @@ std::vector<const SceneEntry*> PickAt(const SceneIndex& index, const Selection& 
 const SceneEntry* PickBelow(const std::vector<const SceneEntry*>& targets,
                             const ObjectPath& present);
 
-/// The whole things of the level's ground that reach into the rectangle between two corners.
+/// The whole things of the level's ground, without its paint, that reach into the rectangle between
+/// two corners.
 Selection PickInBox(const SceneIndex& index, const Vector3D& from, const Vector3D& to,
                     float units_per_pixel);
 /// All whole things of the level's ground.

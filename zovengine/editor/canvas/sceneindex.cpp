@@ -9,6 +9,9 @@
 #include "objects/gameobjfactory.h"
 #include "physics/components/colliderholder.h"
 #include "physics/components/transform.h"
+#include "render/components/animation.h"
+#include "render/components/light.h"
+#include "render/components/particlesystemc.h"
 #include "render/components/render.h"
 #include "ui/buttons/button.h"
 #include "ui/elements/uielement.h"
@@ -21,6 +24,13 @@ constexpr const char* kInterfacePrefix = "ui_";
 bool IsInterface(const GameObj& object) {
   return object.HasComponent<UIElement>() || object.HasComponent<Button>() ||
          object.HasComponent<Camera>() || object.name.rfind(kInterfacePrefix, 0) == 0;
+}
+
+/// Whether the object is a plain image: nothing acts, shines or is in the path of a shot.
+bool IsPlainImage(const SceneEntry& entry) {
+  return entry.path.size() == 1 && entry.render != nullptr && entry.collider == nullptr &&
+         entry.object->children.empty() && !entry.object->HasComponent<Light>() &&
+         !entry.object->HasComponent<Animation>() && !entry.object->HasComponent<ParticleSystemC>();
 }
 
 bool PathBefore(const SceneEntry& entry, const ObjectPath& path) {
@@ -50,6 +60,7 @@ void SceneIndex::Build(const LevelDocument& document) {
     if (placed.path.front() >= saved_roots) break;
     AddEntry(placed);
   }
+  MarkPaint();
 }
 
 void SceneIndex::AddEntry(const PlacedObject& placed) {
@@ -70,6 +81,15 @@ void SceneIndex::AddEntry(const PlacedObject& placed) {
     entry.is_interface = IsInterface(*placed.object);
   }
   m_entries.push_back(std::move(entry));
+}
+
+void SceneIndex::MarkPaint() {
+  const auto root = std::find_if(m_entries.begin(), m_entries.end(),
+                                 [](const SceneEntry& entry) { return entry.is_level; });
+  if (root == m_entries.end()) return;
+  for (auto entry = m_entries.begin(); entry != root; ++entry) {
+    entry->is_paint = !entry->is_interface && IsPlainImage(*entry);
+  }
 }
 
 void SceneIndex::MarkDraggable() {

@@ -23,7 +23,8 @@ struct SceneEntry {
   /// The place of the unit, the hazard or the other whole thing that the object is a part of.
   std::uint32_t unit = 0;
   bool is_interface = false;  ///< belongs to the screen, not to the level's ground
-  bool is_level = false;      ///< the level's own root, which holds the others
+  bool is_paint = false;  ///< a plain image on the floor, beneath all that the level's root holds
+  bool is_level = false;  ///< the level's own root, which holds the others
 };
 
 /// The objects of the open level in the order in which they are drawn, for picking among thousands
@@ -48,6 +49,7 @@ class SceneIndex {
  private:
   void Build(const LevelDocument& document);
   void AddEntry(const PlacedObject& placed);
+  void MarkPaint();
   void MarkDraggable();
 
   std::vector<SceneEntry> m_entries;  ///< in ascending order of the paths
