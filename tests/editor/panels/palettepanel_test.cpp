@@ -149,7 +149,7 @@ TEST_F(PalettePanelTest, EveryEntryIsInsertedAndLives) {
   std::vector<std::string> faults;
   const std::vector<PaletteEntry> entries = LoadPalette(&faults);
   EXPECT_THAT(faults, ::testing::IsEmpty());
-  EXPECT_EQ(entries.size(), 24u);
+  EXPECT_EQ(entries.size(), 42u);
   const std::size_t before = LevelObjects().size();
   for (const PaletteEntry& entry : entries) {
     InsertEntry(*editor, entry, 100.0f, 50.0f, {nullptr, nullptr});
