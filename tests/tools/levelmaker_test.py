@@ -54,10 +54,10 @@ class LevelMaker(unittest.TestCase):
         self.assert_refused(text, "no Enemy", "first step")
 
     def test_a_unit_without_health(self):
-        self.assert_refused(LEVEL01.replace("health = 4", "health = 0", 1), "player1", "without health")
+        self.assert_refused(LEVEL01.replace("health = 5", "health = 0", 1), "player1", "without health")
 
     def test_a_player_without_energy(self):
-        self.assert_refused(LEVEL01.replace("health = 4", "health = 4\nenergy = 0", 1), "player1", "no energy")
+        self.assert_refused(LEVEL01.replace("health = 5", "health = 5\nenergy = 0", 1), "player1", "no energy")
 
     def test_a_unit_in_a_wall(self):
         self.assert_refused(LEVEL01.replace("at = [-720, 240]", "at = [-930, 240]"), "player1", "in a wall")
@@ -129,12 +129,12 @@ class AuthoredLevel(unittest.TestCase):
 
     def test_a_made_level_passes_and_follows_its_description(self):
         self.run_maker("--check")
-        (self.root / DESCRIPTION).write_text(LEVEL01.replace("health = 4", "health = 5"))
+        (self.root / DESCRIPTION).write_text(LEVEL01.replace("health = 5", "health = 6"))
         with self.assertRaises(SystemExit) as refused:
             self.run_maker("--check")
         self.assertEqual(refused.exception.code, f"{UNITS} differs from what its maker writes")
         self.run_maker()
-        self.assertEqual(self.objects()["player1"]["Player"]["m_health"], 5)
+        self.assertEqual(self.objects()["player1"]["Player"]["m_health"], 6)
         self.run_maker("--check")
 
     def test_a_level_that_its_author_changed_is_left_alone_and_passes(self):
@@ -147,7 +147,7 @@ class AuthoredLevel(unittest.TestCase):
 
     def test_a_new_description_does_not_bring_back_what_an_author_changed(self):
         self.change(self.heal)
-        (self.root / DESCRIPTION).write_text(LEVEL01.replace("health = 4", "health = 5"))
+        (self.root / DESCRIPTION).write_text(LEVEL01.replace("health = 5", "health = 6"))
         before = self.text()
         self.run_maker()
         self.assertEqual(self.text(), before)
