@@ -65,7 +65,8 @@ TEST(Level00, TheMapIsTheWholeScreenAndIsMergedIntoTenBoxes) {
   const TileMap& map = level.world.Find("level")->GetComponent<GameController>()->m_tile_map;
   EXPECT_EQ(map.m_width * static_cast<unsigned>(map.m_tileSize), 1920u);
   EXPECT_EQ(map.m_height * static_cast<unsigned>(map.m_tileSize), 1080u);
-  EXPECT_THAT(ObjectsNamed("tile_collider"), SizeIs(10)) << "four walls, and two bars of four and two rows";
+  EXPECT_THAT(ObjectsNamed("tile_collider"), SizeIs(10))
+      << "four walls, and two bars of four and two rows";
 }
 
 TEST(Level00, TheFloorHasNoColliders) {

@@ -40,7 +40,7 @@ class Rules(unittest.TestCase):
 
     def test_an_error_fails_and_names_rule_and_place(self):
         with tempfile.TemporaryDirectory() as folder:
-            for path, text in {**FILES, UNITS: FILES[UNITS].replace('"m_health": 4', '"m_health": 0', 1)}.items():
+            for path, text in {**FILES, UNITS: re.sub(r'"m_health": [0-9]+', '"m_health": 0', FILES[UNITS], count=1)}.items():
                 file = pathlib.Path(folder, path)
                 file.parent.mkdir(parents=True, exist_ok=True)
                 file.write_text(text)
