@@ -5,10 +5,12 @@
 #include "core/engine.h"
 #include "core/statemachine.h"
 #include "editor/editordata.h"
+#include "editor/editortest.h"
 #include "editor/leveldocument.h"
 #include "editor/objectpath.h"
 #include "game/levels/levelsave.h"
 #include "objects/gameobjfactory.h"
+#include "render/rendersystem.h"
 #include "support/world.h"
 
 namespace ZOVEngine {
@@ -56,6 +58,17 @@ TEST_P(EditorSceneTest, TilesStayAsTheyAreWhileStepsGoBy) {
 
 INSTANTIATE_TEST_SUITE_P(All, EditorSceneTest,
                          ::testing::Values("Level00", "Level01", "Level02", "Level03", "Level04"));
+
+class StillSceneTest : public carapace_test::EditorTest {
+ protected:
+  StillSceneTest() : EditorTest("Level04") {}
+};
+
+TEST_F(StillSceneTest, ALevelThatIsEditedStandsStill) {
+  ASSERT_TRUE(editor->Open("Level04"));
+  world.Step(30);
+  EXPECT_TRUE(g_render_system->LastFrame().instances.empty()) << "no particle is born";
+}
 
 }  // namespace
 }  // namespace ZOVEngine

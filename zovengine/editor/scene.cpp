@@ -13,6 +13,7 @@
 #include "physics/components/colliderholder.h"
 #include "physics/components/transform.h"
 #include "render/components/animation.h"
+#include "render/components/particlesystemc.h"
 
 namespace ZOVEngine {
 namespace {
@@ -76,8 +77,16 @@ void HoldAnimations() {
   }
 }
 
+/// Particles would make every frame another one, and the picture of a level dear to draw.
+void HoldParticles() {
+  for (ParticleSystemC* system : ComponentTable<ParticleSystemC>().Components()) {
+    system->m_emitting = false;
+  }
+}
+
 void HoldWhatRuns() {
   HoldColliders();
+  HoldParticles();
   HoldSounds();
   HoldAnimations();
 }
@@ -85,7 +94,7 @@ void HoldWhatRuns() {
 /// True for the classes of which a scene that is edited holds something.
 bool IsHeld(const std::string& component) {
   return component == "ColliderHolder" || component == "AudioSource" || component == "Animation" ||
-         component == "StateC";
+         component == "StateC" || component == "ParticleSystemC";
 }
 
 void DeriveTransforms() {
