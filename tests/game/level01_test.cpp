@@ -253,7 +253,7 @@ TEST_F(Level01, WithoutAHandOnTheKeysItsTanksStayWhereTheyAre) {
   m_world.Step(300);
   for (std::size_t k = 0; k < before.size(); ++k) {
     EXPECT_LT((PlaceOf(Controller().m_players[k]) - before[k]).Length(), 1.0f);
-    EXPECT_EQ(Controller().m_players[k]->GetComponent<Player>()->m_health, 4);
+    EXPECT_EQ(Controller().m_players[k]->GetComponent<Player>()->m_health, 5);
   }
 }
 
