@@ -1,10 +1,9 @@
-"""The textures: each that is named exists, each that exists is shown, sheets have the frames that the data say, rims are empty, and
-all of them with the sounds stay within the game's budget. Reads pixels by ImageMagick."""
+"""The textures: each that is named exists, each that exists is shown, sheets have the frames that the data say, and all of them
+with the sounds stay within the game's budget."""
 import collections
 import json
 import re
 import struct
-import subprocess
 import unittest
 
 from makers import ROOT, load
@@ -17,7 +16,6 @@ SOURCES = sorted(path for path in (ROOT / "zovengine").rglob("*.*") if path.suff
 MOST_FRAMES = 10  # the renderer overruns the last frame of a sheet with more
 MOST_PIXELS = 25_000_000
 MOST_BYTES = 40_000_000
-RIM = 2
 
 STATES = ("spawn", "death", "once", "loop")
 FIELDS = re.compile(r"\w+_tex|Background|m_(spawn|death|once|loop)")
@@ -33,13 +31,6 @@ OFFERED = {
 SWAPPED = {
     "Sheet_Env_DestructibleB": "the program puts it in the place of Sheet_Env_DestructibleA, with its frames",
 }
-# Images with an alpha channel that are painted up to the rim, and why.
-FULL = {
-    "UI_Fade": "a flat sheet larger than the screen",
-    "UI_Backdrop": "a sheet larger than the screen",
-    "yellow": "one flat colour, for lines",
-}
-
 
 class Png:
     """What the head of a PNG file says."""
@@ -94,26 +85,6 @@ def animated():
                 yield path.name, own[f"m_{state}"], own[f"m_{state}_frames"]
 
 
-def alphas():
-    """The alpha channel of each image that has one, row by row, by its key."""
-    keys = [key for key, png in FILES.items() if png.has_alpha]
-    command = ["convert", *(TEXTURES / f"{key}.png" for key in keys), "-alpha", "extract", "-depth", "8", "gray:-"]
-    data = subprocess.run(command, check=True, stdout=subprocess.PIPE).stdout
-    assert len(data) == sum(FILES[key].width * FILES[key].height for key in keys), "ImageMagick read other sizes"
-    found, at = {}, 0
-    for key in keys:
-        end = at + FILES[key].width * FILES[key].height
-        found[key], at = data[at:end], end
-    return found
-
-
-def is_rim_empty(alpha, width, frames):
-    """Whether no frame of a sheet is painted within RIM pixels of its edges."""
-    frame = width // frames
-    columns = [left + x for left in range(0, width, frame) for x in (*range(RIM), *range(frame - RIM, frame))]
-    return not any((any(alpha[:RIM * width]), any(alpha[-RIM * width:]), *(any(alpha[x::width]) for x in columns)))
-
-
 class Names(unittest.TestCase):
 
     def test_the_names_are_found(self):
@@ -153,23 +124,6 @@ class Sheets(unittest.TestCase):
         self.assertEqual(LISTED["Sheet_Env_DestructibleB"].frames, LISTED["Sheet_Env_DestructibleA"].frames)
         for key in sheets:
             self.assertIn(LISTED[key].frames, range(2, MOST_FRAMES + 1), key)
-
-
-class Pixels(unittest.TestCase):
-
-    def test_the_rim_of_every_image_is_empty_but_for_those_left_out_with_a_reason(self):
-        painted = {key for key, alpha in alphas().items() if not is_rim_empty(alpha, FILES[key].width, LISTED[key].frames)}
-        self.assertEqual(painted, FULL.keys())
-
-    def test_a_painted_rim_is_seen(self):
-        for x, y in ((0, 5), (1, 5), (5, 1), (8, 5), (10, 5), (11, 5), (18, 5), (19, 9), (5, 9)):
-            alpha = bytearray(20 * 10)
-            alpha[y * 20 + x] = 1
-            self.assertFalse(is_rim_empty(bytes(alpha), 20, 2), (x, y))
-        alpha = bytearray(20 * 10)
-        for x, y in ((2, 2), (7, 7), (12, 2), (17, 7)):
-            alpha[y * 20 + x] = 255
-        self.assertTrue(is_rim_empty(bytes(alpha), 20, 2))
 
 
 class Budget(unittest.TestCase):
