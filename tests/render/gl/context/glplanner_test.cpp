@@ -395,9 +395,17 @@ TEST_F(FramePlannerTest, ASmallSpriteJoinsARunOfMoreLightsAndALargeOneDoesNot) {
   EXPECT_EQ(Plan(frame).size(), 1u);
   frame.commands[1].placement.scale = Vector3D(100.0f, 100.0f, 1.0f);
   EXPECT_EQ(Plan(frame).size(), 2u);
-  std::swap(frame.commands[0], frame.commands[1]);
-  frame.commands[0].placement.scale = Vector3D(40.0f, 40.0f, 1.0f);
-  EXPECT_EQ(Plan(frame).size(), 2u) << "nothing joins a run of fewer lights than it needs";
+}
+
+TEST_F(FramePlannerTest, ASmallRunIsRaisedToTheLightsOfTheNextSpriteAndALargeOneIsNot) {
+  Frame frame = EmptyFrame();
+  frame.lights = {LightAt(0, 0)};
+  frame.commands.push_back(QuadCommand(900, 0, 40, 40, 3, Program::kLight));
+  frame.commands.push_back(QuadCommand(0, 0, 40, 40, 3, Program::kLight));
+  ASSERT_EQ(Plan(frame).size(), 1u);
+  EXPECT_EQ(Plan(frame)[0].program, Set(Program::kLight).Streamed(LightClass::kTwo, true));
+  frame.commands[0].placement.scale = Vector3D(100.0f, 100.0f, 1.0f);
+  EXPECT_EQ(Plan(frame).size(), 2u);
 }
 
 TEST_F(FramePlannerTest, ALargeLitQuadIsCutAndItsCellsSortedByTheirLights) {
