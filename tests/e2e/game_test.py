@@ -6,7 +6,7 @@ from driver import tap, wait_until
 from ears import LOUD, MOMENT, SILENT
 from level import LINE_SEEN, MUSIC, TURN_PATIENCE
 from player import REST
-from session import HOLE, Session
+from session import HOLE, HOLE_ABOVE_PANEL, Session
 
 PREVIEW_NEAR = 12  # mean difference of a preview from its image, for want of whole pixels
 
@@ -60,7 +60,7 @@ class WholeGame(Session):
         self.player.click("menu_play")
         for number in range(1, 5):
             self.player.hover(f"menu_level_{number:02}")
-            self.expect(f"levels-{number}", [PREVIEW])
+            self.expect(f"levels-{number}", [PREVIEW, HOLE_ABOVE_PANEL])
             self.check_preview(f"Menu_Preview_Level{number:02}")
         self.player.click("menu_level_back")
         self.player.hover("menu_play")

@@ -17,7 +17,7 @@ SIZE = (640, 360)
 SCALE = SIZE[1] / 1080
 BLOCK = 20
 FIT = ["-gravity", "center", "-background", "black", "-extent", f"{SIZE[0]}x{SIZE[1]}", "-gravity", "none"]
-COLOURS = 96
+COLOURS = 256
 LARGEST_BLOCK = 12  # the most by which a block may differ in the mean of its bytes
 MEAN = 1.5  # the same for the whole picture
 PATIENCE = 150.0  # seconds in which a screen must have come, on a loaded machine
@@ -102,5 +102,5 @@ class Moments:
 
     def _write(self, picture, name, masks):
         self.output.mkdir(parents=True, exist_ok=True)
-        convert(picture, *read(picture, masks), "+dither", "-colors", str(COLOURS), "-strip",
+        convert(picture, *read(picture, masks), "-dither", "FloydSteinberg", "-colors", str(COLOURS), "-strip",
                 f"PNG8:{self.output / name}.png")

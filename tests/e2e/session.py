@@ -17,6 +17,7 @@ CROSSHAIR = 84
 ARENA = (0, 0, 1920, 964)  # units move there
 PROMPT = (0, -220, 500, 90)  # it blinks
 HOLE = (0, 285, 760, 510)  # it turns
+HOLE_ABOVE_PANEL = (0, 475, 1000, 130)  # what is seen of it while the levels are shown
 
 
 class Session(LevelTest):
