@@ -20,7 +20,7 @@ LOOK_PAUSE = 0.25  # seconds between two looks: a picture takes as long as some 
 SAMPLES = 4.5  # between the samples that look for units
 BODY = (30, 150)  # a unit's body is about 75 wide and high, its bar of health only 7 high, a closing ring much larger
 ARENA = 475  # from the middle up and down: beyond lie the strips with the keys and the weapons
-NEAR = 7  # two looks at the same place differ by less
+NEAR = 12  # two looks at the same unit differ by less, however it is turned
 MUZZLE = (28, 45)  # how far the yellow end of a gun is from the middle of its unit; the corners of its outline are farther
 MUZZLE_SIZE = 12  # what is yellow farther apart is not the same muzzle
 
@@ -31,7 +31,8 @@ SHOT_SEEN = 50  # the middle of a shot against its ground
 
 
 def is_green(r, g, b):
-    return g > r + 60 and g > b + 15
+    """Whether a colour is a player's: smoke in its light is bluer."""
+    return g > r + 60 and g > b + 34
 
 
 def is_red(r, g, b):

@@ -102,7 +102,7 @@ class TrainingRange(LevelTest):
         """Things leave their places, the wall stands, sparks rise, and the music's file is open."""
         bodies = self.moving()
         self.assertGreaterEqual(len(bodies), 8)
-        wall = ((30, -510), 60, 60)  # away from the units, whose lights grow brighter in their turns
+        wall = ((-420, 180), 60, 60)  # away from the units, whose lights grow brighter in their turns
 
         left = set()  # bodies seen elsewhere at some time: another one may come to rest in a place
 
