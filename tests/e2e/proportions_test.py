@@ -4,9 +4,10 @@ import unittest
 from case import WORLD, find_record
 from driver import tap
 from player import read_objects
-from session import ARENA, HOLE, Session
+from session import HOLE, HOLE_ABOVE_PANEL, Session
 
-IN_PLAY = ("ui_controls", "ui_round_plate", "ui_goal", "ui_energy_plate", "ui_energy", "ui_weapon0_plate", "ui_weapon1_plate")
+IN_PLAY = ("ui_energy_frame", "ui_energy", "ui_weapon_ground0", "ui_weapon_ground1", "ui_cycle_left", "ui_cycle_right", "ui_undo",
+           "ui_skip")
 PREVIEW = (286, 18, 790, 548)  # its image is not scaled alike
 
 
@@ -40,7 +41,7 @@ class Proportions(Session):
             self.player.click(back)
         self.player.click("menu_play")
         self.player.hover("menu_level_01")
-        self.expect("levels-1", [PREVIEW])
+        self.expect("levels-1", [PREVIEW, HOLE_ABOVE_PANEL])
         self.player.press()
 
     def visit_a_level(self):
