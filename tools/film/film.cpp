@@ -19,6 +19,7 @@
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <exception>
 #include <functional>
 #include <iostream>
 #include <map>
@@ -372,7 +373,7 @@ void MakeFilm(const Request& request) {
 
 }  // namespace
 
-int main(int argc, char** argv) {
+int main(int argc, char** argv) try {
   const Request request = ReadRequest({argv + 1, argv + argc});
   std::ostream out(std::cout.rdbuf());
   const Quiet quiet;  // the engine prints what it does
@@ -381,4 +382,7 @@ int main(int argc, char** argv) {
   } else {
     Rehearse(request, &out);
   }
+} catch (const std::exception& error) {
+  std::fprintf(stderr, "%s\n", error.what());
+  return 1;
 }

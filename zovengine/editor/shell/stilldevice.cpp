@@ -31,10 +31,10 @@ bool IsSameDraw(const DrawCommand& a, const DrawCommand& b) {
 }
 
 bool IsSameFrame(const Frame& a, const Frame& b) {
-  return std::memcmp(&a.view, &b.view, sizeof(a.view)) == 0 && a.view_pos == b.view_pos &&
-         AreSame(a.lights, b.lights) && AreSame(a.vertices, b.vertices) &&
-         AreSame(a.indices, b.indices) && AreSame(a.glyphs, b.glyphs) &&
-         AreSame(a.instances, b.instances) &&
+  return std::equal(std::begin(a.view.m), std::end(a.view.m), std::begin(b.view.m)) &&
+         a.view_pos == b.view_pos && AreSame(a.lights, b.lights) &&
+         AreSame(a.vertices, b.vertices) && AreSame(a.indices, b.indices) &&
+         AreSame(a.glyphs, b.glyphs) && AreSame(a.instances, b.instances) &&
          std::equal(a.commands.begin(), a.commands.end(), b.commands.begin(), b.commands.end(),
                     IsSameDraw);
 }
