@@ -46,7 +46,8 @@ def convert(picture, *arguments):
 def overlay(picture, committed, masks):
     """The arguments of ImageMagick that give the difference of two pictures, as wide as the narrower one; and that width."""
     width = min(SIZE[0], round(picture.width * SIZE[1] / picture.height))
-    return [*read(picture, masks), "(", str(committed), *draw_masks(masks), ")", "-compose", "difference", "-composite",
+    soft = ["-blur", "0x1.5"]  # the dots of the committed picture's few colours are no difference
+    return [*read(picture, masks), *soft, "(", str(committed), *draw_masks(masks), *soft, ")", "-compose", "difference", "-composite",
             "-gravity", "center", "-crop", f"{width}x{SIZE[1]}+0+0", "+repage"], width
 
 
