@@ -11,10 +11,10 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <random>
 #include <thread>
 
+#include "core/base/wholefile.h"
 #include "editor/editortest.h"
 #include "editor/leveltext.h"
 #include "editor/recovery.h"
@@ -26,22 +26,17 @@ namespace fs = std::filesystem;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 
-std::string ReadText(const fs::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-}
-
 /// What keeps the files of a level's folder from being a level that can be opened; empty if nothing
 /// does.
 std::string FaultOfLevelFolder(const fs::path& folder, const std::string& name) {
   for (const char* file : {"Map/tiles.json", "Entity/Units.json"}) {
     LevelDocument document;
-    if (!document.SetText(ReadText(folder / file))) return file;
+    if (!document.SetText(ReadWholeFile(folder / file).value_or(""))) return file;
     if (!FatalProblems(document).empty()) return std::string(file) + " ends the program";
   }
   for (const std::string& file : {name + ".json", "Map/" + name + ".json"}) {
     rapidjson::Document json;
-    ParseExactly(&json, ReadText(folder / file));
+    ParseExactly(&json, ReadWholeFile(folder / file).value_or(""));
     if (json.HasParseError()) return file;
   }
   return "";

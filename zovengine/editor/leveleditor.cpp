@@ -3,12 +3,12 @@
 #include <algorithm>
 #include <cctype>
 #include <filesystem>
-#include <fstream>
 #include <iostream>
 #include <iterator>
 #include <optional>
 #include <utility>
 
+#include "core/base/wholefile.h"
 #include "editor/editordata.h"
 #include "editor/editorsave.h"
 #include "editor/leveltext.h"
@@ -35,17 +35,9 @@ constexpr const char* kImports = "Resources/Textures";   ///< where dropped file
 constexpr std::size_t kLongestName = 100;
 constexpr std::size_t kMostRecent = 8;
 
-std::optional<std::string> ReadFile(const std::string& path) {
-  std::error_code ignored;
-  if (!fs::is_regular_file(path, ignored)) return std::nullopt;
-  std::ifstream file(path, std::ios::binary);
-  if (!file) return std::nullopt;
-  return std::string(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
-}
-
 /// Reads the sizes of a map; false if the file is no such map.
 bool ReadMap(const std::string& path, TileMapInfo* map) {
-  const std::optional<std::string> text = ReadFile(path);
+  const std::optional<std::string> text = ReadWholeFile(path);
   if (!text) return false;
   JsonDocument document;
   document.ParseText(*text, path);
@@ -133,8 +125,8 @@ bool LevelEditor::IsOpen() const {
 
 bool LevelEditor::Open(const std::string& name) {
   const LevelPaths paths(name);
-  const auto level = ReadFile(paths.level), units = ReadFile(paths.objects);
-  const auto tile_text = ReadFile(paths.tiles);
+  const auto level = ReadWholeFile(paths.level), units = ReadWholeFile(paths.objects);
+  const auto tile_text = ReadWholeFile(paths.tiles);
   TileMapInfo map;
   if (!level || !units || !ReadMap(paths.tile_map, &map) || !document.SetText(*units)) {
     log.Fault("\"" + name + "\" is no level that can be opened.");

@@ -81,8 +81,7 @@ const LevelRule kRules[] = {
     {"tile-twice", kWarning, "two tiles lie on one place"},
     {"place-free", kError, "a unit or its patrol lies in a wall or off the map"},
     {"hull", kWarning, "floor lies open to space: units and shots leave the level"},
-    {"cover-thin", kWarning,
-     "a wall of one tile between grounds: a unit that leans on it fires through it"},
+    {"cover-thin", kWarning, "units fire through a wall of one tile that they lean on"},
 };
 
 const LevelRule& FindRule(const char* name) {

@@ -1,11 +1,11 @@
 #include "editor/palette.h"
 
+#include "core/base/wholefile.h"
 #include "jsonunserializer.h"
 
 #include <algorithm>
 #include <array>
 #include <filesystem>
-#include <fstream>
 #include <iterator>
 #include <string_view>
 
@@ -25,8 +25,7 @@ constexpr std::array<std::string_view, 6> kCategories = {"Units",  "Weapons", "H
 constexpr std::array<const char*, 4> kInterfaceParts = {"UIElement", "Button", "Font", "Camera"};
 
 Document ReadJson(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  const std::string text((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
+  const std::string text = ReadWholeFile(path).value_or("");
   Document json;
   json.Parse<rapidjson::kParseIterativeFlag>(text.c_str(), text.size());
   return json;

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
 #include <iterator>
 
+#include "core/base/wholefile.h"
 #include "editor/editordata.h"
 #include "editor/leveleditor.h"
 #include "editor/leveltext.h"
@@ -67,11 +67,6 @@ class RecoverCommand final : public EditCommand {
   State m_before, m_after;
 };
 
-std::string ReadText(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-}
-
 /// True for an object file over which the program would not end.
 bool IsReadable(const std::string& text) {
   LevelDocument document;
@@ -80,7 +75,7 @@ bool IsReadable(const std::string& text) {
 
 bool ReadState(const std::string& path, RecoverCommand::State* state) {
   rapidjson::Document document;
-  ParseExactly(&document, ReadText(path));
+  ParseExactly(&document, ReadWholeFile(path).value_or(""));
   const Value* units = FindValue(document, "units");
   const Value* tiles = FindValue(document, "tiles");
   if (units == nullptr || tiles == nullptr) return false;
