@@ -109,6 +109,24 @@ TEST(TextureLoader, AKeyWhoseLastFileFailsShowsTheOneBefore) {
   EXPECT_EQ(g_render_system->m_textures.at("shown"), 1u);
 }
 
+TEST(TextureLoader, AFileThatDoesNotOpenIsReportedOnceAndTheLastImageComesAllTheSame) {
+  const std::string output = OutputOf([] {
+    LoadingScene scene({"none.tga", "default.tga", "shown.tga", "late.tga"},
+                       {{"default.tga", OnePixel(1, 1, 1)},
+                        {"shown.tga", OnePixel(2, 2, 2)},
+                        {"late.tga", OnePixel(3, 3, 3)}});
+    const auto has = [&scene](std::uint32_t number) {
+      return scene.world.device.textures.count(number) != 0;
+    };
+    for (int i = 0; i < 5000 && !(has(1) && has(3)); ++i) scene.world.Step();
+    scene.AddSprite("late");
+    scene.world.Step();
+    EXPECT_TRUE(has(1) && has(2) && has(3));
+    EXPECT_FALSE(has(0));
+  });
+  EXPECT_EQ(CountOf(output, kTextureError), 1u);
+}
+
 TEST(TextureLoader, AFirstTextureThatFailsLeavesTheOthers) {
   LoadingScene scene({"default.tga", "shown.tga"},
                      {{"default.tga", "no image"}, {"shown.tga", OnePixel(2, 2, 2)}});

@@ -94,17 +94,27 @@ RenderSystem::~RenderSystem() {
   if (g_render_system == this) g_render_system = nullptr;
 }
 
+void RenderSystem::BeginTextures() {
+  m_textures_begun = true;
+  ReadConfig();
+  if (g_gl_device != nullptr) StartTextures();
+}
+
+void RenderSystem::ReadConfig() {
+  JsonDocument document;
+  document.Open(kGraphicsConfigPath);
+  document.Parse();
+  ReadGraphicsConfig(document.Root(), this);
+}
+
 void RenderSystem::Init() {
   std::cout << "Init RenderSystem" << '\n';
-  {
-    JsonDocument document;
-    document.Open(kGraphicsConfigPath);
-    document.Parse();
-    ReadGraphicsConfig(document.Root(), this);
-  }
+  if (!m_textures_begun) BeginTextures();
+  m_textures_begun = false;
   FetchTables();
   if (g_gl_device == nullptr) return;
-  StartTextures();
+  m_loader.ReportPaths();
+  m_loader.Prefer(ShownTextures());
   StartDevice();
   GlyphLoader loader;
   loader.Open(m_font_path);
@@ -148,18 +158,23 @@ std::uint32_t RenderSystem::CompileShader(Program program, const std::string& ve
 
 void RenderSystem::LoadTextures() {
   StartTextures();
+  m_loader.ReportPaths();
   m_loader.Finish();
 }
 
-/// The images of the screen that is loaded come first.
 void RenderSystem::StartTextures() {
   ZOV_ASSERT(m_texture_paths.size() <= kMaxTextures,
              std::string(kGraphicsConfigPath) + ": key \"texPath\": more than 1024 textures");
-  std::vector<std::string> first{m_background_tex, kCrosshairTexture};
+  m_loader.Start(m_texture_paths, {m_background_tex, kCrosshairTexture}, &m_textures);
+}
+
+/// The keys of the screen that is loaded.
+std::vector<std::string> RenderSystem::ShownTextures() const {
+  std::vector<std::string> keys{m_background_tex, kCrosshairTexture};
   for (const Render* render : m_render_table->Components()) {
-    if (render->m_visible) first.push_back(render->m_tex);
+    if (render->m_visible) keys.push_back(render->m_tex);
   }
-  m_loader.Start(m_texture_paths, first, &m_textures);
+  return keys;
 }
 
 bool RenderSystem::SaveGraphicsConfig() const {

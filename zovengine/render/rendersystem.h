@@ -53,9 +53,12 @@ class RenderSystem final : public UnpausedSystem {
   RenderSystem();
   ~RenderSystem() override;
 
-  /// Reads "Resources/Textures/graphics.json", compiles the programs, loads the glyphs, and begins
-  /// to load the textures: a frame waits for those that it shows, the others come behind it. The
-  /// projection's aspect is that of the window now and stays so.
+  /// Reads "Resources/Textures/graphics.json" and begins to decode its textures. Needs no window:
+  /// called before Init it has decoded some when the window is there.
+  void BeginTextures();
+  /// Calls BeginTextures if nobody has, compiles the programs and loads the glyphs. A frame waits
+  /// for the textures that it shows, the others come behind it. The projection's aspect is that of
+  /// the window now and stays so.
   void Init() override;
   /// Draws and shows one frame (unit of `dt`: seconds). While the window is minimised the frame is
   /// made, but not drawn.
@@ -110,7 +113,9 @@ class RenderSystem final : public UnpausedSystem {
  private:
   void FetchTables();
   void StartDevice();
+  void ReadConfig();
   void StartTextures();
+  std::vector<std::string> ShownTextures() const;
   std::uint32_t CompileShader(Program program, const std::string& vertexPath,
                               const std::string& fragmentPath);
   void DrawWorld();
@@ -119,6 +124,7 @@ class RenderSystem final : public UnpausedSystem {
   void DrawTree();
   void TakeContacts(const CollidedObjects& message);
 
+  bool m_textures_begun = false;
   TextureLoader m_loader;
   Painter m_painter;      ///< the frame, and the state that lasts between its draws
   SpriteLists m_sprites;  ///< the sprites of the frame by pass

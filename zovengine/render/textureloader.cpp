@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <iostream>
 #include <optional>
+#include <utility>
 
 #include "core/base/clock.h"
 #include "render/gldevice.h"
@@ -39,18 +40,31 @@ void TextureLoader::Start(const std::vector<std::string>& paths,
   m_keys = keys;
   m_keys->clear();
   m_pending = 0;
+  m_bad_paths = 0;
   m_any_failed = false;
+  std::vector<std::string> images(paths.size());
   for (std::size_t position = 0; position < paths.size(); ++position) {
     const std::optional<std::string> key = FindKey(paths[position]);
     if (!key) {
-      ReportFailure();
+      ++m_bad_paths;
       continue;
     }
+    images[position] = paths[position];
     m_list[position] = {*key, Stage::kPending};
     (*m_keys)[*key] = static_cast<std::uint32_t>(position);
     ++m_pending;
   }
-  if (m_pending > 0) m_images = std::make_unique<ImageQueue>(paths, FindPositions(first));
+  if (m_pending > 0) {
+    m_images = std::make_unique<ImageQueue>(std::move(images), FindPositions(first));
+  }
+}
+
+void TextureLoader::ReportPaths() const {
+  for (std::size_t path = 0; path < m_bad_paths; ++path) ReportFailure();
+}
+
+void TextureLoader::Prefer(const std::vector<std::string>& first) {
+  if (m_images) m_images->Prefer(FindPositions(first));
 }
 
 std::vector<std::size_t> TextureLoader::FindPositions(const std::vector<std::string>& keys) const {

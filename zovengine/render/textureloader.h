@@ -18,7 +18,8 @@ class ImageQueue;
 /// The number of a texture is its position in the list, its key the path without root and ending.
 /// Keys are known from the start on; one whose image turns out to be none then loses its key and
 /// its draws show texture 0, as if the key had never been there. A path that is too short for a key
-/// or opens no file, and an image that cannot be decoded, print "ERROR: Failed to load texture.".
+/// or opens no file, and an image that cannot be decoded, print "ERROR: Failed to load texture.",
+/// paths when ReportPaths is called and images when they are due.
 /// Decoding is done by a worker thread (ImageQueue), uploading by the caller's. Needs g_gl_device.
 class TextureLoader {
  public:
@@ -29,9 +30,13 @@ class TextureLoader {
 
   /// Begins to load `paths` and puts their keys into `*keys`, which is emptied and must outlive the
   /// loading; of two paths with one key the later has it. The images of the keys in `first` are
-  /// decoded first.
+  /// decoded first. Only the later functions need the device to be open.
   void Start(const std::vector<std::string>& paths, const std::vector<std::string>& first,
              TextureMap* keys);
+  /// Prints a line for each path of the list that has no key.
+  void ReportPaths() const;
+  /// Goes on with the images of these keys.
+  void Prefer(const std::vector<std::string>& first);
   /// Uploads the textures that `frame` shows, waiting for those that are not decoded, and lets
   /// draws of a failed one show what its key shows now.
   void Complete(Frame* frame);
@@ -60,6 +65,7 @@ class TextureLoader {
   std::vector<Texture> m_list;  ///< by position in the list
   TextureMap* m_keys = nullptr;
   std::size_t m_pending = 0;
+  std::size_t m_bad_paths = 0;           ///< of the list, those that gave no key
   bool m_any_failed = false;             ///< after its key was known
   std::unique_ptr<ImageQueue> m_images;  ///< null when nothing is pending
 };

@@ -45,6 +45,22 @@ TEST(ImageQueue, TheWorkerBeginsWithTheFirstAndGoesOnInTheOrderOfTheList) {
   EXPECT_FALSE(queue.FindDecoded());
 }
 
+TEST(ImageQueue, TheWorkerGoesOnWithWhatIsPreferredLater) {
+  constexpr std::size_t kCount = ImageQueue::kMostAhead + 10;
+  ImageQueue queue(std::vector<std::string>(kCount, kGlow));
+  while (queue.FindDecoded() != 0u) std::this_thread::yield();
+  queue.Prefer({kCount, kCount - 1});
+  for (std::size_t i = 0; i < ImageQueue::kMostAhead; ++i) queue.Take(i);
+  EXPECT_EQ(WaitForDecoded(queue), kCount - 1);
+}
+
+TEST(ImageQueue, AnEmptyPathIsNeverDecoded) {
+  ImageQueue queue({"", kGlow, ""}, {0});
+  EXPECT_EQ(WaitForDecoded(queue), 1u);
+  EXPECT_TRUE(queue.Take(1));
+  EXPECT_FALSE(queue.FindDecoded());
+}
+
 TEST(ImageQueue, AnImageBeyondThePlacesIsDecodedByTheConsumer) {
   constexpr std::size_t kCount = ImageQueue::kMostAhead + 10;
   ImageQueue queue(std::vector<std::string>(kCount, kGlow));

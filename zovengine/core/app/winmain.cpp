@@ -45,6 +45,7 @@ void CreateEngine() {
 }
 
 void InitSystems() {
+  g_render_system->BeginTextures();
   for (System* system : g_engine->systems) system->Init();
 }
 

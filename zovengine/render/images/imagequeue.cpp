@@ -1,23 +1,36 @@
 #include "render/images/imagequeue.h"
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace ZOVEngine {
 
 ImageQueue::ImageQueue(std::vector<std::string> paths, const std::vector<std::size_t>& first) {
   for (std::string& path : paths) m_slots.emplace_back().path = std::move(path);
-  for (const std::size_t position : first) {
-    if (position < m_slots.size()) m_order.push_back(position);
-  }
   for (std::size_t position = 0; position < m_slots.size(); ++position) {
-    m_order.push_back(position);
+    if (!m_slots[position].path.empty()) m_order.push_back(position);
   }
+  Prefer(first);
   m_thread = std::jthread([this](const std::stop_token& stop) { DecodeAll(stop); });
 }
 
 ImageQueue::~ImageQueue() {
   m_thread.request_stop();
   m_thread.join();
+}
+
+void ImageQueue::Prefer(const std::vector<std::size_t>& first) {
+  const auto is_image = [this](std::size_t position) {
+    return position < m_slots.size() && !m_slots[position].path.empty();
+  };
+  const std::scoped_lock lock(m_mutex);
+  std::vector<std::size_t> order;
+  std::ranges::copy_if(first, std::back_inserter(order), is_image);
+  std::ranges::remove_copy_if(m_order, std::back_inserter(order), [&order](std::size_t position) {
+    return std::ranges::find(order, position) != order.end();
+  });
+  m_order = std::move(order);
 }
 
 std::optional<Image> ImageQueue::Take(std::size_t position) {
@@ -43,17 +56,22 @@ std::optional<std::size_t> ImageQueue::FindDecoded() const {
 }
 
 void ImageQueue::DecodeAll(const std::stop_token& stop) {
-  for (const std::size_t position : m_order) {
-    if (!WaitForPlace(stop)) return;
-    if (Claim(&m_slots[position])) Decode(&m_slots[position]);
-  }
+  while (Slot* slot = ClaimNext(stop)) Decode(slot);
 }
 
-/// False when the worker is to stop.
-bool ImageQueue::WaitForPlace(const std::stop_token& stop) {
+/// The next image that nobody has begun, once there is a place for it; null when there is none, or
+/// when the worker is to stop.
+ImageQueue::Slot* ImageQueue::ClaimNext(const std::stop_token& stop) {
   std::unique_lock lock(m_mutex);
   m_changed.wait(lock, stop, [this] { return m_ahead < kMostAhead; });
-  return !stop.stop_requested();
+  if (stop.stop_requested()) return nullptr;
+  for (const std::size_t position : m_order) {
+    Slot& slot = m_slots[position];
+    if (slot.stage != Stage::kWaiting) continue;
+    slot.stage = Stage::kDecoding;
+    return &slot;
+  }
+  return nullptr;
 }
 
 void ImageQueue::Decode(Slot* slot) {

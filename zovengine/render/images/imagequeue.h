@@ -16,9 +16,9 @@ namespace ZOVEngine {
 
 /// Decodes the images of a list on a worker thread, ahead of the consumer.
 ///
-/// The consumer takes each image by its position in the list, in any order, once. The worker only
-/// calls LoadImage. It holds at most kMostAhead images that are decoded and not taken, which bounds
-/// the memory. The destructor skips the images that are not begun yet and waits for the one that is
+/// The consumer takes each image by its position in the list, in any order, once. An empty path is
+/// a position without an image, which nobody takes. The worker only calls LoadImage. It holds at
+/// most kMostAhead images that are decoded and not taken, which bounds the memory. The destructor skips the images that are not begun yet and waits for the one that is
 /// being decoded.
 class ImageQueue {
  public:
@@ -30,6 +30,9 @@ class ImageQueue {
   ImageQueue(const ImageQueue&) = delete;
   ImageQueue& operator=(const ImageQueue&) = delete;
   ~ImageQueue();
+
+  /// The worker goes on with the positions in `first`, as far as they are not begun.
+  void Prefer(const std::vector<std::size_t>& first);
 
   /// The image at `position`, empty when it cannot be loaded. Waits for the worker if it is at this
   /// image, and decodes it here if it has not begun. Rethrows an exception of the decoding, such as
@@ -50,11 +53,11 @@ class ImageQueue {
   };
 
   void DecodeAll(const std::stop_token& stop);
-  bool WaitForPlace(const std::stop_token& stop);
+  Slot* ClaimNext(const std::stop_token& stop);
   void Decode(Slot* slot);
   bool Claim(Slot* slot);
 
-  mutable std::mutex m_mutex;  ///< guards the stages and m_ahead; a claimed slot has one user
+  mutable std::mutex m_mutex;  ///< guards the stages, m_order and m_ahead; a claimed slot has one user
   std::condition_variable_any m_changed;
   std::vector<Slot> m_slots;
   std::vector<std::size_t> m_order;
