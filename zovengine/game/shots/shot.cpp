@@ -16,8 +16,8 @@
 namespace ZOVEngine {
 namespace {
 
-constexpr float kForcePerSpeed = 10.0f;
-constexpr float kForceTime = 0.1f;     ///< of a launch (unit: seconds)
+constexpr float kLaunchForcePerSpeed = 10.0f;
+constexpr float kLaunchTime = 0.1f;    ///< of a launch (unit: seconds)
 constexpr float kSpinPerStep = 10.0f;  ///< (unit: degrees)
 
 void StopMotion(RigidBody* body) {
@@ -47,7 +47,7 @@ void Shot::Fire(const Vector3D& position, const Vector3D& direction) {
   }
   m_curr_range = 0.0f;
   m_owner->GetComponent<Transform>()->SetWorldPosition(position);
-  AddForceToObject launch(m_owner->id, direction, m_speed * kForcePerSpeed, kForceTime);
+  AddForceToObject launch(m_owner->id, direction, m_speed * kLaunchForcePerSpeed, kLaunchTime);
   if (body != nullptr) g_engine->Broadcast(&launch);
 }
 

@@ -18,8 +18,8 @@ namespace ZOVEngine {
 ///
 /// The consumer takes each image by its position in the list, in any order, once. An empty path is
 /// a position without an image, which nobody takes. The worker only calls LoadImage. It holds at
-/// most kMostAhead images that are decoded and not taken, which bounds the memory. The destructor skips the images that are not begun yet and waits for the one that is
-/// being decoded.
+/// most kMostAhead images that are decoded and not taken, which bounds the memory. The destructor
+/// skips the images that are not begun yet and waits for the one that is being decoded.
 class ImageQueue {
  public:
   static constexpr std::size_t kMostAhead = 32;
@@ -57,7 +57,8 @@ class ImageQueue {
   void Decode(Slot* slot);
   bool Claim(Slot* slot);
 
-  mutable std::mutex m_mutex;  ///< guards the stages, m_order and m_ahead; a claimed slot has one user
+  mutable std::mutex
+      m_mutex;  ///< guards the stages, m_order and m_ahead; a claimed slot has one user
   std::condition_variable_any m_changed;
   std::vector<Slot> m_slots;
   std::vector<std::size_t> m_order;

@@ -11,8 +11,8 @@ namespace {
 
 constexpr float kOpen = 20.0f;   ///< scale at the start, in sizes of the unit
 constexpr float kClosed = 1.0f;  ///< scale of the outline
-constexpr float kStep = 0.7f;    ///< by which the scale shrinks in a step
-constexpr float kStepOfBoss = 0.4f;
+constexpr float kShrink = 0.7f;  ///< by which the scale shrinks in a step
+constexpr float kShrinkOfBoss = 0.4f;
 
 struct Ring {
   Unit* unit = nullptr;
@@ -56,7 +56,7 @@ void CloseRing(UIElement* element) {
   const Ring ring = FindRing(element);
   if (!ring) return;
   ring.render->m_active = ring.render->m_visible = true;
-  const float step = ring.boss ? kStepOfBoss : kStep;
+  const float step = ring.boss ? kShrinkOfBoss : kShrink;
   ring.transform->m_local_scale.x -= step;
   ring.transform->m_local_scale.y -= step;
   if (!ring.unit->m_alive) ring.render->m_active = ring.render->m_visible = false;
