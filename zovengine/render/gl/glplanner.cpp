@@ -79,13 +79,6 @@ float Area(const WorldBox& box) {
   return (box.right - box.left) * (box.top - box.bottom);
 }
 
-WorldBox Bounds(const Placement& upright) {
-  const float wide = 0.5f * std::abs(upright.scale.x);
-  const float high = 0.5f * std::abs(upright.scale.y);
-  const Vector3D& middle = upright.translate;
-  return {middle.x - wide, middle.x + wide, middle.y - high, middle.y + high};
-}
-
 float AreaOnScreen(const ScreenBox& box) {
   const float wide = std::min(box.right, 1.0f) - std::max(box.left, -1.0f);
   const float high = std::min(box.top, 1.0f) - std::max(box.bottom, -1.0f);
@@ -123,7 +116,8 @@ void Transpose(const Matrix4x4& matrix, float columns[16]) {
 void FramePlanner::Plan(const Frame& frame, const Reaches& reaches, const Matrix4x4& projection) {
   Reset(frame, reaches);
   FindBackground(projection);
-  for (const DrawCommand& command : frame.commands) Add(command);
+  m_order.Build(frame.commands, m_lights[static_cast<std::size_t>(Program::kLight)]);
+  for (const std::uint32_t position : m_order.Order()) Add(frame.commands[position]);
   CloseRun();
 }
 

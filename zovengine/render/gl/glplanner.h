@@ -9,6 +9,7 @@
 #include "render/gl/gloccluders.h"
 #include "render/gl/glplan.h"
 #include "render/gl/gltextures.h"
+#include "render/gl/gltileorder.h"
 
 namespace ZOVEngine {
 
@@ -16,11 +17,11 @@ namespace ZOVEngine {
 ///
 /// Commands that follow each other and suit the same program become one run: the planner places
 /// their vertices, which carry tint, texture unit and lights with them. The order of commands
-/// stays, with one exception that cannot be seen: the cells of one lit quad, which do not overlap,
-/// are sorted by their number of lights. The parts of the background, the first large quad of the
-/// frame, that opaque quads hide are left out. A command whose program has no streamed form becomes
-/// a run of its own, whose values the device sets as uniforms. The planner calls GL only to compile
-/// a form of a program at its first use.
+/// stays, with two exceptions that cannot be seen: tiles (TileOrder) and the cells of one lit quad,
+/// which do not overlap, are sorted by their number of lights. The parts of the background, the
+/// first large quad of the frame, that opaque quads hide are left out. A command whose program has
+/// no streamed form becomes a run of its own, whose values the device sets as uniforms. The planner
+/// calls GL only to compile a form of a program at its first use.
 class FramePlanner {
  public:
   using Programs = std::array<ProgramSet, kProgramCount>;
@@ -102,6 +103,7 @@ class FramePlanner {
   TextureUnits* m_units;
   const Frame* m_frame = nullptr;
   std::array<LightField, kProgramCount> m_lights;
+  TileOrder m_order;
   CellCutter m_cutter;
   ScreenMap m_screen;
   Occluders m_occluders;
