@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/base/noncopyable.h"
 #include "objects/jsonforward.h"
 
 #include <rapidjson/document.h>
@@ -94,12 +95,10 @@ struct Writer {
 
 /// One JSON file that is being written. The text goes to the buffer; Close writes it in one piece,
 /// beside the target and then over it, so that a crash leaves the old file or the new one.
-class JsonWriter {
+class JsonWriter : private NonCopyable {
  public:
   JsonWriter();
   ~JsonWriter();
-  JsonWriter(const JsonWriter&) = delete;
-  JsonWriter& operator=(const JsonWriter&) = delete;
 
   /// Names the target. Closes a target that was open.
   void Open(const std::string& path);

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "autoplay/recordedgame.h"
+#include "core/base/noncopyable.h"
 
 namespace ZOVEngine {
 
@@ -14,7 +15,7 @@ namespace ZOVEngine {
 /// recording did. Steps while the engine is paused do not count. The cursor is the recorded one and
 /// the user's mouse and keys play no part, but for Escape and the function keys, until the game is
 /// at its end, has departed, or this object goes; then the user has them back. Needs g_engine.
-class Replay {
+class Replay : private NonCopyable {
  public:
   enum class Stage {
     kEmpty,     ///< nothing is loaded
@@ -25,8 +26,6 @@ class Replay {
 
   Replay() = default;
   ~Replay();
-  Replay(const Replay&) = delete;
-  Replay& operator=(const Replay&) = delete;
 
   /// Reads a file of a recorded game and begins anew with it. False, and an empty replay, when the
   /// file cannot be opened or is no recorded game.

@@ -5,6 +5,8 @@
 #include <string>
 #include <unordered_map>
 
+#include "core/base/noncopyable.h"
+
 namespace ZOVEngine {
 
 struct Message;
@@ -19,11 +21,9 @@ inline constexpr std::int32_t kSplashState = 5;
 
 /// One screen of the program: what it loads when it is entered, and which components hear
 /// broadcasts.
-class State {
+class State : private NonCopyable {
  public:
   State() = default;
-  State(const State&) = delete;
-  State& operator=(const State&) = delete;
 
   virtual void Enter() = 0;
   virtual void Update(float dt) = 0;

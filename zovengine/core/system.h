@@ -2,6 +2,8 @@
 
 #include <rttr/rttr_enable.h>
 
+#include "core/base/noncopyable.h"
+
 namespace ZOVEngine {
 
 struct Message;
@@ -12,13 +14,11 @@ struct Message;
 /// order, and every broadcast through SendMessage. Init runs once, after all systems were
 /// constructed, and may use any system constructed before or after it, but must not broadcast.
 /// Times are in seconds.
-class System {
+class System : private NonCopyable {
   RTTR_ENABLE()
 
  public:
   System() = default;
-  System(const System&) = delete;
-  System& operator=(const System&) = delete;
 
   /// One step while the engine is not paused; `dt` is always the fixed step (unit: seconds).
   virtual void Update(float dt) = 0;

@@ -5,17 +5,17 @@
 #include <string>
 #include <vector>
 
+#include "core/base/noncopyable.h"
+
 namespace ZOVEngine {
 
 /// One gesture of the author, done already, that can be taken back and done again.
 ///
 /// Undo leaves the level as it was before the gesture, to the byte of its saved files, and Redo as
 /// it was after it. Both are called in turns, Undo first.
-class EditCommand {
+class EditCommand : private NonCopyable {
  public:
   EditCommand() = default;
-  EditCommand(const EditCommand&) = delete;
-  EditCommand& operator=(const EditCommand&) = delete;
   virtual ~EditCommand() = default;
 
   virtual void Undo() = 0;

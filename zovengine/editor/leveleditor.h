@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "core/base/noncopyable.h"
 #include "editor/history.h"
 #include "editor/leveldocument.h"
 #include "editor/objectedit.h"
@@ -56,12 +57,10 @@ struct EditorOverlays {
 ///
 /// Every change of the level goes through Do, so that it can be undone; what is not in the document
 /// or a tile is not saved. It knows neither window nor panels: those call it, and show its fields.
-class LevelEditor {
+class LevelEditor : private NonCopyable {
  public:
   LevelEditor();
   ~LevelEditor();
-  LevelEditor(const LevelEditor&) = delete;
-  LevelEditor& operator=(const LevelEditor&) = delete;
 
   /// Opens the level of this name below "Level Editor/Levels". False, with a line in the log, if
   /// its files cannot be read; then the level that was open stays.

@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "core/base/noncopyable.h"
 #include "core/base/vector3d.h"
 #include "editor/levelrules.h"
 #include "jsonunserializer.h"
@@ -63,11 +64,9 @@ bool IsVector(const Value& value);
 std::string_view TextIn(const Value& object, const char* key, std::string_view otherwise);
 
 /// All records of an object file, parents before children.
-class ObjectsView {
+class ObjectsView : private NonCopyable {
  public:
   ObjectsView(const std::string& text, LevelFile file);
-  ObjectsView(const ObjectsView&) = delete;
-  ObjectsView& operator=(const ObjectsView&) = delete;
 
   const Value& Root() const { return m_document.Root(); }
   const std::vector<ObjectView>& All() const { return m_objects; }

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "core/base/noncopyable.h"
 #include "core/base/vector3d.h"
 
 namespace ZOVEngine {
@@ -13,12 +14,10 @@ class LevelEditor;
 /// Start writes it to a folder of its own outside the levels and leaves the editor's state for it;
 /// Stop comes back, and Resume, once the editor's state runs again, builds the scene as it was:
 /// same view, same selection, same history. Keys and mouse are the game's meanwhile.
-class TestPlay {
+class TestPlay : private NonCopyable {
  public:
   TestPlay() = default;
   ~TestPlay();
-  TestPlay(const TestPlay&) = delete;
-  TestPlay& operator=(const TestPlay&) = delete;
 
   /// False, with a line in the log, if no level is open or the folder cannot be written.
   bool Start(LevelEditor& editor);

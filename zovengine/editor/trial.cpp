@@ -14,6 +14,8 @@
 #include <sstream>
 #include <utility>
 
+#include "core/base/noncopyable.h"
+
 namespace ZOVEngine {
 namespace {
 
@@ -23,7 +25,7 @@ constexpr std::size_t kReadSize = 4096;     ///< (unit: bytes)
 
 /// What the child of a posix_spawn begins with: the pipe as its output and error, nothing to read,
 /// a process group of its own, and a broken pipe ends it.
-class SpawnSetup {
+class SpawnSetup : private NonCopyable {
  public:
   explicit SpawnSetup(int output) {
     posix_spawn_file_actions_init(&m_actions);
@@ -42,8 +44,6 @@ class SpawnSetup {
     posix_spawn_file_actions_destroy(&m_actions);
     posix_spawnattr_destroy(&m_attributes);
   }
-  SpawnSetup(const SpawnSetup&) = delete;
-  SpawnSetup& operator=(const SpawnSetup&) = delete;
 
   /// 0, or the error's number.
   int Spawn(const std::vector<std::string>& command, pid_t* child) const {

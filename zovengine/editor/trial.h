@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "core/base/noncopyable.h"
+
 namespace ZOVEngine {
 
 /// Finds out in the background whether a level can be won: has another process of this program play
@@ -14,7 +16,7 @@ namespace ZOVEngine {
 /// Nothing here waits for a game: Poll reads what is there and returns. There is no thread; the
 /// child is this object's own and never outlives it. The level is read from its files by the child,
 /// game by game, so they must not change meanwhile.
-class Trial {
+class Trial : private NonCopyable {
  public:
   enum class Stage {
     kIdle,      ///< nothing was started, or it was stopped
@@ -42,8 +44,6 @@ class Trial {
   explicit Trial(std::vector<std::string> command = {"/proc/self/exe"});
   /// Stops, and removes the replay.
   ~Trial();
-  Trial(const Trial&) = delete;
-  Trial& operator=(const Trial&) = delete;
 
   /// Starts `seeds` games of a level file, with the seeds from 1 on. A trial that runs is stopped,
   /// and the replay of the one before is removed.

@@ -5,6 +5,7 @@
 #include <type_traits>
 #include <vector>
 
+#include "core/base/noncopyable.h"
 #include "gameobj.h"
 #include "objects/componentarray.h"
 #include "objects/gamecomponentbase.h"
@@ -21,11 +22,9 @@ namespace ZOVEngine {
 /// removal. Systems walk a copy of the dense array (objects/tablewalk.h), so that a component may
 /// create objects during the walk; nothing may destroy objects of the walked class meanwhile,
 /// except a state change, after which the walk must not touch them.
-class ComponentManagerBase {
+class ComponentManagerBase : private NonCopyable {
  public:
   ComponentManagerBase() = default;
-  ComponentManagerBase(const ComponentManagerBase&) = delete;
-  ComponentManagerBase& operator=(const ComponentManagerBase&) = delete;
 
   /// Makes a component for `obj`, appends it to the dense array and returns it, the array's last.
   virtual GameComponentBase* Add(GameObj* obj) = 0;

@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "core/base/noncopyable.h"
+
 namespace ZOVEngine {
 
 /// Where in the data the program is reading: file, object, component and key.
@@ -12,12 +14,10 @@ namespace ZOVEngine {
 class JsonTrail {
  public:
   /// Sets the file that is being read for the scope's life, with no object, component or key.
-  class FileScope {
+  class FileScope : private NonCopyable {
    public:
     explicit FileScope(std::string path);
     ~FileScope();
-    FileScope(const FileScope&) = delete;
-    FileScope& operator=(const FileScope&) = delete;
 
    private:
     std::string m_path;
@@ -25,12 +25,10 @@ class JsonTrail {
   };
 
   /// Sets the object that is being read for the scope's life.
-  class ObjectScope {
+  class ObjectScope : private NonCopyable {
    public:
     explicit ObjectScope(const std::string& name);
     ~ObjectScope();
-    ObjectScope(const ObjectScope&) = delete;
-    ObjectScope& operator=(const ObjectScope&) = delete;
 
    private:
     std::string m_outer;

@@ -3,6 +3,7 @@
 #include <memory>
 #include <vector>
 
+#include "core/base/noncopyable.h"
 #include "objects/gameobjfactory.h"
 
 namespace ZOVEngine {
@@ -11,14 +12,12 @@ namespace ZOVEngine {
 ///
 /// The memory is taken out of its place for the walk, so that a walk within this one makes a copy
 /// of its own.
-class WalkCopy {
+class WalkCopy : private NonCopyable {
  public:
   using Entries = std::vector<GameComponentBase*>;
 
   WalkCopy(const ComponentManagerBase& table, Entries* memory);
   ~WalkCopy() { *m_memory = std::move(m_entries); }
-  WalkCopy(const WalkCopy&) = delete;
-  WalkCopy& operator=(const WalkCopy&) = delete;
 
   auto begin() const { return m_entries.begin(); }
   auto end() const { return m_entries.end(); }

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "core/base/noncopyable.h"
 #include "render/painter.h"
 
 namespace ZOVEngine {
@@ -21,11 +22,9 @@ class ImageQueue;
 /// or opens no file, and an image that cannot be decoded, print "ERROR: Failed to load texture.",
 /// paths when ReportPaths is called and images when they are due.
 /// Decoding is done by a worker thread (ImageQueue), uploading by the caller's. Needs g_gl_device.
-class TextureLoader {
+class TextureLoader : private NonCopyable {
  public:
   TextureLoader();
-  TextureLoader(const TextureLoader&) = delete;
-  TextureLoader& operator=(const TextureLoader&) = delete;
   ~TextureLoader();
 
   /// Begins to load `paths` and puts their keys into `*keys`, which is emptied and must outlive the

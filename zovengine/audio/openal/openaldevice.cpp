@@ -7,13 +7,15 @@
 
 #include <array>
 
+#include "core/base/noncopyable.h"
+
 namespace ZOVEngine {
 
 namespace {
 
 /// Discards standard error while it lives: a machine without a sound device is no fault, and the
 /// system's sound libraries write a page about it.
-class QuietStandardError {
+class QuietStandardError : private NonCopyable {
  public:
   QuietStandardError() : m_saved(dup(STDERR_FILENO)) {
     const int nothing = open("/dev/null", O_WRONLY | O_CLOEXEC);
@@ -25,8 +27,6 @@ class QuietStandardError {
     dup2(m_saved, STDERR_FILENO);
     close(m_saved);
   }
-  QuietStandardError(const QuietStandardError&) = delete;
-  QuietStandardError& operator=(const QuietStandardError&) = delete;
 
  private:
   int m_saved;

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "audio/mixer.h"
+#include "core/base/noncopyable.h"
 
 namespace ZOVEngine {
 
@@ -25,12 +26,10 @@ inline constexpr int kSilentStep = kSilentRate / 60;
 ///
 /// Where there is no sound device, OpenAL's loopback device stands in, whose samples are rendered
 /// in each step and dropped, so that sounds last as long as they would be heard. One at a time.
-class OpenALDevice {
+class OpenALDevice : private NonCopyable {
  public:
   OpenALDevice() = default;
   ~OpenALDevice();
-  OpenALDevice(const OpenALDevice&) = delete;
-  OpenALDevice& operator=(const OpenALDevice&) = delete;
 
   /// Opens the system's default device or, failing that or when `silent`, the loopback one.
   std::optional<MixerFailure> Open(int max_sources, bool silent);

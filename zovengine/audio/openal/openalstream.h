@@ -8,6 +8,7 @@
 
 #include "audio/mixer.h"
 #include "audio/openal/soundfile.h"
+#include "core/base/noncopyable.h"
 
 namespace ZOVEngine {
 
@@ -16,14 +17,12 @@ namespace ZOVEngine {
 /// The queue holds from 0.37 seconds (stereo) to 0.74 (mono) at 44,100 frames a second, which is
 /// how long the game may stand still before a real device falls silent; then the sound goes on
 /// where it was. Needs a current context for its whole life.
-class OpenALStream {
+class OpenALStream : private NonCopyable {
  public:
   /// Makes ready to play `file`; the first Refill starts it. Returns null when the library has no
   /// source left or the file no sound.
   static std::unique_ptr<OpenALStream> Make(std::unique_ptr<SoundFile> file, SoundGroup group);
   ~OpenALStream();
-  OpenALStream(const OpenALStream&) = delete;
-  OpenALStream& operator=(const OpenALStream&) = delete;
 
   /// Makes distance quieten the stream and movement bend its pitch (unit of `reference`: world
   /// units; up to there it is heard at full volume).

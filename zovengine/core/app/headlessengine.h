@@ -1,6 +1,7 @@
 #pragma once
 
 #include "audio/silentmixer.h"
+#include "core/base/noncopyable.h"
 #include "platform/nativeheadless.h"
 
 namespace ZOVEngine {
@@ -9,12 +10,10 @@ namespace ZOVEngine {
 ///
 /// Sets the three seams and g_engine, which must be null before, and starts the engine in its first
 /// screen; its steps are the caller's (StepEngine). The data are those of the working directory.
-class HeadlessEngine {
+class HeadlessEngine : private NonCopyable {
  public:
   HeadlessEngine();
   ~HeadlessEngine();
-  HeadlessEngine(const HeadlessEngine&) = delete;
-  HeadlessEngine& operator=(const HeadlessEngine&) = delete;
 
  private:
   HeadlessNative m_native;

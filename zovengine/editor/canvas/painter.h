@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "core/base/noncopyable.h"
 #include "editor/canvas/canvasview.h"
 
 namespace ZOVEngine {
@@ -12,15 +13,13 @@ namespace ZOVEngine {
 /// line has a dark rim, so that it is seen on light and on dark ground. One lives for one frame,
 /// between ImGui's NewFrame and Render. ImGui ends the program when a list has more than 65,535
 /// vertices, so a painter that has used up its share leaves out the rest.
-class CanvasPainter {
+class CanvasPainter : private NonCopyable {
  public:
   /// The shares of the list's vertices: for what helps, and for what the author works with.
   static constexpr int kOverlayVertices = 45'000, kToolVertices = 60'000;
 
   CanvasPainter(const CanvasView& view, int most_vertices);
   ~CanvasPainter();
-  CanvasPainter(const CanvasPainter&) = delete;
-  CanvasPainter& operator=(const CanvasPainter&) = delete;
 
   void Line(const Vector3D& from, const Vector3D& to, ImU32 colour, float width = 2.0f);
   /// A thin line without a rim, for what is drawn in great numbers.

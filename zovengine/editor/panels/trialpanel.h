@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/base/noncopyable.h"
 #include "editor/trial.h"
 
 namespace ZOVEngine {
@@ -8,12 +9,10 @@ class LevelEditor;
 
 /// Whether the level can be won: games of the automatic player in the background, on a copy of the
 /// level as it stood when they were started, and the first game won to be watched.
-class TrialPanel {
+class TrialPanel : private NonCopyable {
  public:
   TrialPanel();
   ~TrialPanel();
-  TrialPanel(const TrialPanel&) = delete;
-  TrialPanel& operator=(const TrialPanel&) = delete;
 
   /// Fills the window that the layout has begun.
   void Show(LevelEditor& editor);

@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "core/base/noncopyable.h"
 #include "editor/shell/stilldevice.h"
 #include "editor/shell/toolsinput.h"
 #include "render/gl/glkept.h"
@@ -14,13 +15,11 @@ namespace ZOVEngine {
 /// One lives at a time, between the start and the end of the window's OpenGL context. While it is
 /// live it is offered the window's events, the renderer leaves presenting to it, and the device in
 /// use draws the picture below the panels only when it has changed.
-class ToolsWindow {
+class ToolsWindow : private NonCopyable {
  public:
   /// Needs an open window with its context current.
   ToolsWindow();
   ~ToolsWindow();
-  ToolsWindow(const ToolsWindow&) = delete;
-  ToolsWindow& operator=(const ToolsWindow&) = delete;
 
   /// It starts out not live.
   void SetLive(bool live);

@@ -4,6 +4,8 @@
 #include <map>
 #include <string>
 
+#include "core/base/noncopyable.h"
+
 struct FT_LibraryRec_;
 struct FT_FaceRec_;
 
@@ -28,12 +30,10 @@ using GlyphMap = std::map<signed char, Character>;
 ///
 /// A font that cannot be read prints its error lines on standard output and leaves no glyphs;
 /// nothing here stops the program.
-class GlyphLoader {
+class GlyphLoader : private NonCopyable {
  public:
   GlyphLoader() = default;
   ~GlyphLoader();
-  GlyphLoader(const GlyphLoader&) = delete;
-  GlyphLoader& operator=(const GlyphLoader&) = delete;
 
   /// Opens the first face of the file at 48 pixels. Failures print "ERROR: Could not initialise
   /// FreeType library" and "ERROR: Failed to load font ".

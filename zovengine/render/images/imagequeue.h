@@ -10,6 +10,7 @@
 #include <thread>
 #include <vector>
 
+#include "core/base/noncopyable.h"
 #include "render/images/image.h"
 
 namespace ZOVEngine {
@@ -20,15 +21,13 @@ namespace ZOVEngine {
 /// a position without an image, which nobody takes. The worker only calls LoadImage. It holds at
 /// most kMostAhead images that are decoded and not taken, which bounds the memory. The destructor
 /// skips the images that are not begun yet and waits for the one that is being decoded.
-class ImageQueue {
+class ImageQueue : private NonCopyable {
  public:
   static constexpr std::size_t kMostAhead = 32;
 
   /// The worker begins with the positions in `first`, in this order, and goes on with the others in
   /// the order of the list. Positions beyond the list are ignored.
   explicit ImageQueue(std::vector<std::string> paths, const std::vector<std::size_t>& first = {});
-  ImageQueue(const ImageQueue&) = delete;
-  ImageQueue& operator=(const ImageQueue&) = delete;
   ~ImageQueue();
 
   /// The worker goes on with the positions in `first`, as far as they are not begun.
