@@ -12,6 +12,8 @@ constexpr std::uint32_t kQuadPattern[6] = {0, 1, 3, 1, 2, 3};
 /// this area evaluate more for the next sprite, which is cheaper than a draw call. The tiles of a
 /// level are as large (unit: square world units).
 constexpr float kSmallArea = 62.0f * 62.0f;
+/// What a run may draw in all with more lights than needed (unit: square world units).
+constexpr float kSpareArea = 8.0f * kSmallArea;
 /// Of a run with a cut quad: it is never small.
 constexpr float kLargeArea = 1e9f;
 
@@ -480,9 +482,18 @@ LightClass FramePlanner::LightSprite(StreamVertex* vertices, std::size_t count, 
 LightClass FramePlanner::JoinLitRun(LightClass needed, GLenum mode, float area) {
   const bool may_join =
       m_streamed_run_open && m_key.program == Program::kLight && m_key.mode == mode;
-  if (may_join && needed < m_key.lights && area <= kSmallArea) needed = m_key.lights;
-  if (may_join && needed > m_key.lights && m_run_area <= kSmallArea) m_key.lights = needed;
-  m_run_area = may_join && needed == m_key.lights ? m_run_area + area : area;
+  if (may_join && needed > m_key.lights && m_run_area <= kSmallArea) {
+    m_spare_area += m_run_area;
+    m_key.lights = needed;
+  }
+  if (may_join && needed < m_key.lights && area <= kSmallArea &&
+      m_spare_area + area <= kSpareArea) {
+    m_spare_area += area;
+    needed = m_key.lights;
+  }
+  const bool joins = may_join && needed == m_key.lights;
+  m_run_area = joins ? m_run_area + area : area;
+  if (!joins) m_spare_area = 0.0f;
   return needed;
 }
 

@@ -92,7 +92,8 @@ class FramePlanner {
   LightClass DrawableClass(Program program, LightClass lights);
   LightClass LightSprite(StreamVertex* vertices, std::size_t count, GLenum mode);
   /// The class in which a lit sprite of this area is drawn, which needs `needed`: it joins the open
-  /// run if either side is small, and raises the run's class if the run is.
+  /// run if either side is small, and raises the run's class if the run is; but not for more than a
+  /// small part of the screen.
   LightClass JoinLitRun(LightClass needed, GLenum mode, float area);
   std::uint32_t CountVertices(const DrawCommand& command) const;
   std::uint32_t VertexNumber(const StreamVertex* vertex) const;
@@ -115,7 +116,8 @@ class FramePlanner {
   Stream<InstanceRecord> m_instances;
   RunKey m_key;
   bool m_streamed_run_open = false;
-  float m_run_area = 0.0f;  ///< of the lit sprites of the open run
+  float m_run_area = 0.0f;    ///< of the lit sprites of the open run
+  float m_spare_area = 0.0f;  ///< of those of them that need fewer lights than the run has
   bool m_run_open = false;
   int m_last_unit = 0;
 };

@@ -397,6 +397,33 @@ TEST_F(FramePlannerTest, ASmallSpriteJoinsARunOfMoreLightsAndALargeOneDoesNot) {
   EXPECT_EQ(Plan(frame).size(), 2u);
 }
 
+TEST_F(FramePlannerTest, ManySmallSpritesThatNeedFewerLightsGetARunOfTheirOwn) {
+  Frame frame = EmptyFrame();
+  frame.lights = {LightAt(0, 0)};
+  frame.commands.push_back(QuadCommand(0, 0, 60, 60, 3, Program::kLight));
+  for (int i = 0; i < 8; ++i) {
+    frame.commands.push_back(
+        QuadCommand(801, 60.0f * static_cast<float>(i), 60, 60, 3, Program::kLight));
+  }
+  EXPECT_EQ(Plan(frame).size(), 1u);
+  frame.commands.push_back(QuadCommand(801, -60, 60, 60, 3, Program::kLight));
+  const auto& runs = Plan(frame);
+  ASSERT_EQ(runs.size(), 2u);
+  EXPECT_EQ(runs[1].program, Set(Program::kLight).Streamed(LightClass::kNone, true));
+}
+
+TEST_F(FramePlannerTest, TilesOfOneLatticeAreARunForEachClassOfLights) {
+  Frame frame = EmptyFrame();
+  frame.lights = {LightAt(0, 0)};
+  for (const float x : {0.0f, 800.0f, 100.0f, 900.0f, -100.0f}) {
+    frame.commands.push_back(QuadCommand(x, 0, 100, 100, 3, Program::kLight));
+  }
+  const auto& runs = Plan(frame);
+  ASSERT_EQ(runs.size(), 2u);
+  EXPECT_EQ(runs[0].index_count, 12u);
+  EXPECT_EQ(runs[1].index_count, 18u);
+}
+
 TEST_F(FramePlannerTest, ASmallRunIsRaisedToTheLightsOfTheNextSpriteAndALargeOneIsNot) {
   Frame frame = EmptyFrame();
   frame.lights = {LightAt(0, 0)};
