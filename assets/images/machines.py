@@ -1,10 +1,11 @@
 """What the images of units, guns and shots share: the sides, the weapons, and how a piece of metal is drawn."""
 INK = "#0A1022"
-# By side: the shell where it is lit, its own colour, where it is turned away, its gleam, and its gaps.
+# By side: the shell where it is lit, its own colour, where it is turned away, its gleam, and its gaps. A floor under a light is
+# about a twentieth as bright as white, and what stands on it must be seen by itself, without its line: so shells are light.
 SIDES = {
-    "Player": ("#7CFFD0", "#2EE6A6", "#16A87C", "#D8FFF0", "#07382F"),
-    "Enemy": ("#FF9C8E", "#FF5A5F", "#C8343F", "#FFE0D8", "#4A0E1A"),
-    "Boss": ("#C9A6FF", "#A06BFF", "#6B3CC4", "#EFE4FF", "#251058"),
+    "Player": ("#9DFFDE", "#2EE6A6", "#1EC491", "#DCFFF2", "#0B4A3D"),
+    "Enemy": ("#FFA396", "#FF5A5F", "#E2454F", "#FFE0D8", "#4A0E1A"),
+    "Boss": ("#C4A0FF", "#A06BFF", "#7E4BDD", "#EFE4FF", "#251058"),
 }
 # By weapon: its colour, and the one it burns down to.
 WEAPONS = {

@@ -86,10 +86,16 @@ class Contrast(unittest.TestCase):
         self.assertEqual(len({subject.name for subject in found if subject.kind == "shot"}), 7)
         self.assertGreaterEqual(len({subject.name.split()[0] for subject in found if subject.kind == "hazard"}), 6)
 
-    def test_colour_blind_eyes_tell_the_two_sides_apart(self):
+    def test_everything_stands_out(self):
+        weak = {(subject.sprite.texture, place.name): found for subject, place, found in contrast.measurements()
+                if min(found.values()) < contrast.LEAST}
+        self.assertEqual(weak, {}, "tools/contrast tells more")
+
+    def test_the_sides_are_apart_in_grey_and_for_colour_blind_eyes(self):
         distances = contrast.team_distances()
-        for eyes in ("protanopia", "deuteranopia"):
-            self.assertGreaterEqual(distances[eyes], contrast.TEAMS_APART[eyes], eyes)
+        self.assertEqual(distances.keys(), {"grey", "protanopia", "deuteranopia"})
+        for eyes, apart in distances.items():
+            self.assertGreaterEqual(apart, contrast.TEAMS_APART[eyes], eyes)
 
 
 if __name__ == "__main__":

@@ -34,7 +34,7 @@ def black_hole(own):
         **at,
         **sprite("Sheet_Env_Blackhole"),
         **animation(0.06, loop=("Sheet_Env_Blackhole", 10)),
-        **light((0.45, 0.6, 1.0), 0.8, 20),
+        **light((0.45, 0.6, 1.0), 0.25, 20),
         "EnvironmentBlackhole": {"m_suction_force": float(own.get("force", 4)), "m_suction_range": float(own.get("range", 220))},
         **shape("Circle", "Blackhole", 0.42),
     }, infall(at["Transform"]))
@@ -45,7 +45,7 @@ def damage(own):
         **place(own, 120),
         **sprite("Sheet_Env_Damaging"),
         **animation(0.1, loop=("Sheet_Env_Damaging", 6)),
-        **light((1.0, 0.5, 0.2), 0.6, 20),
+        **light((1.0, 0.5, 0.2), 0.2, 20),
         "EnvironmentDamage": {},
         **shape("Box", "Hazard"),
     })
@@ -75,7 +75,7 @@ def barrier(own):
     return record("MovableBarrier", {
         **place(own, 72),
         "RigidBody": body({"mass": 300, "inertia": 260000, "drag": 8, "angular_drag": 8, "rest": 0.4}),
-        "Render": render("Env_MovableBarrier", 1.5),
+        "Render": render("Env_MovableBarrier", 1.8),
         "iModel": shared_square(),
         **shape("Box", "Barrier"),
     })

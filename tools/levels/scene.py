@@ -220,7 +220,7 @@ def runs(cells, right, down):
 
 def lamp(own):
     """A light, and its fixture if it has a look."""
-    shine = light(own["colour"], own["strength"], own["height"], specular=0.2, ambient=0.3)
+    shine = light(own["colour"], own["strength"], own["height"], specular=0.1, ambient=0.14)
     if "look" not in own:
         return record("lamp", {"Transform": transform(own["at"]), **shine})
     side = own.get("size", LAMP_SIZE)

@@ -16,20 +16,20 @@ SMOULDER = (0.45, 0.36, 0.34)  # what smoke cools to
 # range and speed, and `light` is the strength of the shot's light. A unit has a mass of 350, so blast and pull are large.
 KINDS = {
     "BASIC": dict(component="ProjectileDefault", image="Basic", gun="Basic", size=28, colour=(1.0, 0.79, 0.3),
-                  fields={"m_damage": 1}, light=0.5, sounds=("bullet_bounce.ogg", "default_hit.ogg")),
+                  fields={"m_damage": 1}, light=0.2, sounds=("bullet_bounce.ogg", "default_hit.ogg")),
     "BOUNCE": dict(component="ProjectileBounce", image="Bounce", gun="Bounce", size=28, colour=(0.49, 0.78, 1.0), range=2200,
                    fields={"m_min_damage": 0, "m_max_damage": 3}, light=200,
                    sounds=("bullet_bounce1.ogg", "bullet_bounce2.ogg", "bullet_bounce3.ogg", "default_hit.ogg")),
     "EXPLOSION": dict(component="ProjectileExplosion", image="Explosion", gun="Explode", size=34, colour=(1.0, 0.6, 0.24),
-                      fields={"m_damage": 2, "m_aoe": 170.0, "m_knockback": 24000.0}, light=0.7, sounds=("push_hit.ogg",)),
+                      fields={"m_damage": 2, "m_aoe": 170.0, "m_knockback": 24000.0}, light=0.25, sounds=("push_hit.ogg",)),
     "PIERCE": dict(component="ProjectilePierce", image="Pierce", gun="Pierce", size=30, colour=(0.95, 0.96, 1.0),
-                   fields={"m_damage": 1}, light=0.5, sounds=("bullet_bounce.ogg", "default_hit.ogg")),
+                   fields={"m_damage": 1}, light=0.2, sounds=("bullet_bounce.ogg", "default_hit.ogg")),
     "PUSH": dict(component="ProjectilePush", image="Push", gun="Push", size=36, colour=(0.75, 0.55, 1.0), mass=RAM_MASS,
-                 fields={"m_damage": 0}, light=0.7, sounds=("push_hit.ogg",)),
+                 fields={"m_damage": 0}, light=0.25, sounds=("push_hit.ogg",)),
     "SWAP": dict(component="ProjectileSwap", image="Swap", gun="Swap", size=34, colour=(1.0, 0.54, 0.85),
-                 fields={}, light=0.5, sounds=("bullet_bounce.ogg",)),
+                 fields={}, light=0.25, sounds=("bullet_bounce.ogg",)),
     "VACUUM": dict(component="ProjectileVacuum", image="Vacuum", gun="Vacuum", size=34, colour=(0.35, 0.88, 1.0),
-                   fields={"m_damage": 0, "m_aoe": 220.0, "m_suction_force": 24000.0}, light=0.7, sounds=("push_hit.ogg",)),
+                   fields={"m_damage": 0, "m_aoe": 220.0, "m_suction_force": 24000.0}, light=0.25, sounds=("push_hit.ogg",)),
 }
 # By weapon, the sheet of its hit: frames, seconds of a frame, and size. Those of shots that fly on after a hit are short, since
 # they are carried along. The two without a size reach as far as the blast or the pull.
@@ -54,7 +54,7 @@ SPARKS = {"BOUNCE": "Particle_Ring", "EXPLOSION": "Particle_Smoke", "PUSH": "Par
 
 def shot_light(name, kind):
     """A bounce shot adds 200 of strength for each point of damage, so its strength counts in steps of that size."""
-    dim = 400 if name == "BOUNCE" else 1
+    dim = 1000 if name == "BOUNCE" else 1
     return light([channel / dim for channel in kind["colour"]], kind["light"], 20)
 
 

@@ -23,10 +23,10 @@ FAN = (-14.32, 0, 14.32)
 SNAP = 60  # arrival distance: more than half a push, or an enemy would step over its waypoints
 # By side: parts of texture keys, the colour and the strength of the light, frames of the death, and seconds of a frame.
 SIDES = {
-    "player": dict(look="Player", gun="Green", fire="Green", light=((0.18, 0.9, 0.65), 0.45), death=10, seconds=0.05),
-    "enemy": dict(look="Enemy", gun="Red", fire="Red", light=((1.0, 0.35, 0.37), 0.7), death=10, seconds=0.05),
+    "player": dict(look="Player", gun="Green", fire="Green", light=((0.18, 0.9, 0.65), 0.15), death=10, seconds=0.05),
+    "enemy": dict(look="Enemy", gun="Red", fire="Red", light=((1.0, 0.35, 0.37), 0.12), death=10, seconds=0.05),
     # While the boss dies, its light gains 100 of strength a second, so its strength counts in small steps.
-    "boss": dict(look="Boss", gun="Boss", fire="Violet", light=((0.63 / 300, 0.42 / 300, 1.0 / 300), 150), death=8, seconds=0.08),
+    "boss": dict(look="Boss", gun="Boss", fire="Violet", light=((0.63 / 300, 0.42 / 300, 1.0 / 300), 40), death=8, seconds=0.08),
 }
 # A bar has a tick for each point of health up to this.
 TICKS = 10
