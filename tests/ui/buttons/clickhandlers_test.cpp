@@ -23,6 +23,7 @@ using carapace_test::PieceRecord;
 using carapace_test::Record;
 using carapace_test::RenderOf;
 using carapace_test::Stage;
+using carapace_test::TransformAt;
 using ::testing::TestWithParam;
 using ::testing::ValuesIn;
 
@@ -351,6 +352,18 @@ void ExpectPages(const Screen& screen, const std::string& prefix) {
 TEST(ClickHandlers, TheGlossaryOfAPauseHasTwoPages) {
   const LevelScreen level(Glossary("ui_pause_glossary"));
   ExpectPages(level, "ui_pause_glossary");
+}
+
+TEST(ClickHandlers, TheGlossaryOfAPauseMayLieBesideItsTabsBelowTheCamera) {
+  const LevelScreen level(
+      {Record("camera", {{"Transform", TransformAt(0, 0)}}, Glossary("ui_pause_glossary"))});
+  ExpectPages(level, "ui_pause_glossary");
+}
+
+TEST(ClickHandlers, TheGlossaryOfTheMenuMayLieBesideItsTabsToo) {
+  const MenuScreen menu(
+      {Record("camera", {{"Transform", TransformAt(0, 0)}}, Glossary("menu_glossary"))});
+  ExpectPages(menu, "menu_glossary");
 }
 
 TEST(ClickHandlers, TheTabOfSurroundingsAsksForAMisspeltSoundInAPause) {

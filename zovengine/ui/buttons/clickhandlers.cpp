@@ -107,34 +107,46 @@ void GoToNextLevel(Button* button) {
   game->RequestRestart();
 }
 
-/// The glossary's tabs.
+/// Opens a page of the glossary whose pieces are children of the screen's root, or lie beside the
+/// tab: a level's root has its units below it, and its glossary below the camera, over all of them.
+void OpenGlossary(void (*show)(GameObj*, const std::string&), const Button& tab, GameObj* root,
+                  const char* glossary) {
+  show(root, glossary);
+  GameObj* holder = tab.m_owner->parent;
+  if (holder != nullptr && holder != root) show(holder, glossary);
+}
+
+void OpenPauseGlossary(void (*show)(GameObj*, const std::string&), const Button& tab) {
+  if (const GameController* game = FindController(tab.m_owner)) {
+    OpenGlossary(show, tab, game->m_owner, kPauseGlossary);
+  }
+}
+
+void OpenMenuGlossary(void (*show)(GameObj*, const std::string&), const Button& tab) {
+  if (const MainMenuController* menu = FindMenuController(tab.m_owner)) {
+    OpenGlossary(show, tab, menu->m_owner, kMenuGlossary);
+  }
+}
+
 void OpenWeapons(Button* button) {
   Click(button);
-  if (const GameController* game = FindController(button->m_owner)) {
-    ShowWeaponsTab(game->m_owner, kPauseGlossary);
-  }
+  OpenPauseGlossary(ShowWeaponsTab, *button);
 }
 
 /// The click is asked for under a misspelt name, deliberately: no such sound is heard.
 void OpenSurroundings(Button* button) {
   PlaySound(button->m_owner, "button_click.pgg");
-  if (const GameController* game = FindController(button->m_owner)) {
-    ShowSurroundingsTab(game->m_owner, kPauseGlossary);
-  }
+  OpenPauseGlossary(ShowSurroundingsTab, *button);
 }
 
 void OpenMenuWeapons(Button* button) {
   Click(button);
-  if (const MainMenuController* menu = FindMenuController(button->m_owner)) {
-    ShowWeaponsTab(menu->m_owner, kMenuGlossary);
-  }
+  OpenMenuGlossary(ShowWeaponsTab, *button);
 }
 
 void OpenMenuSurroundings(Button* button) {
   Click(button);
-  if (const MainMenuController* menu = FindMenuController(button->m_owner)) {
-    ShowSurroundingsTab(menu->m_owner, kMenuGlossary);
-  }
+  OpenMenuGlossary(ShowSurroundingsTab, *button);
 }
 
 const std::unordered_map<std::string, ClickHandler> g_click_handlers = {

@@ -14,8 +14,7 @@ inline constexpr const char* kMenuGlossary = "menu_glossary";
 inline constexpr const char* kSurroundingsPage = "Glossary_Pg2Environment_B";
 
 /// Opens the glossary's page on weapons: its image, and the looks of the two tabs. The pieces are
-/// children of `screen`, the root of the level or of the menu, with names that begin with
-/// `glossary`.
+/// direct children of `screen`, with names that begin with `glossary`.
 void ShowWeaponsTab(GameObj* screen, const std::string& glossary);
 /// The same for the page on a level's surroundings.
 void ShowSurroundingsTab(GameObj* screen, const std::string& glossary);
