@@ -92,8 +92,8 @@ def glossary(prefix):
     return [
         element(prefix, "UI_Backdrop", (0, 0), WIDE, name=f"{prefix}_backdrop"),
         element(prefix, "Glossary_Pg1Weapons", PAGE_MIDDLE, PAGE, name=f"{prefix}_img"),
-        button(f"{prefix}_weapons", prefix, weapons, (-170, 380), TAB),
-        button(f"{prefix}_enviro", prefix, surroundings, (170, 380), TAB),
+        button(f"{prefix}_weapons", prefix, weapons, (-170, 370), TAB),
+        button(f"{prefix}_enviro", prefix, surroundings, (170, 370), TAB),
         button(f"{prefix}_back", prefix, looks("Button_Back"), BELOW_PAGE),
         *examples(f"{prefix}_anim"),
     ]
@@ -106,9 +106,9 @@ def examples(behaviour):
     before left uploaded; with the twin, that is the last frame of the sheet and not the whole sheet at once.
     """
     kinds = (
-        ("EnvDestructible", 64, ("Sheet_Env_DestructibleA", 4), 0.18, {"EnvironmentDestructible": {"m_health": 1}}),
-        ("EnvDamage", 124, ("Sheet_Env_Damaging", 6), 0.1, {}),
-        ("EnvBlackhole", 168, ("Sheet_Menu_Blackhole", 10), 0.06,
+        ("EnvDestructible", 66, ("Sheet_Env_DestructibleA", 4), 0.18, {"EnvironmentDestructible": {"m_health": 1}}),
+        ("EnvDamage", 120, ("Sheet_Env_Damaging", 6), 0.1, {}),
+        ("EnvBlackhole", 168, ("Sheet_Env_Blackhole", 10), 0.06,
          {"EnvironmentBlackhole": {"m_suction_force": 0.0, "m_suction_range": 0.0}}),
     )
     for name, side, sheet, seconds, hazard in kinds:

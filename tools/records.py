@@ -107,11 +107,11 @@ def shared_square():
     return {"m_vertices": [[0.0, 0.0, 0.0, 0.0, 0.0, 255, 255, 255, 255]], "m_index_buffer": [0, 1, 3, 1, 2, 3]}
 
 
-def own_square(aside=0):
-    """The iModel of a unit square with vertices of its own; `aside` moves it by so many of its widths."""
+def own_square(aside=0, up=0):
+    """The iModel of a unit square with vertices of its own; `aside` and `up` move it by so many of its widths and heights."""
     square = ((-0.5, 0.5, 0.0, 0.0), (0.5, 0.5, 1.0, 0.0), (0.5, -0.5, 1.0, 1.0), (-0.5, -0.5, 0.0, 1.0))
     return {
-        "m_vertices": [[x + aside, y, 0.0, u, v, 255, 255, 255, 255] for x, y, u, v in square],
+        "m_vertices": [[x + aside, y + up, 0.0, u, v, 255, 255, 255, 255] for x, y, u, v in square],
         "m_index_buffer": [0, 1, 3, 1, 2, 3],
     }
 

@@ -14,6 +14,8 @@ PLAYERS = 4
 WINDOW = (800, 450)  # many turns are played, and a software renderer keeps up with it
 WEAPONS = {f"Projectile{kind}"
            for kind in ("Default", "Bounce", "Explosion", "Pierce", "Push", "Swap", "Vacuum")}
+LABEL_ABOVE, LABEL_BELOW = 140, -75  # from a unit's middle to a weapon's label
+UPPER = 300  # above it, units have their labels below them
 SHOWN = 12  # mean change of the place where a weapon's label appears
 AHEAD = 300  # world units to the right of a unit at which it shoots
 
@@ -130,7 +132,7 @@ class TrainingRange(LevelTest):
         self.point_at((-400, 0))
         unit = self.wait_for_aim(turn)
         if weapon == "second":
-            label = ((unit[0] + 160, unit[1] + 20), 120, 60)
+            label = ((unit[0], unit[1] + (LABEL_BELOW if unit[1] > UPPER else LABEL_ABOVE)), 140, 60)
             before = self.look()
             tap("q")
             self.watch(lambda view: view.crop(*label).difference(before.crop(*label)) > SHOWN, "the weapon's label")

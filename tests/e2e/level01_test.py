@@ -184,11 +184,11 @@ class Round(FirstLevel):
             self.assertLess(view.line_gain(unit, other), LINE_UNSEEN, "the line is at the mouse alone")
 
     def check_other_weapon(self, unit):
-        """Q shows a label beside the unit and another gun, which stays when the label has gone."""
+        """Q shows a label above the unit and another gun, which stays when the label has gone."""
         self.point_at((unit[0], unit[1] - 400))
         time.sleep(1)
         before = self.look("first-weapon")
-        gun, label = (unit[0], unit[1] - 30), (unit[0] + 160, unit[1] + 30)
+        gun, label = (unit[0], unit[1] - 30), (unit[0], unit[1] + 140)
         tap("q")
 
         def change(view, middle, width, height):

@@ -251,9 +251,9 @@ std::vector<Example> LevelExamples() {
       {"interface-missing", "no element ui_turn", WithoutChild("level", "ui_turn")},
       {"interface-missing", "no hint ui_skip", WithoutChild("level", "ui_skip")},
       {"interface-missing", "no button ui_pause_resume", WithoutChild("camera", "ui_pause_resume")},
-      {"interface-missing", "piece of the glossary below its root EnvDamage",
+      {"interface-missing", "piece of the glossary below its root or its camera EnvDamage",
        [](LevelDraft& draft) {
-         draft.DropChild("level", "EnvDamage"), draft.DropChild("level", "EnvDamage");
+         draft.DropChild("camera", "EnvDamage"), draft.DropChild("camera", "EnvDamage");
        }},
   };
 }

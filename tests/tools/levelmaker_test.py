@@ -9,6 +9,7 @@ import unittest.mock
 
 from makers import LEVEL01, level_maker, make_level
 import maker
+from levels.units import unit_record
 from pieces import walk
 
 UNITS = "Level Editor/Levels/Level01/Entity/Units.json"
@@ -208,11 +209,12 @@ class AuthoredLevel(unittest.TestCase):
         self.run_maker("--renew", "level01")
         self.assertEqual(self.objects(), fresh)
 
-    def test_the_label_of_a_unit_in_the_right_half_opens_to_the_left(self):
-        for unit, opens_left in (("player1", False), ("enemy1", True)):
-            label = next(own for own in self.objects()[unit]["Childs"] if own["name"] == "WeaponText")
-            vertices = label["iModel"]["m_vertices"]
-            self.assertEqual(max(vertex[0] for vertex in vertices) < 0, opens_left, unit)
+    def test_the_label_of_a_unit_near_the_upper_strip_lies_below_it(self):
+        for height, below in ((300, False), (301, True)):
+            with self.subTest(height):
+                made = [*unit_record({"side": "enemy", "at": [0, height], "health": 1, "weapons": ["BASIC", "PUSH"]}, 1)["Childs"]]
+                label = next(own for own in made if own["name"] == "WeaponText")
+                self.assertEqual(max(vertex[1] for vertex in label["iModel"]["m_vertices"]) < 0, below)
 
     def test_renewing_leaves_what_the_author_placed_and_changed(self):
         def work(by_name):

@@ -1,4 +1,5 @@
 """The screens of levels and of the menu: nothing that the program knows by name is missing in them, and they fit the screen."""
+import functools
 import itertools
 import json
 import re
@@ -20,6 +21,10 @@ KEY_HINTS = {"ui_skip", "ui_cycle_left", "ui_cycle_right", "ui_undo"}
 EXAMPLES = ("EnvDestructible", "EnvDamage", "EnvBlackhole")
 GUN_SIDES = ("_Green", "_Red")
 HALF_WIDTH, HALF_HEIGHT = 720, 540  # of a screen of 4 by 3
+STRIP_PIECES = ("ui_strip", "ui_energy", "ui_cycle", "ui_undo", "ui_skip", "ui_weapon", "ui_turn_line")  # how their names begin
+LABEL = 121  # to the right of a unit that leans on the right wall of an arena there is no more room for its label
+LABEL_HEIGHT, STRIPS = 100, 480  # of the image; from here on the strip lies over the arena
+SHOTS = "zovengine/game/shots"
 TARGET = 0.8  # of a button's height
 
 
@@ -68,12 +73,28 @@ def of_menu(names):
     return {name for name in names if name.startswith("menu_")}
 
 
+def over_all(screen):
+    """The object whose children are drawn over all else."""
+    return next(own for own in SCREENS[screen] if "Camera" in own)
+
+
+@functools.cache
+def drawn_part(texture):
+    """Where what is drawn of an image begins and ends, as parts of its width."""
+    path = ROOT / f"Resources/Textures/{texture}.png"
+    printed = subprocess.run(["convert", str(path), "-alpha", "extract", "-threshold", "30%", "-format", "%@ %w", "info:"], check=True,
+                             stdout=subprocess.PIPE, text=True).stdout
+    width, _, left, _, whole = map(int, re.findall(r"\d+", printed))
+    return left / whole, (left + width) / whole
+
+
 def overlap(a, b):
     (ax, ay), (aw, ah) = (own["Transform"][key][:2] for own, key in ((a, "m_world_pos"), (a, "m_world_scale")))
     (bx, by), (bw, bh) = (own["Transform"][key][:2] for own, key in ((b, "m_world_pos"), (b, "m_world_scale")))
     return abs(ax - bx) < (aw + bw) / 2 and abs(ay - by) < (ah + bh) / 2 * TARGET
 
 
+@functools.cache
 def colour_at(texture, where):
     """The red, green, blue and alpha that an image has at a place, u and v from its upper left corner."""
     u, v = where
@@ -208,11 +229,43 @@ class Screens(unittest.TestCase):
         found = [child for child in root(MENU)["Childs"] if child["name"] == name]
         self.assertEqual([child["UIElement"]["m_ui_element_name"] for child in found], [name])
 
-    def test_the_pieces_of_the_glossary_lie_below_the_root(self):
+    def test_the_pieces_of_the_glossary_lie_beside_its_tabs_and_over_all_of_a_level(self):
         for screen, prefix in (*((level, "ui_pause_glossary") for level in LEVELS), (MENU, "menu_glossary")):
-            names = [child["name"] for child in root(screen)["Childs"]]
+            names = [child["name"] for child in over_all(screen)["Childs"]]
             for piece in (*(f"{prefix}_{part}" for part in ("img", "weapons", "enviro")), *EXAMPLES):
                 self.assertIn(piece, names, screen)
+
+    def test_the_sheet_that_dims_a_level_covers_particles_and_no_screen(self):
+        """Particles are created last, so they are drawn over all that is not below the camera."""
+        for level in LEVELS:
+            self.assertEqual(over_all(level)["Childs"][0]["name"], "ui_pause_fade", level)
+
+    def test_of_the_strips_of_a_level_nothing_is_seen_beside_a_screen_or_the_end(self):
+        for level in LEVELS:
+            sheet = next(own for own in SCREENS[level] if own["name"] == "ui_pause_fade")
+            height, texture = sheet["Transform"]["m_world_scale"][1], sheet["Render"]["m_tex"]
+            pieces_of_strips = [own for own in SCREENS[level] if own["name"].startswith(STRIP_PIECES) and "Render" in own]
+            self.assertGreater(len(pieces_of_strips), 15)
+            for own in pieces_of_strips:
+                y, half = own["Transform"]["m_world_pos"][1], own["Transform"]["m_world_scale"][1] / 2
+                for edge in (min(y + half, HALF_HEIGHT), max(y - half, -HALF_HEIGHT)):
+                    self.assertEqual(colour_at(texture, (0.5, 0.5 - edge / height))[3], 255, f"{level}: {own['name']}")
+
+    def test_the_label_of_each_weapon_lies_in_the_middle_above_or_below_its_unit(self):
+        """The game puts the label's middle 120 units to the right of the unit, and makes it as wide as the weapon says."""
+        widths = dict(re.findall(r'"(WeaponFloat_\w+)", (\d\.\d+)f', "".join(path.read_text() for path in (ROOT / SHOTS).glob("*.h"))))
+        self.assertEqual(set(widths), {key for key in LISTED if key.startswith("WeaponFloat_")})
+        units = [own for level in LEVELS for own in SCREENS[level] if "Player" in own or "Enemy" in own and not own["Enemy"]["m_boss"]]
+        for own in units:
+            label = next(child for child in own["Childs"] if child["name"] == "WeaponText")
+            places = [vertex[:2] for vertex in label["iModel"]["m_vertices"]]
+            aside, up = (sum(place[axis] for place in places) / 4 for axis in (0, 1))
+            for texture, width in widths.items():
+                left, right = (own["Transform"]["m_scale"][0] * float(width) * (aside + side - 0.5) + 120 for side in drawn_part(texture))
+                self.assertLess(abs(left + right) / 2, 4, texture)
+                self.assertLess(right, LABEL, texture)
+            self.assertAlmostEqual(abs(up), 0.95, 4)
+            self.assertLess(own["Transform"]["m_pos"][1] + (up + 0.25) * LABEL_HEIGHT, STRIPS, f"{own['name']} at the strip")
 
     def test_nothing_touches_the_examples_of_the_glossary(self):
         for screen in SCREENS:

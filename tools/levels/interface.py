@@ -1,8 +1,8 @@
 """The interface that all levels share: what a level shows in play, and the screens of its pause and of its end.
 
-It lies in two layers. The lower one is drawn with the world, in the order of creation: what a level shows in play, the sheet that
-dims it, and the glossary, whose pieces the game looks up among the children of the level's root. The upper one, the other
-screens, lies below the camera and covers everything.
+It lies in two layers. The lower one is drawn with the world, in the order of creation: what a level shows in play. Particles, which
+are created later, are drawn over it. The upper one lies below the camera and covers everything: the sheet that dims a level, and on
+it the screens.
 """
 import copy
 
@@ -107,13 +107,15 @@ def end():
 
 def lower_layer():
     """For the root of the level, after all that the level consists of."""
-    return [*in_play(), element("ui_pause_fade", "UI_Fade", (0, 0), WIDE), *glossary("ui_pause_glossary")]
+    return in_play()
 
 
 def upper_layer():
     """For the camera."""
     return [
+        element("ui_pause_fade", "UI_FadeLevel", (0, 0), WIDE),
         element("ui_splash", "UI_Backdrop", (0, 0), WIDE),
+        *glossary("ui_pause_glossary"),
         *pause(),
         *options(),
         *page("ui_howtoplay", "ui_how_to_play", "Page_HowToPlay", "ui_pause_howtoplay_back"),

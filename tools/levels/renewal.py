@@ -15,7 +15,8 @@ def renew(records):
     """Renews the records of an object file in place. Returns a sentence for each unit that it had to leave alone."""
     left = []
     for root in (own for own in records if "GameController" in own):
-        root["Childs"] = [own for own in root["Childs"] if not is_interface(own) or own["name"] not in interface.RETIRED]
+        gone = interface.RETIRED | {own["name"] for own in interface.upper_layer()}
+        root["Childs"] = [own for own in root["Childs"] if not is_interface(own) or own["name"] not in gone]
         root["Childs"] = exchanged(root["Childs"], interface.lower_layer(), is_interface)
         for child in root["Childs"]:
             if "Camera" in child:

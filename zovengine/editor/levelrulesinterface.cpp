@@ -10,7 +10,7 @@ namespace {
 const NameSet kUnneeded = {"ui_element_default", "ui_selection_circle", "default"};
 /// Buttons that are hints of keys; they are shown and have no handler.
 const NameSet kKeyHints = {"ui_skip", "ui_cycle_left", "ui_cycle_right", "ui_undo"};
-/// The pieces of the glossary that its tabs look for among the children of the level's root.
+/// The pieces of the glossary that its tabs look for beside themselves.
 constexpr const char* kGlossary[] = {"ui_pause_glossary_img",
                                      "ui_pause_glossary_weapons",
                                      "ui_pause_glossary_enviro",
@@ -20,6 +20,10 @@ constexpr const char* kGlossary[] = {"ui_pause_glossary_img",
 
 bool IsOfMenu(const std::string& name) {
   return name.starts_with("menu_");
+}
+
+bool LiesInTheInterface(const ObjectView& object, const LevelView& level) {
+  return object.parent != nullptr && (object.parent == level.root || object.parent->Has("Camera"));
 }
 
 /// The names of `wanted` that a level needs and that `found` lacks, separated by commas.
@@ -53,12 +57,12 @@ void CheckInterface(const LevelView& level, const KnownAssets& known, LevelRepor
     }
     if (object.Has("UIElement")) elements.insert(element);
     if (object.Has("Button")) buttons.insert(click);
-    if (object.parent != nullptr && object.parent == level.root) pieces.insert(object.name);
+    if (LiesInTheInterface(object, level)) pieces.insert(object.name);
   }
   RequireAll("element", Missing(known.behaviours, elements), report);
   RequireAll("button", Missing(known.handlers, buttons), report);
   RequireAll("hint", Missing(kKeyHints, buttons), report);
-  RequireAll("piece of the glossary below its root",
+  RequireAll("piece of the glossary below its root or its camera",
              Missing({std::begin(kGlossary), std::end(kGlossary)}, pieces), report);
 }
 
