@@ -97,6 +97,13 @@ class OnTheFloor(unittest.TestCase):
         self.assertIn("lies over a zone", str(refused.exception))
         make_level(LEVEL01 + zone + paint.format(111))
 
+    def test_an_unlit_decal_takes_the_program_without_light_and_comes_before_the_lit_ones(self):
+        paint = '\n[[decals]]\ntexture = "Decal_Emblem"\nat = [0, 300]\nsize = 100\nunlit = true\n'
+        decals = [own for own in records(make_level(LEVEL01 + paint), "Entity/Units") if own["name"] == "decal"]
+        self.assertGreater(len(decals), 1)
+        self.assertEqual([own["Render"]["m_shader"] == "default" for own in decals], [True] + [False] * (len(decals) - 1))
+        self.assertEqual(texture(decals[0]), "Decal_Emblem")
+
     def test_a_wall_throws_one_shadow_along_each_row(self):
         level = {"map": {"tile_size": 60, "rows": ["##.", "#..", "..."]}, "tiles": TILES}
         shades = sorted((place(own), own["Transform"]["m_scale"][0], own["Transform"]["m_rotate"])

@@ -72,7 +72,8 @@ def draw_group(own, lights):
     place, size = own["Transform"]["m_pos"], own["Transform"]["m_scale"]
     near = sum(distance(light, place, size) <= REACH for light in lights)
     is_space = own["Render"]["m_tex"].startswith("Space_Cloud")  # clouds lie in their order, below all else
-    return (not is_space, sum(near > bound for bound in CLASSES), "" if is_space else own["Render"]["m_tex"])
+    light_class = -1 if own["Render"]["m_shader"] == "default" else sum(near > bound for bound in CLASSES)
+    return (not is_space, light_class, "" if is_space else own["Render"]["m_tex"])
 
 
 def distance(light, place, size):
@@ -182,11 +183,10 @@ def overlap(one, other):
 
 def decal(own):
     size = own["size"] if isinstance(own["size"], list) else [own["size"]] * 2
-    return record("decal", {
-        "Transform": transform(own["at"], size, own.get("turn", 0)),
-        "Render": render(own["texture"], own.get("tint", 1.2), alpha=own.get("alpha", 1)),
-        "iModel": shared_square(),
-    })
+    look = render(own["texture"], own.get("tint", 1.2), alpha=own.get("alpha", 1))
+    if own.get("unlit"):
+        look["m_shader"] = "default"
+    return record("decal", {"Transform": transform(own["at"], size, own.get("turn", 0)), "Render": look, "iModel": shared_square()})
 
 
 def shade(at, length, turn):
