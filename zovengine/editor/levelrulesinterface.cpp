@@ -10,20 +10,20 @@ namespace {
 const NameSet kUnneeded = {"ui_element_default", "ui_selection_circle", "default"};
 /// Buttons that are hints of keys; they are shown and have no handler.
 const NameSet kKeyHints = {"ui_skip", "ui_cycle_left", "ui_cycle_right", "ui_undo"};
-/// The pieces of the glossary that its tabs look for beside themselves.
-constexpr const char* kGlossary[] = {"ui_pause_glossary_img",
-                                     "ui_pause_glossary_weapons",
-                                     "ui_pause_glossary_enviro",
-                                     "EnvDestructible",
-                                     "EnvDamage",
-                                     "EnvBlackhole"};
+/// The pieces of the glossary, which its tabs look for below the level's root and beside
+/// themselves.
+constexpr const char* kGlossaryTab = "ui_pause_glossary_weapons";
+constexpr const char* kGlossary[] = {
+    "ui_pause_glossary_img", kGlossaryTab, "ui_pause_glossary_enviro",
+    "EnvDestructible",       "EnvDamage",  "EnvBlackhole"};
 
 bool IsOfMenu(const std::string& name) {
   return name.starts_with("menu_");
 }
 
-bool LiesInTheInterface(const ObjectView& object, const LevelView& level) {
-  return object.parent != nullptr && (object.parent == level.root || object.parent->Has("Camera"));
+bool IsWhereTabsLook(const ObjectView& object, const LevelView& level) {
+  return object.parent != nullptr &&
+         (object.parent == level.root || object.parent->HasChild(kGlossaryTab));
 }
 
 /// The names of `wanted` that a level needs and that `found` lacks, separated by commas.
@@ -57,12 +57,12 @@ void CheckInterface(const LevelView& level, const KnownAssets& known, LevelRepor
     }
     if (object.Has("UIElement")) elements.insert(element);
     if (object.Has("Button")) buttons.insert(click);
-    if (LiesInTheInterface(object, level)) pieces.insert(object.name);
+    if (IsWhereTabsLook(object, level)) pieces.insert(object.name);
   }
   RequireAll("element", Missing(known.behaviours, elements), report);
   RequireAll("button", Missing(known.handlers, buttons), report);
   RequireAll("hint", Missing(kKeyHints, buttons), report);
-  RequireAll("piece of the glossary below its root or its camera",
+  RequireAll("piece of the glossary below its root or beside its tabs",
              Missing({std::begin(kGlossary), std::end(kGlossary)}, pieces), report);
 }
 
