@@ -83,6 +83,32 @@ TEST(TextureLoader, WhatNoFrameShowsComesBehindTheFrames) {
   EXPECT_EQ(scene.world.device.textures.at(2).pixels[0], 3);
 }
 
+TEST(TextureLoader, ATextureThatIsAskedForComesBeforeTheOthersAndIsMadeWhole) {
+  std::vector<std::string> names{"default.tga"};
+  Files images{{"default.tga", OnePixel(9, 9, 9)}};
+  for (int i = 1; i < 400; ++i) {
+    names.push_back(std::to_string(i) + ".tga");
+    images[names.back()] = OnePixel(1, 2, 3);
+  }
+  LoadingScene scene(names, images);
+  for (int i = 0; i < 5000 && !g_render_system->RequestTexture(399); ++i) {
+    g_render_system->Update(0.0f);
+  }
+  EXPECT_EQ(scene.world.device.textures.count(399), 1u);
+  EXPECT_EQ(scene.world.device.finished.count(399), 1u);
+  EXPECT_EQ(scene.world.device.finished.size(), 1u);
+  EXPECT_FALSE(g_render_system->RequestTexture(400)) << "beyond the list";
+}
+
+TEST(TextureLoader, ATextureThatFailedIsNeverInTheDevice) {
+  OutputOf([&] {
+    LoadingScene scene({"default.tga", "shown.tga"},
+                       {{"default.tga", OnePixel(1, 1, 1)}, {"shown.tga", "no image"}});
+    scene.world.Step();
+    EXPECT_FALSE(g_render_system->RequestTexture(1));
+  });
+}
+
 TEST(TextureLoader, AFileThatIsNoImageShowsTextureZeroAndIsReportedOnce) {
   std::uint32_t shown = 99;
   const std::string output = OutputOf([&] {

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -45,6 +46,7 @@ class FakeDevice final : public ZOVEngine::GLDevice {
                                const std::string& fragment_source) override;
   void CreateResources(const ZOVEngine::Matrix4x4& projection) override;
   void UploadTexture(std::uint32_t position, const ZOVEngine::Image& image) override;
+  void FinishTexture(std::uint32_t position) override { finished.insert(position); }
   std::uint32_t UploadGlyph(int width, int height, const std::uint8_t* coverage) override;
   void Execute(const ZOVEngine::Frame& frame) override;
   void Present() override;
@@ -57,6 +59,7 @@ class FakeDevice final : public ZOVEngine::GLDevice {
   ZOVEngine::Frame frame;                ///< of the last Execute
   ZOVEngine::Matrix4x4 projection;
   Viewport viewport;
+  std::set<std::uint32_t> finished;  ///< textures
   bool vsync = false;
   std::map<ZOVEngine::Program, Sources> programs;
   std::map<std::uint32_t, ZOVEngine::Image> textures;  ///< by position

@@ -6,7 +6,7 @@ namespace ZOVEngine {
 
 /// An image of the game as a panel shows it.
 struct Thumbnail {
-  void* texture = nullptr;  ///< for ImGui; null if the game has no such image
+  void* texture = nullptr;  ///< for ImGui; null if there is no such image, or not yet
   float right = 1.0f;       ///< where the image ends in the texture: a sheet's first frame
 };
 

@@ -64,6 +64,11 @@ class GLDevice {
   /// never uploaded samples as opaque black.
   virtual void UploadTexture(std::uint32_t position, const Image& image) = 0;
 
+  /// Makes an uploaded texture whole, so that others than frames can draw it by its number, which
+  /// is its name in OpenGL. Until then, or until a frame shows it, a device may leave its mipmaps
+  /// out.
+  virtual void FinishTexture(std::uint32_t position) = 0;
+
   /// Uploads the coverage bitmap of a glyph (one byte a pixel, `width` times `height`, rows from
   /// the top, no padding; either may be 0). Returns its name, never 0.
   virtual std::uint32_t UploadGlyph(int width, int height, const std::uint8_t* coverage) = 0;

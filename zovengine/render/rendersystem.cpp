@@ -162,6 +162,12 @@ void RenderSystem::LoadTextures() {
   m_loader.Finish();
 }
 
+bool RenderSystem::RequestTexture(std::uint32_t number) {
+  if (!m_loader.Request(number)) return false;
+  g_gl_device->FinishTexture(number);
+  return true;
+}
+
 void RenderSystem::StartTextures() {
   ZOV_ASSERT(m_texture_paths.size() <= kMaxTextures,
              std::string(kGraphicsConfigPath) + ": key \"texPath\": more than 1024 textures");

@@ -70,6 +70,10 @@ class RenderSystem final : public UnpausedSystem {
   /// that fails prints "ERROR: Failed to load texture." and has no key. More than kMaxTextures end
   /// the program.
   void LoadTextures();
+  /// True if the texture of this number is in the device, whole, so that a panel can draw it. One
+  /// that is still to come is loaded before those that nobody has asked for; a panel asks in each
+  /// frame for what it shows.
+  bool RequestTexture(std::uint32_t number);
   /// Writes "Resources/Textures/graphics.json". False when that failed; the old file then stands.
   bool SaveGraphicsConfig() const;
 

@@ -64,7 +64,8 @@ void TextureLoader::ReportPaths() const {
 }
 
 void TextureLoader::Prefer(const std::vector<std::string>& first) {
-  if (m_images) m_images->Prefer(FindPositions(first));
+  if (!m_images) return;
+  for (const std::size_t position : FindPositions(first)) m_images->Prefer(position);
 }
 
 std::vector<std::size_t> TextureLoader::FindPositions(const std::vector<std::string>& keys) const {
@@ -101,6 +102,12 @@ void TextureLoader::Advance(std::int64_t duration) {
     if (!position) return;
     Upload(*position);
   }
+}
+
+bool TextureLoader::Request(std::uint32_t number) {
+  if (number >= m_list.size()) return false;
+  if (m_list[number].stage == Stage::kPending) m_images->Prefer(number);
+  return m_list[number].stage == Stage::kLoaded;
 }
 
 void TextureLoader::Finish() {

@@ -41,6 +41,9 @@ class TextureLoader : private NonCopyable {
   void Complete(Frame* frame);
   /// Uploads images that are decoded already, for about this time at most (unit: nanoseconds).
   void Advance(std::int64_t duration);
+  /// True if the texture of this number is in the device. One that still can be is decoded and
+  /// uploaded before those that nobody has asked for.
+  bool Request(std::uint32_t number);
   /// Uploads everything that is left, waiting for it.
   void Finish();
 

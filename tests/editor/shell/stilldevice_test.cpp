@@ -16,13 +16,17 @@ class StillDeviceTest : public ::testing::Test {
     still.Execute(frame);
   }
 
-  /// Whether a frame was drawn anew, and kept; else the kept one must have been shown.
+  /// Whether a frame was drawn anew, and kept; only then it is new.
   bool IsDrawn(const Frame& next) {
-    const int executed = fake.executed, before = kept, showings = shown;
+    const int executed = fake.executed, before = kept;
+    const bool was_new = still.IsNew();
     still.Execute(next);
     const bool drawn = fake.executed == executed + 1;
     EXPECT_EQ(kept, before + (drawn ? 1 : 0));
-    EXPECT_EQ(shown, showings + (drawn ? 0 : 1));
+    EXPECT_EQ(still.IsNew(), drawn || was_new);
+    EXPECT_TRUE(still.IsReady());
+    still.Show();
+    EXPECT_FALSE(still.IsNew());
     return drawn;
   }
 
@@ -35,6 +39,28 @@ class StillDeviceTest : public ::testing::Test {
 TEST_F(StillDeviceTest, DrawsAFrameOnceAndShowsItAgain) {
   EXPECT_EQ(fake.executed, 1);
   EXPECT_FALSE(IsDrawn(frame));
+  EXPECT_FALSE(IsDrawn(frame));
+  EXPECT_EQ(shown, 2);
+}
+
+TEST_F(StillDeviceTest, AnImageThatTheFrameDoesNotUseMakesNoNewFrame) {
+  still.Show();
+  still.UploadTexture(7, Image());
+  EXPECT_TRUE(still.IsNew()) << "a panel may show it";
+  EXPECT_FALSE(IsDrawn(frame));
+  frame.commands[0].texture = 7;
+  EXPECT_TRUE(IsDrawn(frame));
+  still.UploadTexture(7, Image());
+  EXPECT_FALSE(still.IsReady());
+  EXPECT_TRUE(IsDrawn(frame));
+}
+
+TEST_F(StillDeviceTest, AFrameAtAnotherPlaceIsNewButNotDrawn) {
+  still.Show();
+  still.SetViewport(0, 0, 40, 30);
+  EXPECT_FALSE(still.IsNew());
+  still.SetViewport(0, 1, 40, 30);
+  EXPECT_TRUE(still.IsNew());
   EXPECT_FALSE(IsDrawn(frame));
 }
 
@@ -68,7 +94,7 @@ TEST_F(StillDeviceTest, DrawsAFrameThatDiffersInAnyPart) {
 }
 
 TEST_F(StillDeviceTest, DrawsAnewAfterWhatChangesThePicture) {
-  still.UploadTexture(3, Image());
+  still.UploadTexture(frame.commands[0].texture, Image());
   EXPECT_TRUE(IsDrawn(frame));
   still.UploadGlyph(0, 0, nullptr);
   EXPECT_TRUE(IsDrawn(frame));
@@ -85,6 +111,8 @@ TEST_F(StillDeviceTest, DrawsAnewAfterWhatChangesThePicture) {
 TEST_F(StillDeviceTest, HandsEverythingOn) {
   still.Present();
   EXPECT_EQ(fake.presented, 1);
+  still.FinishTexture(5);
+  EXPECT_EQ(fake.finished.count(5), 1u);
   still.SetSwapInterval(true);
   EXPECT_TRUE(fake.vsync);
   EXPECT_EQ(fake.viewport.width, 40);

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <optional>
 #include <string>
@@ -45,20 +46,31 @@ TEST(ImageQueue, TheWorkerBeginsWithTheFirstAndGoesOnInTheOrderOfTheList) {
   EXPECT_FALSE(queue.FindDecoded());
 }
 
-TEST(ImageQueue, TheWorkerGoesOnWithWhatIsPreferredLater) {
-  constexpr std::size_t kCount = ImageQueue::kMostAhead + 10;
-  ImageQueue queue(std::vector<std::string>(kCount, kGlow));
-  while (queue.FindDecoded() != 0u) std::this_thread::yield();
-  queue.Prefer({kCount, kCount - 1});
-  for (std::size_t i = 0; i < ImageQueue::kMostAhead; ++i) queue.Take(i);
-  EXPECT_EQ(WaitForDecoded(queue), kCount - 1);
-}
-
 TEST(ImageQueue, AnEmptyPathIsNeverDecoded) {
   ImageQueue queue({"", kGlow, ""}, {0});
   EXPECT_EQ(WaitForDecoded(queue), 1u);
   EXPECT_TRUE(queue.Take(1));
   EXPECT_FALSE(queue.FindDecoded());
+}
+
+TEST(ImageQueue, PreferredImagesComeNextInTheOrderInWhichTheyWereAskedFor) {
+  constexpr std::size_t kCount = ImageQueue::kMostAhead + 10;
+  ImageQueue queue(std::vector<std::string>(kCount, kGlow));
+  // The worker waits for a place with the last ten still to come.
+  while (queue.FindDecoded() != 0u) std::this_thread::yield();
+  for (const std::size_t position : {kCount - 1, kCount, kCount - 3, kCount - 1}) {
+    queue.Prefer(position);
+  }
+  std::vector<std::size_t> order;
+  for (std::size_t i = 0; i < kCount; ++i) {
+    order.push_back(WaitForDecoded(queue));
+    EXPECT_TRUE(queue.Take(order.back()));
+  }
+  const auto place = [&order](std::size_t position) {
+    return std::find(order.begin(), order.end(), position) - order.begin();
+  };
+  EXPECT_LT(place(kCount - 1), place(kCount - 3));
+  EXPECT_LT(place(kCount - 3), place(kCount - 4));
 }
 
 TEST(ImageQueue, AnImageBeyondThePlacesIsDecodedByTheConsumer) {

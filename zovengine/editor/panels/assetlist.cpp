@@ -22,6 +22,7 @@ namespace fs = std::filesystem;
 constexpr float kListHeight = 320.0f;    // of an open list (unit: pixels)
 constexpr float kListWidth = 300.0f;     // (unit: pixels)
 constexpr float kListThumbnail = 26.0f;  // in a list (unit: pixels)
+constexpr float kPlaceholderRounding = 6.0f;
 constexpr float kLargePicture = 200.0f;  // of the texture under the mouse (unit: pixels)
 
 struct ImageSize {
@@ -170,8 +171,13 @@ void ShowTexture(const std::string& key, float side, int frames) {
   const ImVec2 from = ImGui::GetCursorScreenPos();
   ImGui::Dummy(ImVec2(side, side));
   ImDrawList* draw = ImGui::GetWindowDrawList();
+  const ImVec2 to(from.x + side, from.y + side);
   if (!number) {
-    draw->AddRect(from, ImVec2(from.x + side, from.y + side), ImGui::GetColorU32(ImGuiCol_Border));
+    draw->AddRect(from, to, ImGui::GetColorU32(ImGuiCol_Border));
+    return;
+  }
+  if (!g_render_system->RequestTexture(*number)) {
+    draw->AddRectFilled(from, to, ImGui::GetColorU32(ImGuiCol_Button), kPlaceholderRounding);
     return;
   }
   const ImVec2 size = FitInto(side, SizeOfTexture(*number), frames);

@@ -23,7 +23,8 @@ std::vector<std::string> SoundNames(const std::string& folder);
 std::vector<std::string> TextureKeys();
 
 /// Shows a texture of the game as large as fits into a square of this side, its sheet's first frame
-/// if it has several frames. A key that is none shows an empty frame.
+/// if it has several frames. A key that is none shows an empty frame, an image that is still to be
+/// loaded a plain square; it is loaded before those that nobody looks at.
 void ShowTexture(const std::string& key, float side, int frames = 1);
 /// The number of frames of a sheet whose frames are square; 1 for other textures.
 int FrameCount(const std::string& key);

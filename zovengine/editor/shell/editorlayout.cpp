@@ -15,11 +15,22 @@ constexpr float kLeftWidth = 250.0f;    // (unit: pixels)
 constexpr float kRightWidth = 390.0f;   // (unit: pixels)
 constexpr float kBottomLeast = 220.0f;  // height of the lower panels in a small window
 
-/// Begins a panel at a fixed place; it can be folded, not moved.
+/// True for a rectangle of the window that covers no part of the picture of the level.
+bool IsBesidePicture(float left, float top, float width, float height) {
+  const Vector3D middle = WorldToWindow(EditorCameraPosition());
+  const float half_width = static_cast<float>(kPictureWidth) / 2.0f;
+  const float half_height = static_cast<float>(kPictureHeight) / 2.0f;
+  return left + width <= middle.x - half_width || left >= middle.x + half_width ||
+         top + height <= middle.y - half_height || top >= middle.y + half_height;
+}
+
+/// Begins a panel at a fixed place; it can be folded, not moved. The window beside the picture has
+/// the colour of panels already.
 bool BeginPanel(const char* title, float left, float top, float width, float height) {
   constexpr ImGuiWindowFlags kFlags = ImGuiWindowFlags_NoMove | ImGuiWindowFlags_NoResize;
   ImGui::SetNextWindowPos(ImVec2(left, top));
   ImGui::SetNextWindowSize(ImVec2(width, height));
+  if (IsBesidePicture(left, top, width, height)) ImGui::SetNextWindowBgAlpha(0.0f);
   return ImGui::Begin(title, nullptr, kFlags);
 }
 

@@ -52,6 +52,9 @@ void StillDevice::ResetViewport(int width, int height, double aspect) {
 
 void StillDevice::SetViewport(int left, int bottom, int width, int height) {
   m_kept = m_kept && width == m_width && height == m_height;
+  m_new = m_new || left != m_left || bottom != m_bottom;
+  m_left = left;
+  m_bottom = bottom;
   m_width = width;
   m_height = height;
   m_device->SetViewport(left, bottom, width, height);
@@ -69,7 +72,8 @@ void StillDevice::CreateResources(const Matrix4x4& projection) {
 }
 
 void StillDevice::UploadTexture(std::uint32_t position, const Image& image) {
-  m_kept = false;
+  m_kept = m_kept && !Uses(position);
+  m_new = true;
   m_device->UploadTexture(position, image);
 }
 
@@ -79,14 +83,22 @@ std::uint32_t StillDevice::UploadGlyph(int width, int height, const std::uint8_t
 }
 
 void StillDevice::Execute(const Frame& frame) {
-  if (m_kept && IsSameFrame(frame, m_shown)) {
-    m_keeper.show();
-    return;
-  }
+  if (m_kept && IsSameFrame(frame, m_shown)) return;
   m_device->Execute(frame);
   m_keeper.keep();
   m_shown = frame;
-  m_kept = true;
+  m_kept = m_new = true;
+}
+
+void StillDevice::Show() {
+  m_keeper.show();
+  m_new = false;
+}
+
+/// True if a draw of the last frame shows this texture.
+bool StillDevice::Uses(std::uint32_t texture) const {
+  return std::any_of(m_shown.commands.begin(), m_shown.commands.end(),
+                     [texture](const DrawCommand& command) { return command.texture == texture; });
 }
 
 void StillDevice::Release() {

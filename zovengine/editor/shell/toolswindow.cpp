@@ -96,21 +96,30 @@ void ToolsWindow::SetLive(bool live) {
   if (live) {
     const NativePoint cursor = g_native->CursorPosition();
     m_input.Reset(ImVec2(static_cast<float>(cursor.x), static_cast<float>(cursor.y)));
-    listener = [this](const void* platform_event) {
-      m_input.Take(*static_cast<const SDL_Event*>(platform_event));
-    };
+    listener = [this](const void* platform_event) { TakeEvent(platform_event); };
   }
   SetToolsListener(listener);
   // Typed text is among the events that the game has no use for.
   g_native->SetSkippedEventListener(listener);
 }
 
+/// What happens to a window, such as its coming out from behind another one, may cost it its image.
+void ToolsWindow::TakeEvent(const void* platform_event) {
+  const SDL_Event& event = *static_cast<const SDL_Event*>(platform_event);
+  m_stale = m_stale || event.type == SDL_WINDOWEVENT;
+  m_input.Take(event);
+}
+
 void ToolsWindow::PutStillDevice(bool live) {
   if (live == (m_still != nullptr)) return;
   if (live) {
     m_device = g_gl_device;
+    const ImVec4 panel = ImGui::GetStyleColorVec4(ImGuiCol_WindowBg);
     m_still = std::make_unique<StillDevice>(
-        m_device, StillDevice::Keeper{[this] { m_picture.Keep(); }, [this] { m_picture.Show(); }});
+        m_device, StillDevice::Keeper{[this] { m_picture.Keep(); },
+                                      [this, panel] {
+                                        m_picture.Show({panel.x, panel.y, panel.z});
+                                      }});
     g_gl_device = m_still.get();
   } else {
     g_gl_device = m_device;
@@ -135,7 +144,11 @@ void ToolsWindow::BeginFrame() {
 
 void ToolsWindow::EndFrame() {
   ImGui::Render();
-  if (g_native->IsMinimised()) return;
+  const bool is_new = m_panels.Take(*ImGui::GetDrawData()) || m_still->IsNew() || m_stale;
+  m_stale = is_new;
+  if (!is_new || !m_still->IsReady() || g_native->IsMinimised()) return;
+  m_stale = false;
+  m_still->Show();
   ImGui_ImplOpenGL3_RenderDrawData(ImGui::GetDrawData());
   g_gl_device->Present();
 }

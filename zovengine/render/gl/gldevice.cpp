@@ -69,6 +69,7 @@ class RealGLDevice final : public GLDevice {
                                const std::string& fragment_source) override;
   void CreateResources(const Matrix4x4& projection) override;
   void UploadTexture(std::uint32_t position, const Image& image) override;
+  void FinishTexture(std::uint32_t position) override { MakeMipmaps(position); }
   std::uint32_t UploadGlyph(int width, int height, const std::uint8_t* coverage) override;
   void Execute(const Frame& frame) override;
   void Present() override { m_swap_buffers(); }

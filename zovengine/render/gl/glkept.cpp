@@ -21,9 +21,11 @@ void KeptPicture::Keep() {
   glBindFramebuffer(GL_DRAW_FRAMEBUFFER, 0);
 }
 
-void KeptPicture::Show() const {
+void KeptPicture::Show(const Colour& around) const {
   const Viewport to;
+  glClearColor(around.red, around.green, around.blue, 1.0f);
   glClear(GL_COLOR_BUFFER_BIT);
+  glClearColor(0.0f, 0.0f, 0.0f, 1.0f);  // as the renderer leaves it
   glBindFramebuffer(GL_READ_FRAMEBUFFER, m_framebuffer);
   glBlitFramebuffer(0, 0, m_width, m_height, to.left, to.bottom, to.left + to.width,
                     to.bottom + to.height, GL_COLOR_BUFFER_BIT, GL_NEAREST);

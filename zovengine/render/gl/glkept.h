@@ -9,11 +9,15 @@ namespace ZOVEngine {
 /// are unsigned numbers.
 class KeptPicture {
  public:
+  struct Colour {
+    float red = 0.0f, green = 0.0f, blue = 0.0f;  ///< 0 to 1
+  };
+
   /// Takes the copy. The viewport should lie within the window; what is outside is undefined.
   void Keep();
-  /// Clears the window to black and puts the copy into the viewport, pixel by pixel. The viewport
-  /// must have the size of Keep's.
-  void Show() const;
+  /// Clears the window to a colour and puts the copy into the viewport, pixel by pixel. The
+  /// viewport must have the size of Keep's.
+  void Show(const Colour& around) const;
 
  private:
   void Resize(int width, int height);

@@ -1,7 +1,6 @@
 #include "render/images/imagequeue.h"
 
-#include <algorithm>
-#include <iterator>
+#include <cstddef>
 #include <utility>
 
 namespace ZOVEngine {
@@ -11,26 +10,13 @@ ImageQueue::ImageQueue(std::vector<std::string> paths, const std::vector<std::si
   for (std::size_t position = 0; position < m_slots.size(); ++position) {
     if (!m_slots[position].path.empty()) m_order.push_back(position);
   }
-  Prefer(first);
+  for (const std::size_t position : first) Prefer(position);
   m_thread = std::jthread([this](const std::stop_token& stop) { DecodeAll(stop); });
 }
 
 ImageQueue::~ImageQueue() {
   m_thread.request_stop();
   m_thread.join();
-}
-
-void ImageQueue::Prefer(const std::vector<std::size_t>& first) {
-  const auto is_image = [this](std::size_t position) {
-    return position < m_slots.size() && !m_slots[position].path.empty();
-  };
-  const std::scoped_lock lock(m_mutex);
-  std::vector<std::size_t> order;
-  std::ranges::copy_if(first, std::back_inserter(order), is_image);
-  std::ranges::remove_copy_if(m_order, std::back_inserter(order), [&order](std::size_t position) {
-    return std::ranges::find(order, position) != order.end();
-  });
-  m_order = std::move(order);
 }
 
 std::optional<Image> ImageQueue::Take(std::size_t position) {
@@ -45,6 +31,14 @@ std::optional<Image> ImageQueue::Take(std::size_t position) {
   m_changed.notify_all();
   if (slot.failure) std::rethrow_exception(slot.failure);
   return std::exchange(slot.image, {});
+}
+
+void ImageQueue::Prefer(std::size_t position) {
+  if (position >= m_slots.size() || m_slots[position].path.empty()) return;
+  const std::scoped_lock lock(m_mutex);
+  if (std::exchange(m_slots[position].preferred, true)) return;
+  m_order.insert(m_order.begin() + static_cast<std::ptrdiff_t>(m_preferred), position);
+  ++m_preferred;
 }
 
 std::optional<std::size_t> ImageQueue::FindDecoded() const {

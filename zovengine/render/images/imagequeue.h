@@ -30,13 +30,14 @@ class ImageQueue : private NonCopyable {
   explicit ImageQueue(std::vector<std::string> paths, const std::vector<std::size_t>& first = {});
   ~ImageQueue();
 
-  /// The worker goes on with the positions in `first`, as far as they are not begun.
-  void Prefer(const std::vector<std::size_t>& first);
-
   /// The image at `position`, empty when it cannot be loaded. Waits for the worker if it is at this
   /// image, and decodes it here if it has not begun. Rethrows an exception of the decoding, such as
   /// std::bad_alloc.
   std::optional<Image> Take(std::size_t position);
+
+  /// Moves an image before all that nobody has preferred; those that were preferred earlier stay
+  /// before it. A position beyond the list is ignored.
+  void Prefer(std::size_t position);
 
   /// The position of an image that Take returns at once; nothing while there is none.
   std::optional<std::size_t> FindDecoded() const;
@@ -47,6 +48,7 @@ class ImageQueue : private NonCopyable {
   struct Slot {
     std::string path;
     Stage stage = Stage::kWaiting;
+    bool preferred = false;
     std::optional<Image> image;
     std::exception_ptr failure;
   };
@@ -56,12 +58,12 @@ class ImageQueue : private NonCopyable {
   void Decode(Slot* slot);
   bool Claim(Slot* slot);
 
-  mutable std::mutex
-      m_mutex;  ///< guards the stages, m_order and m_ahead; a claimed slot has one user
+  mutable std::mutex m_mutex;  ///< guards stages, order and counts; a claimed slot has one user
   std::condition_variable_any m_changed;
   std::vector<Slot> m_slots;
   std::vector<std::size_t> m_order;
-  std::size_t m_ahead = 0;  ///< images that are decoded and not taken
+  std::size_t m_preferred = 0;  ///< positions at the front of m_order
+  std::size_t m_ahead = 0;      ///< images that are decoded and not taken
   std::jthread m_thread;
 };
 

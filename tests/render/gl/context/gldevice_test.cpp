@@ -180,6 +180,17 @@ TEST(GLDevice, ATextureGetsItsMipmapsWhenItIsFirstDrawn) {
   EXPECT_EQ(LevelWidth(5, 1), 0) << "another one waits";
 }
 
+TEST(GLDevice, AFinishedTextureHasItsMipmapsThoughNoFrameShowsIt) {
+  const GLContext context(kSceneWidth, kSceneHeight);
+  const auto device = SceneDevice();
+  device->FinishTexture(4);
+  EXPECT_EQ(LevelWidth(4, 1), 64);
+  EXPECT_EQ(LevelWidth(4, 7), 1);
+  device->FinishTexture(4);
+  device->FinishTexture(4000);
+  EXPECT_EQ(LevelWidth(5, 1), 0) << "another one waits";
+}
+
 TEST(GLDevice, ATextureThatIsReplacedGetsItsMipmapsAtOnce) {
   const GLContext context(kSceneWidth, kSceneHeight);
   const auto device = SceneDevice();
