@@ -181,6 +181,27 @@ TEST(WinMain, TheSystemsAreDeletedInTheirOrder) {
   }
 }
 
+/// A system of a tool, which notes whether it outlives the window.
+class Tool final : public UnpausedSystem {
+ public:
+  explicit Tool(bool* had_window) : m_had_window(had_window) {}
+  ~Tool() override { *m_had_window = g_window_system != nullptr; }
+  void Init() override {}
+  void Update(float) override {}
+  void SendMessage(Message*) override {}
+
+ private:
+  bool* m_had_window;
+};
+
+TEST(WinMain, ToolsGoWhileThereIsAWindow) {
+  World world;
+  bool had_window = false;
+  g_engine->systems.push_back(new Tool(&had_window));
+  OutputOf([&] { world.Shutdown(); });
+  EXPECT_TRUE(had_window);
+}
+
 TEST(WinMain, TheTeardownClearsEveryGlobalPointer) {
   World world;
   world.Shutdown();

@@ -1,5 +1,6 @@
 #include "core/app/winmain.h"
 
+#include <cstddef>
 #include <iostream>
 #include <memory>
 #include <vector>
@@ -28,6 +29,17 @@ void ListCollisionTree(std::vector<TreeRectangle>* out) {
   });
 }
 
+constexpr std::size_t kGameSystems = 8;
+
+/// Tools stand behind the systems of the game and use what those own, such as the context of the
+/// window.
+void DestroyTools() {
+  while (g_engine->systems.size() > kGameSystems) {
+    delete g_engine->systems.back();
+    g_engine->systems.pop_back();
+  }
+}
+
 }  // namespace
 
 void CreateEngine() {
@@ -50,6 +62,7 @@ void InitSystems() {
 }
 
 void DestroyEngine() {
+  DestroyTools();
   for (System* system : g_engine->systems) delete system;
   delete g_engine;
   g_engine = nullptr;

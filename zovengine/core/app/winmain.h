@@ -12,7 +12,8 @@ void CreateEngine();
 /// Calls Init of every system in order; that of the logic system enters the first state.
 void InitSystems();
 
-/// Deletes the systems in order, the factory and with it all objects first, then the engine.
+/// Deletes the systems that were added behind the eight, the last one first, then the eight in
+/// order, the factory and with it all objects first, and then the engine.
 void DestroyEngine();
 
 /// The head of every fixed step: derives the world transforms.
