@@ -63,6 +63,45 @@ TEST_F(TileBrushTest, EraseClearsACell) {
   EXPECT_EQ(Look(0, 5), TileLook());
 }
 
+/// The plate over the cell (1, 1), with a wall upon it.
+TilePlace LayWallOnPlate(TileBook& tiles, const TilePlaces& cells) {
+  const TilePlaces plates(g_editor.m_tile_map, true);
+  const TilePlace plate = plates.At(0, 0);
+  tiles.Lay(plate, NewTile("Tile_Floor"));
+  tiles.Lay(cells.At(1, 1), NewTile("Tile_Wall"));
+  return plate;
+}
+
+TEST_F(TileBrushTest, EraseTakesTheUppermostTileWhateverTextureIsChosen) {
+  const TilePlace plate = LayWallOnPlate(editor->tiles, m_cells);
+  g_editor.m_tile_map.m_mode = "Erase";
+  for (const char* texture : {"Tile_Wall", "Tile_Floor"}) {
+    g_editor.m_tile_map.m_tile_tex = texture;
+    Stroke(1, 1, 1, 1);
+    EXPECT_EQ(Look(1, 1), TileLook());
+    EXPECT_EQ(editor->tiles.Look(plate).texture, "Tile_Floor") << "the wall alone";
+    Stroke(1, 1, 1, 1);
+    EXPECT_EQ(editor->tiles.Look(plate), TileLook()) << "then the floor";
+    LayWallOnPlate(editor->tiles, m_cells);
+  }
+}
+
+TEST_F(TileBrushTest, AStrokeThatErasesFloorsLeavesWalls) {
+  const TilePlace plate = LayWallOnPlate(editor->tiles, m_cells);
+  g_editor.m_tile_map.m_mode = "Erase";
+  Stroke(2, 1, 1, 1);
+  EXPECT_EQ(editor->tiles.Look(plate), TileLook());
+  EXPECT_TRUE(IsWall(1, 1));
+}
+
+TEST_F(TileBrushTest, RotateTurnsAPlateOnceThoughAWallIsChosen) {
+  const TilePlace plate = LayWallOnPlate(editor->tiles, m_cells);
+  g_editor.m_tile_map.m_mode = "Rotate Tile";
+  Stroke(2, 1, 2, 2);
+  EXPECT_EQ(editor->tiles.Look(plate).rotation, -90.0f);
+  EXPECT_EQ(Look(1, 1).rotation, 0.0f);
+}
+
 TEST_F(TileBrushTest, ARowFillsTheMapFromEdgeToEdge) {
   g_editor.m_tile_map.m_mode = "Draw Row";
   Stroke(10, 9, 10, 9);

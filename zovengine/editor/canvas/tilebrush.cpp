@@ -23,6 +23,11 @@ bool Is(const char* mode) {
   return g_editor.m_tile_map.m_mode == mode;
 }
 
+/// True for the tools that work on tiles that are there.
+bool IsForTiles() {
+  return Is("Erase") || Is("Rotate Tile");
+}
+
 bool CanPaint() {
   return !ImGui::GetIO().WantCaptureMouse && MouseInViewport();
 }
@@ -43,7 +48,8 @@ ImVec2 Corner(const TilePlace& place, float x, float y) {
 }  // namespace
 
 void TileBrush::Show(LevelEditor& editor) {
-  const TilePlaces places(g_editor.m_tile_map, IsFloorTexture(g_editor.m_tile_map.m_tile_tex));
+  const bool plates = !IsForTiles() && IsFloorTexture(g_editor.m_tile_map.m_tile_tex);
+  const TilePlaces places(g_editor.m_tile_map, plates);
   const auto cell = places.CellAt(EditorMouseWorld());
   if (cell && CanPaint()) {
     if (ImGui::IsMouseClicked(ImGuiMouseButton_Left)) m_painting = true;
@@ -80,15 +86,37 @@ void TileBrush::PaintCell(LevelEditor& editor, const TilePlaces& places, const C
   }
 }
 
+/// The tile under the middle of a cell on which a tool works that needs one: the uppermost, which
+/// is the wall, unless the stroke began with the other kind.
+std::optional<TilePlace> TileBrush::FindTile(const TilePlace& cell) const {
+  const TilePlaces plates(g_editor.m_tile_map, true);
+  const auto plate =
+      plates.CellAt(Vector3D(static_cast<float>(cell.x), static_cast<float>(cell.y), 0.0f));
+  const auto is_meant = [this](const TilePlace& place) {
+    return (m_size == 0 || m_size == place.size) && !m_book->Look(place).texture.empty();
+  };
+  if (is_meant(cell)) return cell;
+  if (!plate) return std::nullopt;
+  const TilePlace place = plates.At(plate->column, plate->row);
+  return is_meant(place) ? std::optional(place) : std::nullopt;
+}
+
+/// Erases or turns the tile under a cell.
+void TileBrush::ChangeTile(const TilePlace& cell) {
+  const std::optional<TilePlace> place = FindTile(cell);
+  if (!place) return;
+  m_size = place->size;
+  if (Is("Erase")) return m_stroke.Paint(*place, TileLook());
+  if (m_stroke.HasChanged(*place)) return;
+  TileLook look = m_book->Look(*place);
+  look.rotation -= kQuarterTurn;
+  if (look.rotation <= -360.0f) look.rotation += 360.0f;
+  m_stroke.Paint(*place, look);
+}
+
 void TileBrush::PaintPlace(LevelEditor& editor, const TilePlace& place) {
-  TileLook look = m_book->Look(place);
-  if (Is("Erase")) return m_stroke.Paint(place, TileLook());
-  if (Is("Rotate Tile")) {
-    if (look.texture.empty() || m_stroke.HasChanged(place)) return;
-    look.rotation -= kQuarterTurn;
-    if (look.rotation <= -360.0f) look.rotation += 360.0f;
-    return m_stroke.Paint(place, look);
-  }
+  if (IsForTiles()) return ChangeTile(place);
+  const TileLook look = m_book->Look(place);
   if (look.texture.empty() && m_book->Count() >= Room()) {
     if (!m_full) editor.log.Fault("The map holds no more tiles than it has cells.");
     m_full = true;
@@ -100,17 +128,19 @@ void TileBrush::PaintPlace(LevelEditor& editor, const TilePlace& place) {
 void TileBrush::EndStroke(LevelEditor& editor) {
   m_painting = m_full = false;
   m_last.reset();
+  m_size = 0;
   editor.Do(m_stroke.End(g_editor.m_tile_map.m_mode));
 }
 
 void TileBrush::DrawPreview(const TilePlaces& places, const Cell& cell) const {
   ImDrawList& draw = *ImGui::GetBackgroundDrawList();
   const bool row = Is("Draw Row"), column = Is("Draw Column");
-  const TilePlace first = places.At(row ? 0 : cell.column, column ? 0 : cell.row);
-  const TilePlace last =
+  TilePlace first = places.At(row ? 0 : cell.column, column ? 0 : cell.row);
+  TilePlace last =
       places.At(row ? places.Columns() - 1 : cell.column, column ? places.Rows() - 1 : cell.row);
+  if (IsForTiles()) first = last = FindTile(first).value_or(first);
   const ImVec2 from = Corner(first, -1.0f, 1.0f), to = Corner(last, 1.0f, -1.0f);
-  if (!Is("Erase") && !Is("Rotate Tile") && !row && !column) {
+  if (!IsForTiles() && !row && !column) {
     const Thumbnail image = FindThumbnail(g_editor.m_tile_map.m_tile_tex);
     if (image.texture != nullptr)
       draw.AddImage(image.texture, from, to, {0, 0}, {1, 1}, kGhostTint);

@@ -12,8 +12,9 @@ class LevelEditor;
 /// of what a press would paint.
 ///
 /// A stroke lasts from the press of the left button to its release and is one gesture. "Draw Row"
-/// and "Draw Column" fill the line of the map under the mouse, "Rotate Tile" gives each tile that
-/// the stroke touches a quarter turn.
+/// and "Draw Column" fill the line of the map under the mouse. "Erase" and "Rotate Tile" work on
+/// the uppermost tile under the mouse, and for the rest of the stroke on tiles of its size: walls,
+/// or the plates of floors. "Rotate Tile" gives each tile that the stroke touches a quarter turn.
 class TileBrush {
  public:
   explicit TileBrush(TileBook* book) : m_stroke(book), m_book(book) {}
@@ -28,6 +29,8 @@ class TileBrush {
   void PaintLine(LevelEditor& editor, const TilePlaces& places, const Cell& to);
   void PaintCell(LevelEditor& editor, const TilePlaces& places, const Cell& cell);
   void PaintPlace(LevelEditor& editor, const TilePlace& place);
+  void ChangeTile(const TilePlace& cell);
+  std::optional<TilePlace> FindTile(const TilePlace& cell) const;
   void DrawPreview(const TilePlaces& places, const Cell& cell) const;
   void EndStroke(LevelEditor& editor);
 
@@ -36,6 +39,7 @@ class TileBrush {
   bool m_painting = false;
   bool m_full = false;         ///< the author was told that the map holds no more tiles
   std::optional<Cell> m_last;  ///< of the stroke
+  std::int32_t m_size = 0;     ///< of the tiles that the stroke changes; 0 before its first
 };
 
 }  // namespace ZOVEngine
