@@ -66,7 +66,20 @@ TEST_F(LevelEditorTest, ANewLevelIsEmptyAndOnDisk) {
   EXPECT_EQ(g_editor.m_level_name, "Fresh");
   EXPECT_EQ(g_editor.m_tile_map.m_width, 20);
   EXPECT_FALSE(editor->IsChanged());
-  EXPECT_THAT(LevelNames(), ::testing::Contains("Fresh"));
+  EXPECT_THAT(FindLevels().levels, ::testing::Contains("Fresh"));
+}
+
+TEST_F(LevelEditorTest, ScreensOfTheGameAreListedApartFromLevels) {
+  const std::string folder = std::string(kLevelsFolder) + "/MenuLike/";
+  world.Directory().Write(folder + "MenuLike.json", "{}");
+  world.Directory().Write(folder + "Entity/Units.json",
+                          R"({"GameObjFactory": [{"components": ["MainMenuController"]}]})");
+  const std::string broken = std::string(kLevelsFolder) + "/Broken/Broken.json";
+  world.Directory().Write(broken, "{}");
+  const LevelNames names = FindLevels();
+  EXPECT_THAT(names.levels, ::testing::IsSupersetOf({"Broken", "Level01"}));
+  EXPECT_THAT(names.levels, ::testing::Not(::testing::Contains("MenuLike")));
+  EXPECT_THAT(names.screens, ::testing::Contains("MenuLike"));
 }
 
 TEST_F(LevelEditorTest, NamesThatAreNoPlainNewOnesAreRefusedWithASentence) {

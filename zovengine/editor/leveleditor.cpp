@@ -59,6 +59,13 @@ std::string ReadBackground(const std::string& level_text, const std::string& pat
   return value != nullptr && value->IsString() ? value->GetString() : "";
 }
 
+/// True for an object file with a component that runs a screen of the game.
+bool IsScreen(const std::string& path) {
+  const std::string text = ReadWholeFile(path).value_or("");
+  return text.find("\"MainMenuController\"") != std::string::npos ||
+         text.find("\"SplashController\"") != std::string::npos;
+}
+
 void Remember(const std::string& name, std::vector<std::string>* recent) {
   std::erase(*recent, name);
   recent->insert(recent->begin(), name);
@@ -79,14 +86,17 @@ bool IsPlainLetter(char letter) {
 
 }  // namespace
 
-std::vector<std::string> LevelNames() {
-  std::vector<std::string> names;
+LevelNames FindLevels() {
+  LevelNames names;
   std::error_code failed;
   for (const fs::directory_entry& entry : fs::directory_iterator(kLevelsFolder, failed)) {
     const std::string name = entry.path().filename().string();
-    if (fs::exists(LevelPaths(name).level, failed)) names.push_back(name);
+    const LevelPaths paths(name);
+    if (!fs::exists(paths.level, failed)) continue;
+    (IsScreen(paths.objects) ? names.screens : names.levels).push_back(name);
   }
-  std::sort(names.begin(), names.end());
+  std::sort(names.levels.begin(), names.levels.end());
+  std::sort(names.screens.begin(), names.screens.end());
   return names;
 }
 

@@ -106,8 +106,13 @@ class LevelEditor : private NonCopyable {
 /// The session of the program that runs; null while there is no editor.
 extern LevelEditor* g_level_editor;
 
-/// The names of the levels below "Level Editor/Levels", in alphabetical order.
-std::vector<std::string> LevelNames();
+/// What lies below "Level Editor/Levels", each list in alphabetical order.
+struct LevelNames {
+  std::vector<std::string> levels;   ///< all that are no screens, empty and broken ones too
+  std::vector<std::string> screens;  ///< of the game, such as its main menu
+};
+/// Reads the object files of all levels.
+LevelNames FindLevels();
 
 /// Why `name` cannot be the name of a new level, as a sentence; empty if it can.
 std::string FaultOfLevelName(const std::string& name);

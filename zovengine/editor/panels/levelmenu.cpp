@@ -75,16 +75,9 @@ void LevelMenu::Leave(LevelEditor& editor, std::function<void()> action) {
 void LevelMenu::ShowLevelMenu(LevelEditor& editor) {
   if (!ImGui::BeginMenu("Level")) return;
   if (ImGui::MenuItem("New ...")) Leave(editor, [this] { m_dialog = kNewTitle; });
-  if (ImGui::BeginMenu("Open")) {
-    for (const std::string& name : LevelNames()) {
-      if (ImGui::MenuItem(name.c_str())) Leave(editor, [&editor, name] { editor.Open(name); });
-    }
-    ImGui::EndMenu();
-  }
+  ShowOpenMenu(editor);
   if (ImGui::BeginMenu("Recent", !editor.recent.empty())) {
-    for (const std::string& name : std::vector<std::string>(editor.recent)) {
-      if (ImGui::MenuItem(name.c_str())) Leave(editor, [&editor, name] { editor.Open(name); });
-    }
+    OfferLevels(editor, std::vector<std::string>(editor.recent));
     ImGui::EndMenu();
   }
   ImGui::Separator();
@@ -98,6 +91,24 @@ void LevelMenu::ShowLevelMenu(LevelEditor& editor) {
   ImGui::Separator();
   if (ImGui::MenuItem("Quit")) Leave(editor, [] { g_engine->running = false; });
   ImGui::EndMenu();
+}
+
+void LevelMenu::ShowOpenMenu(LevelEditor& editor) {
+  if (!ImGui::BeginMenu("Open")) return;
+  if (ImGui::IsWindowAppearing()) m_names = FindLevels();
+  OfferLevels(editor, m_names.levels);
+  if (!m_names.screens.empty()) {
+    ImGui::Separator();
+    ImGui::TextDisabled("Screens of the game");
+    OfferLevels(editor, m_names.screens);
+  }
+  ImGui::EndMenu();
+}
+
+void LevelMenu::OfferLevels(LevelEditor& editor, const std::vector<std::string>& names) {
+  for (const std::string& name : names) {
+    if (ImGui::MenuItem(name.c_str())) Leave(editor, [&editor, name] { editor.Open(name); });
+  }
 }
 
 void LevelMenu::ShowEditMenu(LevelEditor& editor) {

@@ -19,6 +19,8 @@ class LevelMenu {
 
  private:
   void ShowLevelMenu(LevelEditor& editor);
+  void ShowOpenMenu(LevelEditor& editor);
+  void OfferLevels(LevelEditor& editor, const std::vector<std::string>& names);
   void ShowEditMenu(LevelEditor& editor);
   void ShowViewMenu(LevelEditor& editor);
   void ShowState(LevelEditor& editor);
@@ -29,6 +31,7 @@ class LevelMenu {
   void Leave(LevelEditor& editor, std::function<void()> action);
 
   NewLevel m_new;
+  LevelNames m_names;               ///< as of the opening of the menu
   std::string m_dialog;             ///< the title of the one to open
   std::function<void()> m_pending;  ///< waits for the answer about unsaved work
   std::vector<std::string> m_recoverable;
