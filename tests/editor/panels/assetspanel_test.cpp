@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <utility>
+
 #include "editor/editordata.h"
 #include "support/paneltest.h"
 
@@ -55,6 +57,31 @@ TEST_F(AssetsPanelTest, AFolderOutsideTheAssetsIsRefused) {
     EXPECT_EQ(g_editor.m_asset_dir, before);
     EXPECT_THAT(LastLine(), HasSubstr("no folder within Resources"));
   }
+}
+
+TEST_F(AssetsPanelTest, AFileIsImportedByItsPath) {
+  ChooseAssetFolder(*editor, "Resources/Sound/SFX");
+  world.Directory().Write("Elsewhere/clank.ogg", "clank");
+  Click(At("Path of an image"));
+  Type("Elsewhere/clank.ogg");
+  Press(ImGuiKey_Enter);
+  EXPECT_EQ(world.Directory().Read("Resources/Sound/SFX/clank.ogg"), "clank");
+  EXPECT_THAT(LastLine(), HasSubstr("Copied clank.ogg to Resources/Sound/SFX"));
+}
+
+TEST_F(AssetsPanelTest, AFileThatCannotBeImportedSaysWhy) {
+  ChooseAssetFolder(*editor, "Resources/Sound/SFX");
+  world.Directory().Write("Elsewhere/notes.txt", "z");
+  world.Directory().Write("Elsewhere/boom.ogg", "another");
+  for (const auto& [path, fault] :
+       {std::pair("Elsewhere/notes.txt", "is no image"),
+        {"Elsewhere/none.png", "cannot be found"},
+        {"", "is no image"},
+        {"Elsewhere/boom.ogg", "there is a file Resources/Sound/SFX/boom.ogg"}}) {
+    EXPECT_FALSE(ImportFile(*editor, path)) << path;
+    EXPECT_THAT(LastLine(), HasSubstr(fault));
+  }
+  EXPECT_EQ(world.Directory().Read("Resources/Sound/SFX/boom.ogg"), std::string(3000, 'x'));
 }
 
 TEST_F(AssetsPanelTest, AFileThatCameLaterIsMarkedAsNew) {

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "editor/assetimport.h"
 #include "editor/editordata.h"
 #include "editor/leveleditor.h"
 #include "editor/panels/flow.h"
@@ -45,6 +46,18 @@ bool IsWithinAssets(const std::string& folder) {
   return end == assets.end();
 }
 
+/// Why the file cannot be copied to `target`; empty if it can.
+std::string FaultOfImport(const std::string& path, const std::string& target) {
+  const std::string kind = ClassifyFile(path);
+  std::error_code failed;
+  if (kind != "image" && kind != "sound") {
+    return "is no image (png, jpg, dds) and no sound (ogg, mp3, wav).";
+  }
+  if (!fs::is_regular_file(path, failed)) return "cannot be found.";
+  if (fs::exists(target, failed)) return "was not copied: there is a file " + target + ".";
+  return "";
+}
+
 std::string Marked(const AssetFile& file, bool is_new) {
   return is_new ? "NEW  " + file.name : file.name;
 }
@@ -63,9 +76,27 @@ bool ChooseAssetFolder(LevelEditor& editor, const std::string& folder) {
   return true;
 }
 
+bool ImportFile(LevelEditor& editor, const std::string& path) {
+  const std::string name = DroppedName(path);
+  const std::string target = g_editor.m_asset_dir + "/" + name;
+  std::string fault = FaultOfImport(path, target);
+  std::error_code failed;
+  if (fault.empty()) {
+    ImportDroppedFiles(g_editor.m_asset_dir, {path});
+    if (!fs::exists(target, failed)) fault = "could not be copied to " + target + ".";
+  }
+  if (!fault.empty()) {
+    editor.log.Fault("\"" + path + "\" " + fault);
+    return false;
+  }
+  editor.log.Say("Copied " + name + " to " + g_editor.m_asset_dir + ".");
+  return true;
+}
+
 void AssetsPanel::Show(LevelEditor& editor) {
   Refresh();
   ShowFolder(editor);
+  ShowImport(editor);
   ImGui::SetNextItemWidth(kFolderWidth);
   TextField("##search", &m_search, "Search");
   FlowTo(RadioWidth("Images"));
@@ -110,6 +141,14 @@ void AssetsPanel::ShowFolder(LevelEditor& editor) {
     FlowTo(ButtonWidth(label));
     if (ImGui::Button(label)) ChooseAssetFolder(editor, folder);
   }
+}
+
+void AssetsPanel::ShowImport(LevelEditor& editor) {
+  ImGui::SetNextItemWidth(-1.0f);
+  const bool entered =
+      TextField("##import", &m_import, "Path of an image or a sound to copy there, then Enter",
+                ImGuiInputTextFlags_EnterReturnsTrue);
+  if (entered && ImportFile(editor, m_import)) m_import.clear();
 }
 
 void AssetsPanel::ShowImages() {
