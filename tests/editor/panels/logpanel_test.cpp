@@ -28,5 +28,17 @@ TEST_F(LogPanelTest, TheLatestLineIsScrolledIntoView) {
   EXPECT_GE(scroll, most - 1.0f);
 }
 
+TEST_F(LogPanelTest, AFaultIsNewUntilThePanelWasShown) {
+  carapace_test::ImGuiContextForTest context{400.0f, 200.0f};
+  LogPanel panel;
+  editor->log.Say("Saved.");
+  EXPECT_FALSE(panel.HasNewFault(*editor));
+  editor->log.Fault("Left out.");
+  editor->log.Say("Opened.");
+  EXPECT_TRUE(panel.HasNewFault(*editor));
+  context.Frame([&] { panel.Show(*editor); });
+  EXPECT_FALSE(panel.HasNewFault(*editor));
+}
+
 }  // namespace
 }  // namespace ZOVEngine

@@ -49,8 +49,9 @@ ImageSize ReadImageSize(const std::string& path) {
 
 std::optional<std::uint32_t> FindTexture(const std::string& key) {
   const auto found = g_render_system->m_textures.find(key);
-  // An unknown key that something has tried to draw is in the map with the number 0.
-  if (found == g_render_system->m_textures.end()) return std::nullopt;
+  // An unknown key that something has tried to draw is in the map with the number 0, the empty one
+  // of sprites without an image among them.
+  if (key.empty() || found == g_render_system->m_textures.end()) return std::nullopt;
   if (found->second >= g_render_system->m_texture_paths.size()) return std::nullopt;
   if (g_render_system->m_texture_paths[found->second].find(key) == std::string::npos) {
     return std::nullopt;
@@ -113,7 +114,8 @@ void EndList() {
 bool ChooseFrom(const std::vector<std::string>& names, bool as_textures, std::string* chosen) {
   bool changed = false;
   for (const std::string& name : names) {
-    if (!ContainsIgnoringCase(name, OpenSearch())) continue;
+    // A row without a name would have no id, over which ImGui ends the program.
+    if (name.empty() || !ContainsIgnoringCase(name, OpenSearch())) continue;
     ImGui::PushID(name.c_str());
     if (as_textures) {
       const ImVec2 from = ImGui::GetCursorPos();

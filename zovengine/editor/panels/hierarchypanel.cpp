@@ -221,7 +221,7 @@ void HierarchyPanel::ShowNode(LevelEditor& editor, std::size_t index) {
   if (editor.IsSelected(row.path)) flags |= ImGuiTreeNodeFlags_Selected;
   ImGui::SetNextItemOpen(row.open);
   ImGui::PushStyleColor(ImGuiCol_Text, KindColour(row.kind));
-  ImGui::TreeNodeEx("node", flags, "%s", row.name.c_str());
+  ImGui::TreeNodeEx("node", flags, "%s", row.name.empty() ? "(no name)" : row.name.c_str());
   ImGui::PopStyleColor();
   if (GImGui->HoveredIdTimer > kHoverTime) {
     HoverText(row.name + "\n" + JoinComponents(editor, row.path));

@@ -2,6 +2,8 @@
 
 #include <imgui.h>
 
+#include <algorithm>
+
 #include "editor/leveleditor.h"
 
 namespace ZOVEngine {
@@ -10,6 +12,12 @@ namespace {
 const ImVec4 kFaultLine(1.0f, 0.53f, 0.55f, 1.0f);
 
 }  // namespace
+
+bool LogPanel::HasNewFault(const LevelEditor& editor) const {
+  const std::vector<EditorLog::Line>& lines = editor.log.Lines();
+  return std::any_of(lines.begin() + static_cast<std::ptrdiff_t>(m_seen), lines.end(),
+                     [](const EditorLog::Line& line) { return line.fault; });
+}
 
 void LogPanel::Show(LevelEditor& editor) {
   const std::vector<EditorLog::Line>& lines = editor.log.Lines();

@@ -34,10 +34,15 @@ bool BeginPanel(const char* title, float left, float top, float width, float hei
   return ImGui::Begin(title, nullptr, kFlags);
 }
 
+const ImVec4 kFaultTitle(1.0f, 0.53f, 0.55f, 1.0f);
+
 /// A tab of the present tab bar with one panel in it.
 template <class Panel>
-void Tab(const char* title, Panel& panel, LevelEditor& editor) {
-  if (!ImGui::BeginTabItem(title)) return;
+void Tab(const char* title, Panel& panel, LevelEditor& editor, bool alarmed = false) {
+  if (alarmed) ImGui::PushStyleColor(ImGuiCol_Text, kFaultTitle);
+  const bool shown = ImGui::BeginTabItem(title);
+  if (alarmed) ImGui::PopStyleColor();
+  if (!shown) return;
   ImGui::BeginChild(title);
   panel.Show(editor);
   ImGui::EndChild();
@@ -95,7 +100,7 @@ void EditorLayout::ShowBottom(LevelEditor& editor, float top) {
       ImGui::BeginTabBar("check tabs")) {
     Tab("Problems", m_problems, editor);
     Tab("History", m_history, editor);
-    Tab("Log", m_log, editor);
+    Tab("Log", m_log, editor, m_log.HasNewFault(editor));
     Tab("Winnable?", m_trial, editor);
     ImGui::EndTabBar();
   }

@@ -47,8 +47,10 @@ void ApplyColours(ImVec4* colours) {
   colours[ImGuiCol_Header] = raised;
   colours[ImGuiCol_HeaderHovered] = edge;
   colours[ImGuiCol_HeaderActive] = green;
-  colours[ImGuiCol_CheckMark] = colours[ImGuiCol_SliderGrab] = accent;
-  colours[ImGuiCol_SliderGrabActive] = Colour(46, 230, 166);
+  colours[ImGuiCol_CheckMark] = accent;
+  // A slider's number is written over its grip.
+  colours[ImGuiCol_SliderGrab] = Colour(134, 98, 22);
+  colours[ImGuiCol_SliderGrabActive] = green;
   colours[ImGuiCol_Tab] = Colour(11, 16, 36);
   colours[ImGuiCol_TabHovered] = edge;
   colours[ImGuiCol_TabActive] = raised;
