@@ -101,9 +101,11 @@ class Effects(unittest.TestCase):
             played = child(shots()[name], "bullet_hit")["Animation"]
             self.assertLessEqual(played["m_once_frames"] * played["m_time_per_frame"], 0.1, name)
 
-    def test_a_bar_has_a_tick_for_each_point_of_health_up_to_ten(self):
-        frames = {kind: child(unit, "ui_hp_frame")["Render"]["m_tex"] for kind, unit in MADE.items()}
-        self.assertEqual(frames, {"player": "UI_HpBarFrame4", "enemy": "UI_HpBarFrame3", "boss": "UI_HpBarFrame"})
+    def test_a_bar_has_a_tick_for_each_point_of_health_up_to_twelve(self):
+        made = {**MADE, "boss of a level": unit_record({**UNITS["boss"], "health": 12}, 1)}
+        frames = {kind: child(unit, "ui_hp_frame")["Render"]["m_tex"] for kind, unit in made.items()}
+        self.assertEqual(frames, {"player": "UI_HpBarFrame4", "enemy": "UI_HpBarFrame3", "boss": "UI_HpBarFrame",
+                                  "boss of a level": "UI_HpBarFrame12"})
 
 
 if __name__ == "__main__":

@@ -29,7 +29,7 @@ SIDES = {
     "boss": dict(look="Boss", gun="Boss", fire="Violet", light=((0.63 / 300, 0.42 / 300, 1.0 / 300), 40), death=8, seconds=0.08),
 }
 # A bar has a tick for each point of health up to this.
-TICKS = 10
+TICKS = 12
 BOSS_SHOTS = {"MiddleProj": "EXPLOSION", "LeftProjPhase1": "BASIC", "RightProjPhase1": "BASIC",
               "LeftProjPhase2": "EXPLOSION", "RightProjPhase2": "EXPLOSION"}
 
