@@ -11,7 +11,7 @@ UNSEEN = 8  # alpha, of 255: the tail of a glow
 # Families of images that are painted up to the rim, and why that may be so. One that names no such image any more is to go.
 FULL = {
     r"Tile_\w+|Wall_\w+|Space_Ribs|Shade_Wall|Decal_Stripes": "goes on in the image beside it",
-    r"UI_Fade|UI_Backdrop": "a flat sheet larger than the screen",
+    r"UI_Fade\w*|UI_Backdrop": "a flat sheet larger than the screen",
     r"Menu_Deck\w+": "goes on beyond the edge of the screen",
     r"yellow": "one flat colour, for lines",
     r"UI_HpBarFrame\d*|Hud_EnergyFrame": "a frame as large as its bar, the same at opposite edges",
