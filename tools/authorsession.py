@@ -9,7 +9,7 @@ PLAYERS = ((-600, 240), (-600, -240))
 ENEMIES = ((600, 240), (600, -240))
 HAZARD, HAZARD_MOVED = (300, 0), (300, -240)
 FLOOR_ROWS = [420 - 120 * row for row in range(8)]
-COVER = ((30, 150), (30, -150))  # the stroke of a wall in the middle
+COVER = [((x, 150), (x, -150)) for x in (-30, 30)]  # the strokes of a wall in the middle, two cells thick
 RENAMED = "Gunner"
 FIRST_TURN = "Enemy Unit Select"  # what the game prints when a level runs
 
@@ -39,7 +39,8 @@ class AuthorSession:
         self.editor.stroke((-930, 0))
         self.editor.stroke((930, 0))
         self.editor.choose_tile("Wall", "Draw Single")
-        self.editor.stroke(*COVER)
+        for ends in COVER:
+            self.editor.stroke(*ends)
         self.editor.settle()
 
     def place_units(self):

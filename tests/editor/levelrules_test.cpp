@@ -457,6 +457,14 @@ const Json& At(const rapidjson::Document& file, const std::vector<std::uint32_t>
   return *record;
 }
 
+TEST(LevelRules, ALevelWithoutUnitsMissesNothingThatUnitsBring) {
+  LevelDraft draft;
+  for (const char* unit : {"player1", "player2", "enemy1"}) draft.DropChild("level", unit);
+  const std::vector<std::string> sentences = SentencesOf(ProblemsOf(draft));
+  EXPECT_THAT(sentences, Contains(HasSubstr("the level has no Player")));
+  EXPECT_THAT(sentences, Not(Contains(HasSubstr("no element"))));
+}
+
 TEST(LevelRules, TheAddressOfAProblemLeadsToItsObject) {
   LevelDraft draft;
   Field("bullet_hit", "Render", "m_tex", "\"Nothing\"")(draft);

@@ -8,6 +8,8 @@ namespace {
 /// Names of the program's tables that no level needs: one element does nothing, one is set while
 /// the level runs, and the handler reports a button that was forgotten.
 const NameSet kUnneeded = {"ui_element_default", "ui_selection_circle", "default"};
+/// Elements that units bring with them; a level without units is told of those.
+const NameSet kOfUnits = {"ui_font", "ui_selection_circle_off"};
 /// Buttons that are hints of keys; they are shown and have no handler.
 const NameSet kKeyHints = {"ui_skip", "ui_cycle_left", "ui_cycle_right", "ui_undo"};
 /// The pieces of the glossary, which its tabs look for below the level's root and beside
@@ -46,6 +48,7 @@ void RequireAll(const char* what, const std::string& missing, LevelReport* repor
 
 void CheckInterface(const LevelView& level, const KnownAssets& known, LevelReport* report) {
   NameSet elements, buttons, pieces;
+  bool has_units = false;
   for (const ObjectView& object : level.objects.All()) {
     const std::string element(object.Text("UIElement", "m_ui_element_name", "ui_element_default"));
     if (object.Has("UIElement") && !known.behaviours.contains(element)) {
@@ -55,10 +58,12 @@ void CheckInterface(const LevelView& level, const KnownAssets& known, LevelRepor
     if (object.Has("Button") && !known.handlers.contains(click) && !kKeyHints.contains(click)) {
       report->Add("interface-button", object, "is a button of the unknown name " + click);
     }
+    has_units = has_units || object.Has("Player") || object.Has("Enemy");
     if (object.Has("UIElement")) elements.insert(element);
     if (object.Has("Button")) buttons.insert(click);
     if (IsWhereTabsLook(object, level)) pieces.insert(object.name);
   }
+  if (!has_units) elements.insert(kOfUnits.begin(), kOfUnits.end());
   RequireAll("element", Missing(known.behaviours, elements), report);
   RequireAll("button", Missing(known.handlers, buttons), report);
   RequireAll("hint", Missing(kKeyHints, buttons), report);

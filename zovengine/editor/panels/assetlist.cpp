@@ -102,6 +102,8 @@ bool BeginList(const char* label, const std::string& shown) {
   if (ImGui::IsWindowAppearing()) ImGui::SetKeyboardFocusHere();
   ImGui::SetNextItemWidth(-1.0f);
   TextField("##search", &OpenSearch(), "Search");
+  // The field alone would take the key, and the next click would only close the list.
+  if (ImGui::IsKeyPressed(ImGui::GetKeyIndex(ImGuiKey_Escape), false)) ImGui::CloseCurrentPopup();
   ImGui::BeginChild("list");
   return true;
 }

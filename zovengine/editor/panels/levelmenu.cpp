@@ -17,6 +17,7 @@
 namespace ZOVEngine {
 namespace {
 
+constexpr int kOfferFrame = 2;  ///< in which work that was found is offered
 constexpr const char* kNewTitle = "New level";
 constexpr const char* kUnsavedTitle = "Unsaved work";
 constexpr const char* kRecoveryTitle = "Unsaved work was found";
@@ -55,7 +56,9 @@ float LevelMenu::Show(LevelEditor& editor) {
     height = ImGui::GetWindowHeight();
     ImGui::EndMainMenuBar();
   }
-  if (!std::exchange(m_offered, true)) {
+  // Not in the first frame: over panels that appear in the frame of a dialog ImGui ends the
+  // program.
+  if (m_frames <= kOfferFrame && m_frames++ == kOfferFrame) {
     m_recoverable = RecoverableLevels();
     if (!m_recoverable.empty()) m_dialog = kRecoveryTitle;
   }
@@ -187,13 +190,14 @@ void LevelMenu::ShowRecoveryDialog(LevelEditor& editor) {
   for (const std::string& name : std::vector<std::string>(m_recoverable)) {
     ImGui::PushID(name.c_str());
     ImGui::BulletText("%s", name.c_str());
-    const bool recover = DialogButton("Recover"), drop = DialogButton("Throw away");
+    const bool recover = DialogButton("Recover");
+    const bool drop = ImGui::Button("Throw away", kWideButton);
     if (recover) Recover(editor, name);
     if (drop) DropRecovery(name);
     if (recover || drop) std::erase(m_recoverable, name);
-    ImGui::NewLine();
     ImGui::PopID();
   }
+  if (m_recoverable.empty()) ImGui::CloseCurrentPopup();
   DialogButton("Later");
   ImGui::EndPopup();
 }

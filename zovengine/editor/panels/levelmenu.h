@@ -35,7 +35,7 @@ class LevelMenu {
   std::string m_dialog;             ///< the title of the one to open
   std::function<void()> m_pending;  ///< waits for the answer about unsaved work
   std::vector<std::string> m_recoverable;
-  bool m_offered = false;  ///< the work of an earlier editor
+  int m_frames = 0;  ///< that were shown, until the work of an earlier editor was offered
 };
 
 }  // namespace ZOVEngine

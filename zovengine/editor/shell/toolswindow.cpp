@@ -48,8 +48,8 @@ void ApplyColours(ImVec4* colours) {
   colours[ImGuiCol_HeaderHovered] = edge;
   colours[ImGuiCol_HeaderActive] = green;
   colours[ImGuiCol_CheckMark] = accent;
-  // A slider's number is written over its grip.
-  colours[ImGuiCol_SliderGrab] = Colour(134, 98, 22);
+  // A slider's number is written over its grip, a progress over its bar.
+  colours[ImGuiCol_SliderGrab] = colours[ImGuiCol_PlotHistogram] = Colour(134, 98, 22);
   colours[ImGuiCol_SliderGrabActive] = green;
   colours[ImGuiCol_Tab] = Colour(11, 16, 36);
   colours[ImGuiCol_TabHovered] = edge;
