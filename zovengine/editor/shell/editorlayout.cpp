@@ -13,7 +13,7 @@ namespace {
 
 constexpr float kLeftWidth = 250.0f;    // (unit: pixels)
 constexpr float kRightWidth = 390.0f;   // (unit: pixels)
-constexpr float kBottomLeast = 220.0f;  // height of the lower panels in a small window
+constexpr float kBottomLeast = 280.0f;  // height of the lower panels in a small window
 
 /// True for a rectangle of the window that covers no part of the picture of the level.
 bool IsBesidePicture(float left, float top, float width, float height) {
