@@ -41,6 +41,31 @@ TEST_F(HierarchyPanelTest, ALevelIsScrolledPastThePaintOnItsFloor) {
   EXPECT_LT(At("level").y, 60.0f);
 }
 
+TEST_F(HierarchyPanelTest, TheKindIsWrittenBesideTheName) {
+  DoubleClickText("enemy1");
+  Type("brute");
+  Press(ImGuiKey_Enter);
+  Search("brute");
+  EXPECT_TRUE(Sees("brute"));
+  EXPECT_TRUE(Sees("enemy"));
+}
+
+TEST_F(HierarchyPanelTest, TheKindIsNotWrittenOverALongName) {
+  DoubleClickText("enemy1");
+  Type("brute_with_a_name_that_is_long");
+  Press(ImGuiKey_Enter);
+  Search("brute");
+  EXPECT_TRUE(Sees("brute_with"));
+  EXPECT_FALSE(Sees("enemy"));
+}
+
+TEST_F(HierarchyPanelTest, AnObjectWithoutANameIsARowToo) {
+  const ObjectPath path = PathOf("player1");
+  editor->document.Json()["GameObjFactory"][path[0]]["Childs"][path[1]]["name"].SetString("");
+  Search("Player");
+  EXPECT_TRUE(Sees("(no name)"));
+}
+
 TEST_F(HierarchyPanelTest, AClickSelectsAnObject) {
   ClickText("player1");
   EXPECT_EQ(editor->selection, Selection{PathOf("player1")});

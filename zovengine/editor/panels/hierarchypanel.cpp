@@ -68,9 +68,13 @@ bool IsPicked() {
   return ImGui::IsItemDeactivated() && ImGui::IsItemHovered();
 }
 
-void ShowKindWord(ObjectKind kind) {
+/// Writes the kind at the end of the row, unless the name reaches as far.
+void ShowKindWord(ObjectKind kind, const std::string& name) {
   const char* word = KindWord(kind);
   const float width = ImGui::CalcTextSize(word).x;
+  const float name_end = ImGui::GetItemRectMin().x + ImGui::GetTreeNodeToLabelSpacing() +
+                         ImGui::CalcTextSize(name.c_str()).x;
+  if (name_end > ImGui::GetWindowPos().x + ImGui::GetWindowContentRegionMax().x - width) return;
   ImGui::SameLine(ImGui::GetWindowContentRegionMax().x - width);
   ImGui::TextDisabled("%s", word);
 }
@@ -237,7 +241,7 @@ void HierarchyPanel::ShowNode(LevelEditor& editor, std::size_t index) {
   DragRow(row);
   DropOnRow(row);
   ShowContextMenu(editor, row);
-  ShowKindWord(row.kind);
+  ShowKindWord(row.kind, row.name);
 }
 
 void HierarchyPanel::ShowNameField(LevelEditor& editor, const Row& row) {
