@@ -166,14 +166,19 @@ class WholeGame(Session):
 
     def leave(self):
         tap("Escape")
-        self.player.click("ui_pause_quittomenu")
-        self.player.click("ui_pause_quittomenu_yes")
+        self.choose("ui_pause_quittomenu")
+        self.choose("ui_pause_quittomenu_yes")
         self.player.turn_to("MainMenu")
         self.player.point_at(REST)
         self.expect("menu", [HOLE])
-        self.player.click("menu_quit")
-        self.player.click("menu_quit_yes")
+        self.choose("menu_quit")
+        self.choose("menu_quit_yes")
         self.assert_orderly_end(self.game)
+
+    def choose(self, button):
+        """Clicks on a button once it answers to the mouse."""
+        self.player.wait_for(button)
+        self.player.press()
 
 
 if __name__ == "__main__":
