@@ -19,6 +19,7 @@ LOOK_PAUSE = 0.25  # seconds between two looks: a picture takes as long as some 
 # World units.
 SAMPLES = 4.5  # between the samples that look for units
 BODY = (30, 150)  # a unit's body is about 75 wide and high, its bar of health only 7 high, a closing ring much larger
+SOLID = 0.15  # of its rectangle a body fills at least; the strip that shows an enemy's aim fills a tenth when it lies across
 ARENA = 475  # from the middle up and down: beyond lie the strips with the keys and the weapons
 NEAR = 12  # two looks at the same unit differ by less, however it is turned
 MUZZLE = (28, 45)  # how far the yellow end of a gun is from the middle of its unit; the corners of its outline are farther
@@ -32,7 +33,7 @@ SHOT_SEEN = 50  # the middle of a shot against its ground
 
 def is_green(r, g, b):
     """Whether a colour is a player's: smoke in its light is bluer."""
-    return g > r + 60 and g > b + 34
+    return g > 100 and g > r + 45 and g > b + 14
 
 
 def is_red(r, g, b):
@@ -82,7 +83,8 @@ class View:
         return self.picture.crop(x, y, round(width * self.ratio), round(height * self.ratio))
 
     def units(self, colour):
-        """The middles of the bodies of one side, from the top downwards.
+        """The middles of the bodies of one side, from the top downwards: of what is coloured, not of its rectangle, whose sides
+        lie on legs that are as thin as the samples.
 
         A ring that closes around a selected unit hides the units of its side that it touches.
         """
@@ -96,8 +98,9 @@ class View:
             patch = _take_patch(left, grid)
             xs, ys = [x for x, _ in patch], [y for _, y in patch]
             sides = sorted((max(xs) - min(xs), max(ys) - min(ys)))
-            if BODY[0] * self.ratio <= sides[0] and sides[1] <= BODY[1] * self.ratio:
-                places.append(self.place_at(((max(xs) + min(xs)) / 2, (max(ys) + min(ys)) / 2)))
+            filled = len(patch) * grid * grid / ((sides[0] + grid) * (sides[1] + grid))
+            if BODY[0] * self.ratio <= sides[0] and sides[1] <= BODY[1] * self.ratio and filled >= SOLID:
+                places.append(self.place_at((sum(xs) / len(xs), sum(ys) / len(ys))))
         return sorted(places, key=lambda place: -place[1])
 
     def gun_bearing(self, unit):
