@@ -10,6 +10,7 @@
 #include "physics/components/transform.h"
 #include "render/components/imodel.h"
 #include "render/components/render.h"
+#include "render/graphicsconfig.h"
 #include "render/graphicsfiles.h"
 #include "render/picturefiles.h"
 #include "render/rendersystem.h"
@@ -151,6 +152,15 @@ TEST(TextureLoader, AFileThatDoesNotOpenIsReportedOnceAndTheLastImageComesAllThe
     EXPECT_FALSE(has(0));
   });
   EXPECT_EQ(CountOf(output, kTextureError), 1u);
+}
+
+TEST(TextureLoader, WhatWasBegunBeforeTheStartIsNotReadAgain) {
+  LoadingScene scene({"default.tga", "shown.tga"},
+                     {{"default.tga", OnePixel(1, 1, 1)}, {"shown.tga", OnePixel(2, 2, 2)}});
+  g_render_system->BeginTextures();
+  scene.world.Directory().Write(kGraphicsConfigPath, R"({"texPath": 7})");
+  OutputOf([] { g_render_system->Init(); });
+  EXPECT_EQ(g_render_system->m_textures.at("shown"), 1u);
 }
 
 TEST(TextureLoader, AFirstTextureThatFailsLeavesTheOthers) {

@@ -174,9 +174,9 @@ void RenderSystem::StartTextures() {
   m_loader.Start(m_texture_paths, {m_background_tex, kCrosshairTexture}, &m_textures);
 }
 
-/// The keys of the screen that is loaded.
+/// The keys of the screen that is loaded, but for those that every screen shows.
 std::vector<std::string> RenderSystem::ShownTextures() const {
-  std::vector<std::string> keys{m_background_tex, kCrosshairTexture};
+  std::vector<std::string> keys;
   for (const Render* render : m_render_table->Components()) {
     if (render->m_visible) keys.push_back(render->m_tex);
   }

@@ -19,6 +19,11 @@ class HierarchyPanelTest : public PanelTest {
     Click(ImVec2(100.0f, 18.0f));
     Type(text);
   }
+  void Rename(const char* object, const std::string& name) {
+    DoubleClickText(object);
+    Type(name);
+    Press(ImGuiKey_Enter);
+  }
   void ChooseFromMenu(const std::string& object, const std::string& item) {
     Click(At(object), 1);
     Show(2);
@@ -42,18 +47,14 @@ TEST_F(HierarchyPanelTest, ALevelIsScrolledPastThePaintOnItsFloor) {
 }
 
 TEST_F(HierarchyPanelTest, TheKindIsWrittenBesideTheName) {
-  DoubleClickText("enemy1");
-  Type("brute");
-  Press(ImGuiKey_Enter);
+  Rename("enemy1", "brute");
   Search("brute");
   EXPECT_TRUE(Sees("brute"));
   EXPECT_TRUE(Sees("enemy"));
 }
 
 TEST_F(HierarchyPanelTest, TheKindIsNotWrittenOverALongName) {
-  DoubleClickText("enemy1");
-  Type("brute_with_a_name_that_is_long");
-  Press(ImGuiKey_Enter);
+  Rename("enemy1", "brute_with_a_name_that_is_long");
   Search("brute");
   EXPECT_TRUE(Sees("brute_with"));
   EXPECT_FALSE(Sees("enemy"));
@@ -125,9 +126,7 @@ TEST_F(HierarchyPanelTest, ASelectionFromElsewhereOpensItsNodesAndIsScrolledTo) 
 
 TEST_F(HierarchyPanelTest, ADoubleClickRenames) {
   const ObjectPath unit = PathOf("player1");
-  DoubleClickText("player1");
-  Type("scout");
-  Press(ImGuiKey_Enter);
+  Rename("player1", "scout");
   EXPECT_EQ(editor->document.Name(unit), "scout");
   EXPECT_EQ(ObjectAt(unit)->name, "scout");
   EXPECT_EQ(editor->history.Size(), 1u);
@@ -148,9 +147,7 @@ TEST_F(HierarchyPanelTest, NamesThatTheGameUsesItselfAreRefused) {
     EXPECT_NE(FaultOfObjectName(name), "") << name;
   }
   EXPECT_EQ(FaultOfObjectName("tiles"), "");
-  DoubleClickText("player1");
-  Type("tile");
-  Press(ImGuiKey_Enter);
+  Rename("player1", "tile");
   EXPECT_EQ(editor->history.Size(), 0u);
   EXPECT_THAT(LastLine(), ::testing::HasSubstr("\"tile\""));
 }
