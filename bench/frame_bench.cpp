@@ -12,6 +12,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <iostream>
+#include <map>
 #include <memory>
 #include <vector>
 
@@ -106,6 +107,7 @@ class Stage {
 
   /// Enters the level anew and plays until it is a player's turn.
   void ReachPlayersTurn() {
+    m_healths.clear();
     ChangeState(kReenterState, "");
     Step();
     SeedRand(kSeed);
@@ -118,8 +120,8 @@ class Stage {
 
   /// Fires a shot of the acting unit unless one is in the air, and keeps everybody alive.
   void Play() {
-    for (GameObj* unit : Controller().m_players) unit->GetComponent<Player>()->m_health = 1000;
-    for (GameObj* unit : Controller().m_enemies) unit->GetComponent<Enemy>()->m_health = 1000;
+    Heal<Player>(Controller().m_players);
+    Heal<Enemy>(Controller().m_enemies);
     GameObj* unit = Controller().m_selected;
     const auto flies = [](const GameObj* child) {
       return child->active && child->name.find("Projectile") != std::string::npos;
@@ -128,6 +130,15 @@ class Stage {
     const float angle = 0.7f * static_cast<float>(++m_shots);
     unit->GetComponent<Player>()->Fire(
         Vector3D(1000.0f * std::cos(angle), 1000.0f * std::sin(angle), 1.0f));
+  }
+
+  /// Gives the units the health with which they were seen first, so that their bars stay as wide.
+  template <class Kind>
+  void Heal(const std::vector<GameObj*>& units) {
+    for (GameObj* unit : units) {
+      int& health = unit->GetComponent<Kind>()->m_health;
+      health = m_healths.try_emplace(unit, health).first->second;
+    }
   }
 
   Enemy& Boss() {
@@ -151,6 +162,7 @@ class Stage {
   std::unique_ptr<GLDevice> m_device =
       MakeGLDevice(Swap, [](int interval) { g_native->SetSwapInterval(interval); });
   int m_shots = 0;
+  std::map<const GameObj*, int> m_healths;
 };
 
 Frames TimePlay(Stage* stage) {

@@ -425,6 +425,16 @@ TEST(RenderUpdate, StacksTilesInstancesHazardsWorldLinesInterfaceTimedLinesAndTe
   EXPECT_EQ(draws[8].kind, Kind::kText);
 }
 
+TEST(RenderUpdate, TheGroundIsTheBackgroundAndTheTiles) {
+  Scene scene;
+  scene.AddSprite("sprite", "one");
+  for (int i = 0; i < 3; ++i) Of<Render>(scene.AddSprite("tile", "two")).m_tile = true;
+  scene.Draw();
+  EXPECT_EQ(scene.System().LastFrame().ground, 4u);
+  scene.Draw();
+  EXPECT_EQ(scene.System().LastFrame().ground, 4u) << "of each frame";
+}
+
 TEST(RenderUpdate, DepthsAndLayersDoNotSort) {
   Scene scene;
   GameObj* high = scene.AddSprite("high", "one");

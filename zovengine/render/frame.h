@@ -21,6 +21,8 @@ struct TextureWindow {
   float u_right = 1.0f;
   float v_top = 0.0f;
   float v_bottom = 1.0f;
+
+  bool operator==(const TextureWindow&) const = default;
 };
 
 /// Where a quad or mesh stands: its points are scaled, then turned about z, then moved.
@@ -28,6 +30,8 @@ struct Placement {
   Vector3D translate;           ///< (unit: world units)
   float rotate_radians = 0.0f;  ///< counter-clockwise
   Vector3D scale{1.0f, 1.0f, 1.0f};
+
+  bool operator==(const Placement&) const = default;
 };
 
 /// A vertex of a mesh in the object's own space.
@@ -52,6 +56,8 @@ struct GlyphQuad {
 struct LightRecord {
   Vector3D position, ambient, diffuse, specular;
   float ambientStr = 0.0f, diffuseStr = 0.0f, specularStr = 0.0f;
+
+  bool operator==(const LightRecord&) const = default;
 };
 
 /// One draw of the frame, in plain values.
@@ -77,6 +83,8 @@ struct DrawCommand {
   std::uint32_t first = 0;
   std::uint32_t count = 0;
   std::uint32_t base_vertex = 0;  ///< of kMesh and kOutline, into Frame::vertices
+
+  bool operator==(const DrawCommand&) const = default;
 };
 
 /// One frame as data: the passes write it and the device executes it.
@@ -90,6 +98,7 @@ struct Frame {
   std::vector<LightRecord>
       lights;  ///< their number is the uniform `size`, even above a shader's limit
   std::vector<DrawCommand> commands;
+  std::uint32_t ground = 0;  ///< the first so many commands change seldom: background and tiles
   std::vector<MeshVertex> vertices;
   std::vector<std::uint32_t> indices;
   std::vector<GlyphQuad> glyphs;
@@ -99,6 +108,7 @@ struct Frame {
   void Clear() {
     lights.clear();
     commands.clear();
+    ground = 0;
     vertices.clear();
     indices.clear();
     glyphs.clear();

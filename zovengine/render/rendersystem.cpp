@@ -260,6 +260,7 @@ void RenderSystem::DrawWorld() {
   LightPass(m_light_table->Components(), &frame.lights);
   BackgroundPass(m_background_tex, m_painter);
   TilePass(m_sprites.tiles, m_painter);
+  frame.ground = static_cast<std::uint32_t>(frame.commands.size());
   InstancedPass(m_sprites.instances, m_painter);
   WorldPass(m_sprites.hazards, step, m_painter);
   WorldPass(m_sprites.world, step, m_painter);

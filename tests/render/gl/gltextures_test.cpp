@@ -81,4 +81,14 @@ TEST(TextureUnitsTest, AUnitCanBeTakenByNumber) {
   EXPECT_EQ(units.Take(42), 0);
 }
 
+TEST(TextureUnits, KnowWhatWasOnThemAtTheStartOfTheFrame) {
+  TextureUnits units;
+  units.StartFrame();
+  units.TakeUnit(2, 7);
+  EXPECT_EQ(units.AtStart()[2], 0u);
+  units.StartFrame();
+  units.TakeUnit(2, 9);
+  EXPECT_EQ(units.AtStart()[2], 7u);
+}
+
 }  // namespace carapace_test

@@ -21,15 +21,22 @@ DrawCommand Tile(float column, float row) {
   return QuadCommand(column * kSide, row * kSide, kSide, kSide, 0, Program::kLight);
 }
 
-/// The order of `commands` in the light of one lamp at the origin.
-std::vector<std::uint32_t> Order(const std::vector<DrawCommand>& commands) {
+/// The order of `commands`, of which `ground` are the ground, in the light of one lamp at the
+/// origin.
+std::vector<std::uint32_t> Order(const std::vector<DrawCommand>& commands, std::size_t ground = 0) {
   TileOrder order;
-  order.Build(commands, Field({LightAt(0, 0)}));
+  order.Build(commands, ground, Field({LightAt(0, 0)}));
   return order.Order();
 }
 
 TEST(TileOrder, DarkTilesComeBeforeLitOnesAndEachKindInItsOrder) {
   EXPECT_THAT(Order({Tile(0, 0), Tile(20, 0), Tile(1, 0), Tile(21, 0)}), ElementsAre(1, 3, 0, 2));
+}
+
+TEST(TileOrder, TheGroundStaysBeforeTheRest) {
+  EXPECT_THAT(Order({Tile(0, 0), Tile(20, 0), Tile(1, 0), Tile(21, 0)}, 3),
+              ElementsAre(1, 0, 2, 3));
+  EXPECT_THAT(Order({Tile(0, 0), Tile(1, 0), Tile(2, 0), Tile(20, 0)}, 2), ElementsAre(0, 1, 3, 2));
 }
 
 TEST(TileOrder, TilesInOneCellKeepTheirOrder) {
@@ -64,8 +71,8 @@ TEST(TileOrder, AFrameWithoutCommandsHasNone) {
 TEST(TileOrder, AShorterFrameLeavesNothingOfALongerOne) {
   TileOrder order;
   const LightField dark = Field({});
-  order.Build({Tile(0, 0), Tile(1, 0)}, dark);
-  order.Build({Tile(0, 0)}, dark);
+  order.Build({Tile(0, 0), Tile(1, 0)}, 0, dark);
+  order.Build({Tile(0, 0)}, 0, dark);
   EXPECT_THAT(order.Order(), ElementsAre(0));
 }
 

@@ -118,10 +118,11 @@ void ToolsWindow::PutStillDevice(bool live) {
     m_device = g_gl_device;
     const ImVec4 panel = ImGui::GetStyleColorVec4(ImGuiCol_WindowBg);
     m_still = std::make_unique<StillDevice>(
-        m_device, StillDevice::Keeper{[this] { m_picture.Keep(); },
-                                      [this, panel] {
-                                        m_picture.Show({panel.x, panel.y, panel.z});
-                                      }});
+        m_device,
+        StillDevice::Keeper{[this] { m_picture.Keep(CurrentViewport()); },
+                            [this, panel] {
+                              m_picture.ShowAmid({panel.x, panel.y, panel.z}, CurrentViewport());
+                            }});
     g_gl_device = m_still.get();
   } else {
     g_gl_device = m_device;

@@ -14,4 +14,11 @@ using WorldBox = Box<struct WorldSpace>;
 /// A rectangle in clip space: the screen spans -1 to 1 in both directions.
 using ScreenBox = Box<struct ClipSpace>;
 
+/// A rectangle of pixels; `left` and `bottom` count from the lower left corner.
+struct PixelBox {
+  int left = 0, bottom = 0, width = 0, height = 0;
+
+  bool operator==(const PixelBox&) const = default;
+};
+
 }  // namespace ZOVEngine

@@ -9,6 +9,8 @@
 #include <unordered_set>
 
 #include "render/gl/glatlas.h"
+#include "render/gl/glground.h"
+#include "render/gl/glkept.h"
 #include "render/gl/gloptions.h"
 #include "render/gl/glplanner.h"
 #include "render/gl/glprogram.h"
@@ -34,6 +36,17 @@ const void* Offset(std::size_t bytes) {
   return reinterpret_cast<const void*>(bytes);  // NOLINT(performance-no-int-to-ptr)
 }
 
+Matrix4x4 UpsideDown(const Matrix4x4& projection) {
+  Matrix4x4 out = projection;
+  for (float& number : out.at[1]) number = -number;
+  return out;
+}
+
+bool Meet(const PixelBox& a, const PixelBox& b) {
+  return a.left < b.left + b.width && b.left < a.left + a.width && a.bottom < b.bottom + b.height &&
+         b.bottom < a.bottom + a.height;
+}
+
 std::string DriverText(GLenum name) {
   const GLubyte* text = glGetString(name);
   return text ? reinterpret_cast<const char*>(text) : "";
@@ -53,9 +66,10 @@ bool IsAtLeast33(GLint major, GLint minor) {
 /// The device on OpenGL 3.3, compatibility profile.
 ///
 /// Execute plans the whole frame first (FramePlanner), uploads the planned vertices, indices and
-/// instances with one call each, and then issues the planned draws. Texture number i is the texture
-/// object of name i, object 0 included. The depth test is never on: the order of commands is the
-/// stacking order.
+/// instances with one call each, and then issues the planned draws. The ground is drawn into a
+/// picture that is kept, and there only where it changed, unless the view moves. Texture number i
+/// is the texture object of name i, object 0 included. The depth test is never on: the order of
+/// commands is the stacking order.
 class RealGLDevice final : public GLDevice {
  public:
   RealGLDevice(const GLOptions& options, void (*swap_buffers)(), void (*set_swap_interval)(int))
@@ -87,6 +101,15 @@ class RealGLDevice final : public GLDevice {
   void Upload(GLuint buffer, std::size_t bytes, const void* data);
   void MakeMipmaps(GLuint texture);
   void UploadPlan();
+  void DrawGround(const Frame& frame);
+  bool KeepsGround();
+  void FindChangedParts();
+  void DrawKeptGround(const Frame& frame);
+  void RestoreUnits();
+  void DrawGroundPart(const Frame& frame, const PixelBox& part);
+  bool TouchesPart(const DrawRun& run, const PixelBox& part) const;
+  void DrawGroundRuns(const Frame& frame);
+  void Bind(const DrawRun& run);
   void Draw(const DrawRun& run, const Frame& frame);
   void Prepare(const DrawRun& run, const Frame& frame);
   void SetCommandValues(const DrawRun& run);
@@ -103,9 +126,15 @@ class RealGLDevice final : public GLDevice {
   std::unordered_set<std::uint32_t> m_without_mipmaps;
   FramePlanner m_planner{&m_programs, &m_atlas, &m_units};
   Matrix4x4 m_projection;
-  std::uint64_t m_projection_number = 0;
+  Matrix4x4 m_drawn_projection;  ///< the same, or upside down
+  std::uint64_t m_resources_number = 0;
   std::uint64_t m_frame_number = 0;
   std::vector<float> m_packed_lights;
+  PixelBox m_viewport;
+  GroundWatch m_watch;
+  KeptPicture m_ground;
+  std::vector<PixelBox> m_changed_parts;  ///< of the picture
+  bool m_ground_is_kept = false;          ///< the picture shows the ground of the last frame
   bool m_ready = false;
   GLuint m_sprite_array = 0, m_corner_array = 0, m_instance_array = 0;
   GLuint m_vertex_buffer = 0, m_corner_buffer = 0, m_index_buffer = 0, m_instance_buffer = 0;
@@ -134,17 +163,19 @@ std::string RealGLDevice::Start() {
 void RealGLDevice::ResetViewport(int width, int height, double aspect) {
   glMatrixMode(GL_PROJECTION);
   glLoadIdentity();
-  glViewport(0, 0, width, height);
+  SetViewport(0, 0, width, height);
   gluPerspective(kFieldOfView, aspect, kNearPlane, kFarPlane);
   glMatrixMode(GL_MODELVIEW);
 }
 
 void RealGLDevice::SetViewport(int left, int bottom, int width, int height) {
+  m_viewport = {left, bottom, width, height};
   glViewport(left, bottom, width, height);
 }
 
 std::uint32_t RealGLDevice::CompileProgram(Program program, const std::string& vertex_source,
                                            const std::string& fragment_source) {
+  m_ground_is_kept = false;
   const auto at = static_cast<std::size_t>(program);
   m_programs[at] = ProgramSet(vertex_source, fragment_source, PicksByNumber(), m_options.stream);
   m_reaches[at] = m_programs[at].Plain() ? m_programs[at].Plain()->LightReach() : 0.0f;
@@ -153,8 +184,9 @@ std::uint32_t RealGLDevice::CompileProgram(Program program, const std::string& v
 
 void RealGLDevice::CreateResources(const Matrix4x4& projection) {
   Release();
-  m_projection = projection;
-  ++m_projection_number;
+  m_ground_is_kept = false;
+  m_projection = m_drawn_projection = projection;
+  ++m_resources_number;
   GLuint* buffers[] = {&m_vertex_buffer, &m_corner_buffer, &m_index_buffer, &m_instance_buffer};
   for (GLuint* buffer : buffers) glGenBuffers(1, buffer);
   CreateSpriteArray();
@@ -175,6 +207,7 @@ void RealGLDevice::UploadTexture(std::uint32_t position, const Image& image) {
   const std::size_t bytes = 4u * static_cast<std::size_t>(std::max(image.width, 0)) *
                             static_cast<std::size_t>(std::max(image.height, 0));
   if (bytes == 0 || image.pixels.size() < bytes) return;
+  m_ground_is_kept = false;
   m_state.EditTexture(position);
   glTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA, image.width, image.height, 0, GL_RGBA, GL_UNSIGNED_BYTE,
                image.pixels.data());
@@ -206,7 +239,84 @@ void RealGLDevice::Execute(const Frame& frame) {
   m_planner.Plan(frame, m_reaches, m_projection);
   PackLights(frame.lights, &m_packed_lights);
   UploadPlan();
-  for (const DrawRun& run : m_planner.Runs()) Draw(run, frame);
+  DrawGround(frame);
+  const std::vector<DrawRun>& runs = m_planner.Runs();
+  for (std::size_t i = m_planner.GroundRuns(); i < runs.size(); ++i) Draw(runs[i], frame);
+}
+
+/// A ground that is different everywhere may be so again in the next frame: it is drawn straight to
+/// the window.
+void RealGLDevice::DrawGround(const Frame& frame) {
+  const float reach = m_reaches[static_cast<std::size_t>(Program::kLight)];
+  if (!m_watch.Compare(frame, m_projection, reach) || !KeepsGround()) {
+    m_ground_is_kept = false;
+    return DrawGroundRuns(frame);
+  }
+  FindChangedParts();
+  DrawKeptGround(frame);
+  m_ground.Show(m_viewport);
+}
+
+bool RealGLDevice::KeepsGround() {
+  const auto& [left, bottom, width, height] = m_viewport;
+  if (!m_options.keep_ground || width <= 0 || height <= 0) return false;
+  if (!m_ground.HasSize(width, height)) m_ground_is_kept = false;
+  return m_ground.Fit(width, height);
+}
+
+void RealGLDevice::FindChangedParts() {
+  const auto& [left, bottom, width, height] = m_viewport;
+  m_changed_parts.clear();
+  if (!m_ground_is_kept) return m_changed_parts.push_back({0, 0, width, height});
+  for (const ScreenBox& box : m_watch.Changed()) {
+    const PixelBox part = TouchedPixels(box, width, height);
+    if (part.width > 0) m_changed_parts.push_back(part);
+  }
+}
+
+void RealGLDevice::DrawKeptGround(const Frame& frame) {
+  m_ground_is_kept = true;
+  if (m_changed_parts.empty()) {
+    // The plan counts on the textures that the ground leaves on their units.
+    for (std::size_t i = 0; i < m_planner.GroundRuns(); ++i) Bind(m_planner.Runs()[i]);
+    return;
+  }
+  m_ground.BeginDrawing();
+  m_drawn_projection = UpsideDown(m_projection);
+  for (const PixelBox& part : m_changed_parts) {
+    m_ground.BeginPart(part);
+    RestoreUnits();
+    DrawGroundPart(frame, part);
+  }
+  m_drawn_projection = m_projection;
+  m_ground.EndDrawing(m_viewport);
+}
+
+/// Binds the textures on which the plan of this frame builds, so that it can be drawn once more.
+void RealGLDevice::RestoreUnits() {
+  int unit = 0;
+  for (const GLuint texture : m_units.AtStart()) m_state.UseTexture(unit++, texture);
+}
+
+void RealGLDevice::DrawGroundPart(const Frame& frame, const PixelBox& part) {
+  for (std::size_t i = 0; i < m_planner.GroundRuns(); ++i) {
+    const DrawRun& run = m_planner.Runs()[i];
+    if (TouchesPart(run, part)) {
+      Draw(run, frame);
+    } else {
+      Bind(run);
+    }
+  }
+}
+
+bool RealGLDevice::TouchesPart(const DrawRun& run, const PixelBox& part) const {
+  ScreenBox box;
+  if (!run.bounds || !m_watch.FindOnScreen(*run.bounds, &box)) return true;
+  return Meet(TouchedPixels(box, m_viewport.width, m_viewport.height), part);
+}
+
+void RealGLDevice::DrawGroundRuns(const Frame& frame) {
+  for (std::size_t i = 0; i < m_planner.GroundRuns(); ++i) Draw(m_planner.Runs()[i], frame);
 }
 
 void RealGLDevice::Release() {
@@ -300,12 +410,17 @@ void RealGLDevice::UploadPlan() {
   Upload(m_instance_buffer, m_planner.Instances().Bytes(), m_planner.Instances().Data());
 }
 
-void RealGLDevice::Draw(const DrawRun& run, const Frame& frame) {
+/// Binds the textures that the plan puts on their units before `run`.
+void RealGLDevice::Bind(const DrawRun& run) {
   for (std::size_t i = 0; i < run.bind_count; ++i) {
     const TextureBind& bind = m_units.Binds()[run.first_bind + i];
     MakeMipmaps(bind.texture);
     m_state.BindTexture(bind.unit, bind.texture);
   }
+}
+
+void RealGLDevice::Draw(const DrawRun& run, const Frame& frame) {
+  Bind(run);
   if (run.glyph_page != 0) m_state.UseTexture(kGlyphUnit, run.glyph_page);
   m_state.UseProgram(run.program->Name());
   Prepare(run, frame);
@@ -325,10 +440,11 @@ void RealGLDevice::Draw(const DrawRun& run, const Frame& frame) {
 
 void RealGLDevice::Prepare(const DrawRun& run, const Frame& frame) {
   GLProgram& program = *run.program;
-  if (program.prepared_projection != m_projection_number) {
-    program.prepared_projection = m_projection_number;
-    program.SetConstants(m_projection);
+  if (program.prepared_resources != m_resources_number) {
+    program.prepared_resources = m_resources_number;
+    program.SetConstants();
   }
+  program.SetProjection(m_drawn_projection);
   if (program.prepared_frame != m_frame_number) {
     program.prepared_frame = m_frame_number;
     program.SetView(frame.view, frame.view_pos);

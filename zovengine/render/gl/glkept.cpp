@@ -3,33 +3,57 @@
 #include <GL/glew.h>
 
 namespace ZOVEngine {
-namespace {
 
-struct Viewport {
-  Viewport() { glGetIntegerv(GL_VIEWPORT, &left); }
-  GLint left = 0, bottom = 0, width = 0, height = 0;
-};
+PixelBox CurrentViewport() {
+  GLint at[4] = {};
+  glGetIntegerv(GL_VIEWPORT, at);
+  return {at[0], at[1], at[2], at[3]};
+}
 
-}  // namespace
-
-void KeptPicture::Keep() {
-  const Viewport from;
-  if (from.width != m_width || from.height != m_height) Resize(from.width, from.height);
+void KeptPicture::Keep(const PixelBox& viewport) {
+  const auto& [left, bottom, width, height] = viewport;
+  Fit(width, height);
   glBindFramebuffer(GL_DRAW_FRAMEBUFFER, m_framebuffer);
-  glBlitFramebuffer(from.left, from.bottom, from.left + from.width, from.bottom + from.height, 0, 0,
-                    m_width, m_height, GL_COLOR_BUFFER_BIT, GL_NEAREST);
+  glBlitFramebuffer(left, bottom, left + width, bottom + height, 0, m_height, m_width, 0,
+                    GL_COLOR_BUFFER_BIT, GL_NEAREST);
   glBindFramebuffer(GL_DRAW_FRAMEBUFFER, 0);
 }
 
-void KeptPicture::Show(const Colour& around) const {
-  const Viewport to;
+bool KeptPicture::Fit(int width, int height) {
+  if (!HasSize(width, height)) Resize(width, height);
+  return m_is_drawable;
+}
+
+void KeptPicture::BeginDrawing() {
+  glBindFramebuffer(GL_FRAMEBUFFER, m_framebuffer);
+  glViewport(0, 0, m_width, m_height);
+}
+
+void KeptPicture::BeginPart(const PixelBox& part) {
+  glEnable(GL_SCISSOR_TEST);
+  glScissor(part.left, m_height - part.bottom - part.height, part.width, part.height);
+  glClear(GL_COLOR_BUFFER_BIT);
+}
+
+void KeptPicture::EndDrawing(const PixelBox& viewport) {
+  glDisable(GL_SCISSOR_TEST);
+  glBindFramebuffer(GL_FRAMEBUFFER, 0);
+  glViewport(viewport.left, viewport.bottom, viewport.width, viewport.height);
+}
+
+void KeptPicture::Show(const PixelBox& viewport) const {
+  glBindFramebuffer(GL_READ_FRAMEBUFFER, m_framebuffer);
+  glBlitFramebuffer(0, m_height, m_width, 0, viewport.left, viewport.bottom,
+                    viewport.left + viewport.width, viewport.bottom + viewport.height,
+                    GL_COLOR_BUFFER_BIT, GL_NEAREST);
+  glBindFramebuffer(GL_READ_FRAMEBUFFER, 0);
+}
+
+void KeptPicture::ShowAmid(const Colour& around, const PixelBox& viewport) const {
   glClearColor(around.red, around.green, around.blue, 1.0f);
   glClear(GL_COLOR_BUFFER_BIT);
   glClearColor(0.0f, 0.0f, 0.0f, 1.0f);  // as the renderer leaves it
-  glBindFramebuffer(GL_READ_FRAMEBUFFER, m_framebuffer);
-  glBlitFramebuffer(0, 0, m_width, m_height, to.left, to.bottom, to.left + to.width,
-                    to.bottom + to.height, GL_COLOR_BUFFER_BIT, GL_NEAREST);
-  glBindFramebuffer(GL_READ_FRAMEBUFFER, 0);
+  Show(viewport);
 }
 
 void KeptPicture::Resize(int width, int height) {
@@ -44,6 +68,7 @@ void KeptPicture::Resize(int width, int height) {
   glBindRenderbuffer(GL_RENDERBUFFER, 0);
   glBindFramebuffer(GL_FRAMEBUFFER, m_framebuffer);
   glFramebufferRenderbuffer(GL_FRAMEBUFFER, GL_COLOR_ATTACHMENT0, GL_RENDERBUFFER, m_pixels);
+  m_is_drawable = glCheckFramebufferStatus(GL_FRAMEBUFFER) == GL_FRAMEBUFFER_COMPLETE;
   glBindFramebuffer(GL_FRAMEBUFFER, 0);
 }
 

@@ -17,7 +17,8 @@ struct GLOptions {
   };
 
   TextureChoice texture_choice = TextureChoice::kByDriver;
-  bool stream = true;  ///< false: a draw call for every command, its values set as uniforms
+  bool stream = true;       ///< false: a draw call for every command, its values set as uniforms
+  bool keep_ground = true;  ///< false: the whole ground is drawn in every frame
 };
 
 /// MakeGLDevice with options other than the defaults.

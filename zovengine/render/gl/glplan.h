@@ -4,9 +4,11 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 #include "render/frame.h"
+#include "render/gl/glbox.h"
 #include "render/gl/glprogram.h"
 
 namespace ZOVEngine {
@@ -49,6 +51,7 @@ struct DrawRun {
   std::uint32_t instance_count = 0;  ///< 0: not instanced
   int unit = 0;                      ///< texture unit that a program of one texture samples
   GLuint glyph_page = 0;             ///< 0: no text
+  std::optional<WorldBox> bounds;    ///< of runs of the ground alone, and not of plain ones
 };
 
 /// A growing array that keeps its memory, for records that are written field by field in place.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace ZOVEngine {
 
@@ -97,6 +98,18 @@ WorldBox Bounds(const Matrix4x4& model) {
   return {model.m[3] - wide, model.m[3] + wide, model.m[7] - high, model.m[7] + high};
 }
 
+WorldBox Bounds(const StreamVertex* vertices, const std::uint32_t* index,
+                const std::uint32_t* end) {
+  constexpr float kFar = std::numeric_limits<float>::max();
+  WorldBox box{kFar, -kFar, kFar, -kFar};
+  for (; index != end; ++index) {
+    const float* at = vertices[*index].position;
+    box = {std::min(box.left, at[0]), std::max(box.right, at[0]), std::min(box.bottom, at[1]),
+           std::max(box.top, at[1])};
+  }
+  return box;
+}
+
 /// Places a corner of the unit quad by `model`. The quad is flat, so its z plays no part.
 void PlaceCorner(const Matrix4x4& model, const StreamVertex& corner, CornerVertex* out) {
   const float x = corner.position[0];
@@ -118,9 +131,23 @@ void Transpose(const Matrix4x4& matrix, float columns[16]) {
 void FramePlanner::Plan(const Frame& frame, const Reaches& reaches, const Matrix4x4& projection) {
   Reset(frame, reaches);
   FindBackground(projection);
-  m_order.Build(frame.commands, m_lights[static_cast<std::size_t>(Program::kLight)]);
-  for (const std::uint32_t position : m_order.Order()) Add(frame.commands[position]);
+  const std::size_t ground = std::min<std::size_t>(frame.ground, frame.commands.size());
+  m_order.Build(frame.commands, ground, m_lights[static_cast<std::size_t>(Program::kLight)]);
+  const std::vector<std::uint32_t>& order = m_order.Order();
+  for (std::size_t i = 0; i < ground; ++i) Add(frame.commands[order[i]]);
+  FinishGround();
+  for (std::size_t i = ground; i < order.size(); ++i) Add(frame.commands[order[i]]);
   CloseRun();
+}
+
+void FramePlanner::FinishGround() {
+  CloseRun();
+  m_ground_runs = m_runs.size();
+  for (DrawRun& run : m_runs) {
+    if (run.plain || run.corners || run.glyph_page != 0) continue;
+    const std::uint32_t* first = m_indices.Data() + run.first_index;
+    run.bounds = Bounds(m_vertices.Data(), first, first + run.index_count);
+  }
 }
 
 void FramePlanner::Reset(const Frame& frame, const Reaches& reaches) {

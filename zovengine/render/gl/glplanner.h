@@ -36,6 +36,8 @@ class FramePlanner {
   void Plan(const Frame& frame, const Reaches& reaches, const Matrix4x4& projection);
 
   const std::vector<DrawRun>& Runs() const { return m_runs; }
+  /// How many of the runs, the first ones, draw the ground; no run draws both ground and others.
+  std::size_t GroundRuns() const { return m_ground_runs; }
   const Stream<StreamVertex>& Vertices() const { return m_vertices; }
   const Stream<CornerVertex>& Corners() const { return m_corners; }
   const Stream<std::uint32_t>& Indices() const { return m_indices; }
@@ -52,6 +54,7 @@ class FramePlanner {
     bool operator==(const RunKey&) const = default;
   };
 
+  void FinishGround();
   void Reset(const Frame& frame, const Reaches& reaches);
   void FindBackground(const Matrix4x4& projection);
   void GatherOccluders(std::size_t first);
@@ -110,6 +113,7 @@ class FramePlanner {
   Occluders m_occluders;
   const DrawCommand* m_background = nullptr;
   std::vector<DrawRun> m_runs;
+  std::size_t m_ground_runs = 0;
   Stream<StreamVertex> m_vertices;
   Stream<CornerVertex> m_corners;
   Stream<std::uint32_t> m_indices;

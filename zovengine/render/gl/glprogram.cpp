@@ -113,14 +113,19 @@ GLProgram::GLProgram(GLuint name) : m_name(name) {
   if (m_at[kColour] < 0) m_at[kColour] = glGetUniformLocation(name, "textColour");
 }
 
-void GLProgram::SetConstants(const Matrix4x4& projection) {
+void GLProgram::SetConstants() {
   constexpr float kWhite[4] = {1.0f, 1.0f, 1.0f, 1.0f};
   constexpr GLint kUnits[kSpriteUnits] = {0, 1, 2, 3, 4, 5, 6, 7};
-  glUniformMatrix4fv(m_at[kRatio], 1, GL_TRUE, projection.m);
   glUniform3f(m_at[kSpecular], kMaterialSpecular, kMaterialSpecular, kMaterialSpecular);
   glUniform1f(m_at[kShine], kMaterialShine);
   if (m_at[kSamplers] >= 0) glUniform1iv(m_at[kSamplers], kSpriteUnits, kUnits);
   SetColour(kWhite);
+}
+
+void GLProgram::SetProjection(const Matrix4x4& projection) {
+  if (SetIfChanged(&m_last_projection, &projection, sizeof projection)) {
+    glUniformMatrix4fv(m_at[kRatio], 1, GL_TRUE, projection.m);
+  }
 }
 
 void GLProgram::SetView(const Matrix4x4& view, const Vector3D& view_pos) {

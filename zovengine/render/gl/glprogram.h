@@ -41,8 +41,9 @@ class GLProgram {
   /// Takes over `name`, a linked program.
   explicit GLProgram(GLuint name);
 
-  /// Sets the values that never change: projection, white `ourColour`, material, sampler units.
-  void SetConstants(const Matrix4x4& projection);
+  /// Sets the values that seldom change: white `ourColour`, material, sampler units.
+  void SetConstants();
+  void SetProjection(const Matrix4x4& projection);
   /// Sets `view` and `viewPos`.
   void SetView(const Matrix4x4& view, const Vector3D& view_pos);
   /// Sets the `lights` array by its members' names, and `size`.
@@ -63,8 +64,8 @@ class GLProgram {
 
   /// Number of the frame for which view and lights were set last.
   std::uint64_t prepared_frame = 0;
-  /// Number of the projection that SetConstants was given.
-  std::uint64_t prepared_projection = 0;
+  /// Number of the resources for which SetConstants was called last.
+  std::uint64_t prepared_resources = 0;
 
  private:
   enum Uniform {
@@ -90,6 +91,7 @@ class GLProgram {
   GLuint m_name;
   std::array<GLint, kUniformCount> m_at;
   std::vector<LightLocations> m_lights;
+  Matrix4x4 m_last_projection;
   Matrix4x4 m_last_view;
   Vector3D m_last_view_pos;
   std::array<float, 4> m_last_colour{};

@@ -26,7 +26,10 @@ struct TextureBind {
 class TextureUnits {
  public:
   /// Starts a new frame: the list of binds is empty, the units keep their textures.
-  void StartFrame() { m_binds.clear(); }
+  void StartFrame() {
+    m_binds.clear();
+    m_at_start = m_textures;
+  }
   /// Starts a new run: all units may be given to other textures.
   void StartRun() { m_used = 0; }
   /// The unit of `texture` for the current run, planning a bind where needed; -1 when the run has
@@ -41,6 +44,8 @@ class TextureUnits {
 
   /// All binds planned in this frame, in order.
   const std::vector<TextureBind>& Binds() const { return m_binds; }
+  /// The textures of the units at the start of this frame.
+  const std::array<GLuint, kSpriteUnits>& AtStart() const { return m_at_start; }
   /// Number of units that the current run uses.
   int UsedCount() const;
   /// The last note of NoteOpaque; false without one.
@@ -52,6 +57,7 @@ class TextureUnits {
   std::uint8_t Shape(GLuint texture) const;
 
   std::array<GLuint, kSpriteUnits> m_textures{};
+  std::array<GLuint, kSpriteUnits> m_at_start{};
   std::array<std::uint64_t, kSpriteUnits> m_last_use{};
   std::vector<TextureBind> m_binds;
   std::vector<std::uint8_t> m_shapes;

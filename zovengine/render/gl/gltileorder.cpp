@@ -27,10 +27,12 @@ bool SharesLattice(const Placement& a, const Placement& b) {
          IsWhole((b.translate.y - a.translate.y) / a.scale.y);
 }
 
-/// The end of the tiles that begin at `first`; `first` itself when there is no tile.
-std::size_t EndOfTiles(const std::vector<DrawCommand>& commands, std::size_t first) {
+/// The end, up to `limit`, of the tiles that begin at `first`; `first` itself when there is no
+/// tile.
+std::size_t EndOfTiles(const std::vector<DrawCommand>& commands, std::size_t first,
+                       std::size_t limit) {
   std::size_t end = first;
-  while (end < commands.size() && IsTile(commands[end]) &&
+  while (end < limit && IsTile(commands[end]) &&
          SharesLattice(commands[first].placement, commands[end].placement)) {
     ++end;
   }
@@ -46,14 +48,21 @@ WorldBox Bounds(const Placement& upright) {
   return {middle.x - wide, middle.x + wide, middle.y - high, middle.y + high};
 }
 
-void TileOrder::Build(const std::vector<DrawCommand>& commands, const LightField& lights) {
+void TileOrder::Build(const std::vector<DrawCommand>& commands, std::size_t ground,
+                      const LightField& lights) {
   m_order.resize(commands.size());
   std::iota(m_order.begin(), m_order.end(), 0u);
   m_classes.resize(commands.size());
-  for (std::size_t first = 0; first < commands.size();) {
-    const std::size_t end = EndOfTiles(commands, first);
-    if (end > first + 1) Sort(commands, first, end, lights);
-    first = std::max(end, first + 1);
+  SortTiles(commands, 0, ground, lights);
+  SortTiles(commands, ground, commands.size(), lights);
+}
+
+void TileOrder::SortTiles(const std::vector<DrawCommand>& commands, std::size_t first,
+                          std::size_t end, const LightField& lights) {
+  while (first < end) {
+    const std::size_t end_of_tiles = EndOfTiles(commands, first, end);
+    if (end_of_tiles > first + 1) Sort(commands, first, end_of_tiles, lights);
+    first = std::max(end_of_tiles, first + 1);
   }
 }
 

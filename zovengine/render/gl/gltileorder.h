@@ -20,13 +20,17 @@ WorldBox Bounds(const Placement& upright);
 /// keep their order.
 class TileOrder {
  public:
-  /// Makes the order for `commands`; `lights` are those of the lit program.
-  void Build(const std::vector<DrawCommand>& commands, const LightField& lights);
+  /// Makes the order for `commands`, in which the first `ground` stay the first; `lights` are those
+  /// of the lit program.
+  void Build(const std::vector<DrawCommand>& commands, std::size_t ground,
+             const LightField& lights);
 
   /// Positions of the commands.
   const std::vector<std::uint32_t>& Order() const { return m_order; }
 
  private:
+  void SortTiles(const std::vector<DrawCommand>& commands, std::size_t first, std::size_t end,
+                 const LightField& lights);
   void Sort(const std::vector<DrawCommand>& commands, std::size_t first, std::size_t end,
             const LightField& lights);
 

@@ -11,6 +11,7 @@
 namespace carapace_test {
 namespace {
 
+using ZOVEngine::CurrentViewport;
 using ZOVEngine::KeptPicture;
 using Colour = std::array<std::uint8_t, 3>;
 
@@ -47,7 +48,7 @@ class KeptPictureTest : public testing::Test {
     const std::uint8_t* pixel = picture.At(x, picture.height - 1 - bottom);
     return {pixel[0], pixel[1], pixel[2]};
   }
-  void Show() { m_kept.Show({0.2f, 0.4f, 0.6f}); }
+  void Show() { m_kept.ShowAmid({0.2f, 0.4f, 0.6f}, CurrentViewport()); }
 
   GLContext m_context;
   KeptPicture m_kept;
@@ -55,7 +56,7 @@ class KeptPictureTest : public testing::Test {
 
 TEST_F(KeptPictureTest, IsShownPixelByPixelAmidTheColour) {
   DrawImage();
-  m_kept.Keep();
+  m_kept.Keep(CurrentViewport());
   Fill(0, 0, 60, 40, kBlue);
   Show();
   EXPECT_EQ(PixelAt(10, 5), kBlue);
@@ -73,7 +74,7 @@ TEST_F(KeptPictureTest, IsShownPixelByPixelAmidTheColour) {
 
 TEST_F(KeptPictureTest, IsShownWhereTheViewportIsNow) {
   DrawImage();
-  m_kept.Keep();
+  m_kept.Keep(CurrentViewport());
   glViewport(31, 20, 20, 16);
   Show();
   EXPECT_EQ(PixelAt(31, 20), kBlue);
@@ -83,10 +84,10 @@ TEST_F(KeptPictureTest, IsShownWhereTheViewportIsNow) {
 
 TEST_F(KeptPictureTest, IsKeptAgainInAnotherSize) {
   DrawImage();
-  m_kept.Keep();
+  m_kept.Keep(CurrentViewport());
   glViewport(0, 0, 60, 40);
   Fill(0, 0, 60, 40, kGreen);
-  m_kept.Keep();
+  m_kept.Keep(CurrentViewport());
   Fill(0, 0, 60, 40, kRed);
   Show();
   EXPECT_EQ(PixelAt(0, 0), kGreen);
@@ -95,7 +96,7 @@ TEST_F(KeptPictureTest, IsKeptAgainInAnotherSize) {
 
 TEST_F(KeptPictureTest, LeavesTheWindowAsTheTargetAndBlackAsTheColourOfClearing) {
   DrawImage();
-  m_kept.Keep();
+  m_kept.Keep(CurrentViewport());
   Show();
   GLint draw = -1, read = -1;
   glGetIntegerv(GL_DRAW_FRAMEBUFFER_BINDING, &draw);

@@ -435,6 +435,35 @@ TEST_F(FramePlannerTest, ASmallRunIsRaisedToTheLightsOfTheNextSpriteAndALargeOne
   EXPECT_EQ(Plan(frame).size(), 2u);
 }
 
+TEST_F(FramePlannerTest, TheGroundHasRunsOfItsOwnWithTheirBounds) {
+  Frame frame = EmptyFrame();
+  frame.commands = {QuadCommand(-100, 0, 60, 60, 1), QuadCommand(100, 50, 60, 60, 1),
+                    QuadCommand(900, 0, 60, 60, 1)};
+  EXPECT_EQ(Plan(frame).size(), 1u);
+  EXPECT_EQ(m_planner.GroundRuns(), 0u);
+  frame.ground = 2;
+  const std::vector<DrawRun>& runs = Plan(frame);
+  ASSERT_EQ(runs.size(), 2u);
+  EXPECT_EQ(m_planner.GroundRuns(), 1u);
+  ASSERT_TRUE(runs[0].bounds.has_value());
+  EXPECT_FLOAT_EQ(runs[0].bounds->left, -130);
+  EXPECT_FLOAT_EQ(runs[0].bounds->right, 130);
+  EXPECT_FLOAT_EQ(runs[0].bounds->bottom, -30);
+  EXPECT_FLOAT_EQ(runs[0].bounds->top, 80);
+  EXPECT_FALSE(runs[1].bounds.has_value());
+  frame.ground = 40;  // more than there are
+  EXPECT_EQ(Plan(frame).size(), 1u);
+  EXPECT_EQ(m_planner.GroundRuns(), 1u);
+}
+
+TEST_F(FramePlannerTest, PlainRunsOfTheGroundHaveNoBounds) {
+  Compile(false);
+  Frame frame = EmptyFrame();
+  frame.commands = {QuadCommand(0, 0, 60, 60, 1)};
+  frame.ground = 1;
+  EXPECT_FALSE(Plan(frame).front().bounds.has_value());
+}
+
 TEST_F(FramePlannerTest, ALargeLitQuadIsCutAndItsCellsSortedByTheirLights) {
   Frame frame = EmptyFrame();
   frame.lights = {LightAt(-700, 0), LightAt(700, 0), LightAt(710, 0), LightAt(720, 0)};

@@ -81,7 +81,8 @@ using ProgramSetTest = GLProgramTest;
 
 TEST_F(GLProgramTest, TheConstantsAreProjectionWhiteAndTheMaterial) {
   GLProgram program = Use("light");
-  program.SetConstants(SceneProjection());
+  program.SetConstants();
+  program.SetProjection(SceneProjection());
   ExpectMatrix(program, "ratio", SceneProjection());
   EXPECT_EQ(Floats<4>(program, "ourColour"), (std::array<float, 4>{1, 1, 1, 1}));
   EXPECT_EQ(Floats<3>(program, "material.specular"), (std::array<float, 3>{0.5f, 0.5f, 0.5f}));
@@ -155,7 +156,8 @@ TEST_F(GLProgramTest, AValueThatIsSetAlreadyIsNotSentAgain) {
 
 TEST_F(GLProgramTest, UniformsThatAProgramLacksAreLeftAlone) {
   GLProgram program = Use("font");
-  program.SetConstants(SceneProjection());
+  program.SetConstants();
+  program.SetProjection(SceneProjection());
   program.SetLights({LightAt(0, 0)});
   program.SetPackedLights(1, std::vector<float>(12, 1.0f));
   program.SetPlacement({});
@@ -205,7 +207,8 @@ TEST_F(ProgramSetTest, AFormOfManyTexturesSamplesTheUnitsInTheirOrder) {
   ProgramSet set = ShippedSet("default");
   GLProgram& form = *set.Streamed(LightClass::kNone, false);
   glUseProgram(form.Name());
-  form.SetConstants(SceneProjection());
+  form.SetConstants();
+  form.SetProjection(SceneProjection());
   for (int i = 0; i < ZOVEngine::kSpriteUnits; ++i) {
     EXPECT_EQ(Int(form, ("pictures[" + std::to_string(i) + "]").c_str()), i);
   }
