@@ -74,10 +74,15 @@ class Weapons(Kinds):
             for key in (f"Shot_{kind['image']}", f"Gun_{kind['gun']}_Green", f"Gun_{kind['gun']}_Red"):
                 with self.subTest(weapon=name):
                     self.assertIn(key, keys)
+        flashes = set()
         for name, header in kinds(WEAPONS).items():
-            label = re.search(r'"(WeaponFloat_\w+)"', header.read_text(encoding="utf-8"))
+            text = header.read_text(encoding="utf-8")
+            label, flash = (re.search(rf'"({kind}_\w+)"', text) for kind in ("WeaponFloat", "Sheet_Fire"))
+            flashes.add(flash and flash[1])
             with self.subTest(name=name):
                 self.assertIn(label and label[1], keys)
+                self.assertIn(flash and flash[1], keys)
+        self.assertEqual(len(flashes), len(shots.KINDS), "two weapons share a muzzle flash")
 
     def test_are_fired_in_the_training_range(self):
         self.assert_placed(kinds(WEAPONS), [path for path in LEVELS if "Level00" in path.parts])

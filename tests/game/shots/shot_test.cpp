@@ -68,7 +68,7 @@ Nature NatureOf();
 template <>
 Nature NatureOf<ProjectileDefault>() {
   return {.name = "ProjectileDefault",
-          .look = {"BASIC", "Gun_Basic", "WeaponFloat_Basic", 2.32f},
+          .look = {"BASIC", "Gun_Basic", "Sheet_Fire_Basic", "WeaponFloat_Basic", 2.32f},
           .keys = kWoundingKeys,
           .inspected = kWoundingFields,
           .rebounds = true,
@@ -80,7 +80,7 @@ Nature NatureOf<ProjectileDefault>() {
 template <>
 Nature NatureOf<ProjectilePush>() {
   return {.name = "ProjectilePush",
-          .look = {"PUSH", "Gun_Push", "WeaponFloat_Push", 2.32f},
+          .look = {"PUSH", "Gun_Push", "Sheet_Fire_Push", "WeaponFloat_Push", 2.32f},
           .keys = kWoundingKeys,
           .inspected = kWoundingFields,
           .crack_before = 1};
@@ -88,7 +88,7 @@ Nature NatureOf<ProjectilePush>() {
 template <>
 Nature NatureOf<ProjectilePierce>() {
   return {.name = "ProjectilePierce",
-          .look = {"PIERCE", "Gun_Pierce", "WeaponFloat_Pierce", 3.104f},
+          .look = {"PIERCE", "Gun_Pierce", "Sheet_Fire_Pierce", "WeaponFloat_Pierce", 3.104f},
           .keys = kWoundingKeys,
           .inspected = kWoundingFields,
           .ends_at_unit = false,
@@ -99,7 +99,7 @@ Nature NatureOf<ProjectilePierce>() {
 template <>
 Nature NatureOf<ProjectileBounce>() {
   return {.name = "ProjectileBounce",
-          .look = {"BOUNCE", "Gun_Bounce", "WeaponFloat_Bounce", 3.104f},
+          .look = {"BOUNCE", "Gun_Bounce", "Sheet_Fire_Bounce", "WeaponFloat_Bounce", 3.104f},
           .keys = {"m_max_range", "m_curr_range", "m_speed", "m_min_damage", "m_max_damage"},
           .inspected = {{"m_max_range", "Max Range"},
                         {"m_speed", "Speed"},
@@ -112,7 +112,7 @@ Nature NatureOf<ProjectileBounce>() {
 template <>
 Nature NatureOf<ProjectileSwap>() {
   return {.name = "ProjectileSwap",
-          .look = {"SWAP", "Gun_Swap", "WeaponFloat_Swap", 2.32f},
+          .look = {"SWAP", "Gun_Swap", "Sheet_Fire_Swap", "WeaponFloat_Swap", 2.32f},
           .keys = {"m_max_range", "m_curr_range", "m_speed"},
           .inspected = {{"m_max_range", "Max Range"}, {"m_speed", "Speed"}},
           .rebounds = true,
@@ -122,26 +122,27 @@ Nature NatureOf<ProjectileSwap>() {
 }
 template <>
 Nature NatureOf<ProjectileExplosion>() {
-  return {.name = "ProjectileExplosion",
-          .look = {"EXPLOSION", "Gun_Explode", "WeaponFloat_Explosion", 3.813f},
-          .keys = {"m_max_range", "m_curr_range", "m_damage", "m_speed", "m_aoe", "m_knockback"},
-          .inspected = {{"m_max_range", "Max Range"},
-                        {"m_speed", "Speed"},
-                        {"m_damage", "Damage"},
-                        {"m_aoe", ""},
-                        {"m_knockback", "Knockback"}},
-          .crack = 1,
-          .crack_before = 1,
-          .spares_boss = true,
-          .passes_own_kind = true,
-          .hits_of_two = 2,
-          .hits_by_blast = true};
+  return {
+      .name = "ProjectileExplosion",
+      .look = {"EXPLOSION", "Gun_Explode", "Sheet_Fire_Explosion", "WeaponFloat_Explosion", 3.813f},
+      .keys = {"m_max_range", "m_curr_range", "m_damage", "m_speed", "m_aoe", "m_knockback"},
+      .inspected = {{"m_max_range", "Max Range"},
+                    {"m_speed", "Speed"},
+                    {"m_damage", "Damage"},
+                    {"m_aoe", ""},
+                    {"m_knockback", "Knockback"}},
+      .crack = 1,
+      .crack_before = 1,
+      .spares_boss = true,
+      .passes_own_kind = true,
+      .hits_of_two = 2,
+      .hits_by_blast = true};
 }
 template <>
 Nature NatureOf<ProjectileVacuum>() {
   return {
       .name = "ProjectileVacuum",
-      .look = {"VACUUM", "Gun_Vacuum", "WeaponFloat_Vacuum", 3.104f},
+      .look = {"VACUUM", "Gun_Vacuum", "Sheet_Fire_Vacuum", "WeaponFloat_Vacuum", 3.104f},
       .keys = {"m_max_range", "m_curr_range", "m_damage", "m_speed", "m_aoe", "m_suction_force"},
       .inspected = {{"m_max_range", "Max Range"},
                     {"m_speed", "Speed"},
@@ -270,6 +271,7 @@ TYPED_TEST(EveryShot, ItsLabelNamesIt) {
   const TypeParam shot(nullptr);
   EXPECT_STREQ(shot.Look().name, this->nature.look.name);
   EXPECT_STREQ(shot.Look().gun, this->nature.look.gun);
+  EXPECT_STREQ(shot.Look().flash, this->nature.look.flash);
   EXPECT_STREQ(shot.Look().label, this->nature.look.label);
   EXPECT_EQ(shot.Look().label_width, this->nature.look.label_width);
   EXPECT_EQ(shot.Look().label_height, 1.104f);

@@ -15,6 +15,7 @@
 #include "physics/components/colliderholder.h"
 #include "physics/components/rigidbody.h"
 #include "physics/components/transform.h"
+#include "render/components/animation.h"
 #include "render/components/font.h"
 #include "render/components/light.h"
 #include "render/components/render.h"
@@ -325,6 +326,17 @@ TEST(Boss, FiresThreeOthersInItsSecondPhase) {
   ExpectNear(fight.DirectionOf("MiddleProj"), 1.0f, 0.0f);
   ExpectNear(fight.DirectionOf("LeftProjPhase2"), std::cos(0.25f), -std::sin(0.25f));
   ExpectNear(fight.DirectionOf("RightProjPhase2"), std::cos(0.25f), std::sin(0.25f));
+}
+
+TEST(Boss, EachPhaseHasAMuzzleFlashOfItsOwn) {
+  BossFight fight;
+  auto& fire = fight.stage.ChildOf<Animation>("Boss", "unit_fire");
+  fire.m_once = "Sheet_Unit_Fire_Violet";
+  fight.Boss().Fire();
+  EXPECT_STREQ(fire.m_once_instead, "Sheet_Fire_BossPhase1");
+  fight.Boss().m_phase_two = true;
+  fight.Boss().Fire();
+  EXPECT_STREQ(fire.m_once_instead, "Sheet_Fire_BossPhase2");
 }
 
 TEST(Boss, ItsMuzzleIsAWholeBarrelAway) {

@@ -7,6 +7,7 @@
 #include <cmath>
 #include <limits>
 #include <optional>
+#include <set>
 #include <stdexcept>
 #include <string>
 #include <type_traits>
@@ -96,6 +97,20 @@ class BothUnits : public ::testing::Test {
   GameController& Controller() { return stage->template Of<GameController>("level"); }
   GameObj* Child(const std::string& name) { return FirstChildNamed(Object(), name); }
   void Step(float dt = 0.02f) { Unit().Update(dt); }
+  void Fire() {
+    if constexpr (std::is_same_v<T, Player>) {
+      Unit().Fire(Vector3D(200, 50, 1));
+    } else {
+      Unit().m_target = Object();
+      Unit().Fire();
+    }
+  }
+  /// Gives the fire sprite this sheet of its own.
+  Animation& FireSprite(const char* sheet) {
+    auto& sprite = stage->template ChildOf<Animation>("unit", "unit_fire");
+    sprite.m_once = sheet;
+    return sprite;
+  }
   void Die() {
     Unit().m_health = 0;
     Step();
@@ -248,6 +263,56 @@ TYPED_TEST(BothUnits, OnlyTheFirstSparksShow) {
   const GameObj* last = this->Object()->children.back();
   ASSERT_EQ(last->name, "electricvfx");
   EXPECT_TRUE(this->Object()->children.back()->template GetComponent<Render>()->m_visible);
+}
+
+// The muzzle flash
+
+/// The flashes of all kinds of shot, in the order of their classes.
+std::vector<std::string> AllFlashes() {
+  std::vector<std::string> flashes;
+  for (const std::string& kind : NamesOfClasses(KindsOf<Shot>())) {
+    UnitStage stage({UnitRecord(UnitKind::kPlayer, "unit", {.weapons = {kind, ""}})});
+    flashes.emplace_back(stage.Of<Player>("unit").HeldFlash());
+  }
+  return flashes;
+}
+
+TEST(MuzzleFlash, EveryWeaponHasOneOfItsOwn) {
+  const std::vector<std::string> flashes = AllFlashes();
+  EXPECT_EQ(std::set(flashes.begin(), flashes.end()).size(), flashes.size());
+}
+
+TYPED_TEST(BothUnits, TheFireIsThatOfTheWeaponInHandWithBothInTurn) {
+  const std::vector<std::string> kinds = NamesOfClasses(KindsOf<Shot>());
+  const std::vector<std::string> flashes = AllFlashes();
+  for (std::size_t i = 0; i < kinds.size(); ++i) {
+    const std::size_t other = (i + 1) % kinds.size();
+    this->stage.reset();
+    this->Make({.weapons = {kinds[i], kinds[other]}});
+    const Animation& fire = this->FireSprite("Sheet_Unit_Fire_Green");
+    for (const bool first : {true, false, true}) {
+      this->Unit().m_selected_first_weapon = first;
+      this->Fire();
+      EXPECT_EQ(fire.m_once_instead, flashes[first ? i : other]) << kinds[i];
+    }
+  }
+}
+
+TYPED_TEST(BothUnits, AFireSpriteWithASheetOfTheLevelsAuthorKeepsIt) {
+  this->Make();
+  const Animation& fire = this->FireSprite("Sheet_Own_Fire");
+  this->Fire();
+  EXPECT_EQ(fire.m_once_instead, nullptr);
+}
+
+TYPED_TEST(BothUnits, WithoutAShotTheFireIsTheCommonOne) {
+  this->Make({.weapons = {"ProjectileSwap", ""}});
+  const Animation& fire = this->FireSprite("Sheet_Unit_Fire_Green");
+  this->Fire();
+  EXPECT_STRNE(fire.m_once_instead, nullptr);
+  this->Unit().m_selected_first_weapon = false;
+  this->Fire();
+  EXPECT_EQ(fire.m_once_instead, nullptr);
 }
 
 // The weapon label

@@ -12,6 +12,7 @@ namespace {
 using carapace_test::InspectedFields;
 using carapace_test::OutputOf;
 using carapace_test::ReadRecord;
+using carapace_test::RecordOf;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 
@@ -40,6 +41,13 @@ TEST(Animation, ACountOfFramesThatIsMissingIsNamedAndTheOthersAreRead) {
   EXPECT_EQ(animation.m_once_frames, 6u);
   EXPECT_EQ(animation.m_once, "Sheet_Boom");
   EXPECT_EQ(animation.m_currStep, 0.5f) << "a step is kept in files like any field";
+}
+
+TEST(Animation, ASheetShownInsteadIsNotKeptInFiles) {
+  Animation animation(nullptr);
+  const std::string before = RecordOf(animation);
+  animation.m_once_instead = "Sheet_Boom";
+  EXPECT_EQ(RecordOf(animation), before);
 }
 
 TEST(Animation, TheInspectorShowsAllButTheTimerAndTheStep) {

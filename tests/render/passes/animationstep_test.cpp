@@ -275,6 +275,14 @@ TEST_F(AnimationStepTest, OnceShowsItsSheetVisibleAndWhite) {
   EXPECT_TRUE(Sprite().m_visible);
 }
 
+TEST_F(AnimationStepTest, OnceShowsTheSheetThatIsGivenInPlaceOfItsOwn) {
+  Make("once");
+  Anim().m_once_instead = "six";
+  EXPECT_EQ(scene.DrawOne().texture, 6u);
+  Anim().m_once_instead = nullptr;
+  EXPECT_EQ(scene.DrawOne().texture, 4u);
+}
+
 TEST_F(AnimationStepTest, OnceEndsInVanishingWithoutSwitchingOff) {
   Make("once");
   for (int i = 0; i < 4; ++i) scene.Draw();

@@ -17,7 +17,7 @@ class ProjectileBounce final : public Shot {
   void Update(float dt) override;
   void Fire(const Vector3D& position, const Vector3D& direction) override;
   WeaponLook Look() const override {
-    return {"BOUNCE", "Gun_Bounce", "WeaponFloat_Bounce", 3.104f};
+    return {"BOUNCE", "Gun_Bounce", "Sheet_Fire_Bounce", "WeaponFloat_Bounce", 3.104f};
   }
 
   int m_min_damage = 0;   ///< of a hit without a rebound

@@ -17,7 +17,9 @@ class ProjectileDefault final : public WoundingShot {
 
   void Update(float dt) override;
   void OnCollisionStay(ContactInfo* contact) override;
-  WeaponLook Look() const override { return {"BASIC", "Gun_Basic", "WeaponFloat_Basic", 2.32f}; }
+  WeaponLook Look() const override {
+    return {"BASIC", "Gun_Basic", "Sheet_Fire_Basic", "WeaponFloat_Basic", 2.32f};
+  }
 
  private:
   bool PassesThrough(const ContactSides& sides) const override;

@@ -24,7 +24,7 @@ class ProjectileExplosion final : public AreaShot {
   void Update(float dt) override;
   void OnCollisionStay(ContactInfo* contact) override;
   WeaponLook Look() const override {
-    return {"EXPLOSION", "Gun_Explode", "WeaponFloat_Explosion", 3.813f};
+    return {"EXPLOSION", "Gun_Explode", "Sheet_Fire_Explosion", "WeaponFloat_Explosion", 3.813f};
   }
 
   float m_knockback = 10.0f;  ///< the blast is this times 100, at all distances

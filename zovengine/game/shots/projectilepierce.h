@@ -17,7 +17,7 @@ class ProjectilePierce final : public WoundingShot {
   void Update(float dt) override;
   void OnCollisionStay(ContactInfo* contact) override;
   WeaponLook Look() const override {
-    return {"PIERCE", "Gun_Pierce", "WeaponFloat_Pierce", 3.104f};
+    return {"PIERCE", "Gun_Pierce", "Sheet_Fire_Pierce", "WeaponFloat_Pierce", 3.104f};
   }
   bool HasLateMuzzleEffect() const override { return true; }
 

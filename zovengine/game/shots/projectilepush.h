@@ -14,7 +14,9 @@ class ProjectilePush final : public WoundingShot {
   using WoundingShot::WoundingShot;
 
   void Update(float dt) override;
-  WeaponLook Look() const override { return {"PUSH", "Gun_Push", "WeaponFloat_Push", 2.32f}; }
+  WeaponLook Look() const override {
+    return {"PUSH", "Gun_Push", "Sheet_Fire_Push", "WeaponFloat_Push", 2.32f};
+  }
 
  private:
   void Hit(const ContactSides& sides, ContactInfo* contact) override;

@@ -14,7 +14,9 @@ class ProjectileSwap final : public Shot {
   using Shot::Shot;
 
   void Update(float dt) override;
-  WeaponLook Look() const override { return {"SWAP", "Gun_Swap", "WeaponFloat_Swap", 2.32f}; }
+  WeaponLook Look() const override {
+    return {"SWAP", "Gun_Swap", "Sheet_Fire_Swap", "WeaponFloat_Swap", 2.32f};
+  }
 
  private:
   void Hit(const ContactSides& sides, ContactInfo* contact) override;

@@ -18,7 +18,7 @@ class ProjectileVacuum final : public AreaShot {
 
   void Update(float dt) override;
   WeaponLook Look() const override {
-    return {"VACUUM", "Gun_Vacuum", "WeaponFloat_Vacuum", 3.104f};
+    return {"VACUUM", "Gun_Vacuum", "Sheet_Fire_Vacuum", "WeaponFloat_Vacuum", 3.104f};
   }
 
   float m_suction_force = 10.0f;  ///< the pull is this times 100, at all distances

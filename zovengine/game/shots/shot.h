@@ -9,12 +9,14 @@ namespace ZOVEngine {
 class Unit;
 struct ContactSides;
 
-/// What names a weapon to the player: its name and the texture of its gun in the interface, and the
-/// label that rises beside a unit that shows its weapon, with its size in the unit's scale. A gun
-/// has two textures, with "_Green" and "_Red" behind its name.
+/// What tells a weapon from others: its name and the texture of its gun in the interface, the sheet
+/// of its muzzle flash, and the label that rises beside a unit that shows its weapon, with its size
+/// in the unit's scale. A gun has two textures, with "_Green" and "_Red" behind its name; a flash
+/// has as many frames as the "Sheet_Unit_Fire_" that it stands in for.
 struct WeaponLook {
   const char* name;
   const char* gun;
+  const char* flash;
   const char* label;
   float label_width;
   float label_height = 1.104f;

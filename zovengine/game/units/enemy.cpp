@@ -40,6 +40,8 @@ constexpr OuterShot kOuterShotsOfPhase1[] = {{"LeftProjPhase1", -0.25f},
                                              {"RightProjPhase1", 0.25f}};
 constexpr OuterShot kOuterShotsOfPhase2[] = {{"LeftProjPhase2", -0.25f},
                                              {"RightProjPhase2", 0.25f}};
+/// Of all three shots together, by phase.
+constexpr const char* kBossFlashes[] = {"Sheet_Fire_BossPhase1", "Sheet_Fire_BossPhase2"};
 constexpr const char* kShields[] = {"ShieldPhase1", "ShieldPhase2"};
 constexpr std::array kExplosions = {"DeathExplosion00", "DeathExplosion01", "DeathExplosion02",
                                     "DeathExplosion03", "DeathExplosion04", "DeathExplosion05",
@@ -253,7 +255,7 @@ void Enemy::Fire() {
   } else {
     FireHeldWeapon(muzzle, direction);
   }
-  ShowMuzzleFire();
+  ShowMuzzleFire(m_boss ? kBossFlashes[m_phase_two ? 1 : 0] : HeldFlash());
   m_fired = true;
 }
 

@@ -76,7 +76,7 @@ void Player::Fire(const Vector3D& mouse) {
     muzzle = transform->m_world_pos + direction * (transform->m_world_scale.y / kScalePerMuzzle);
   }
   FireHeldWeapon(muzzle, direction);
-  ShowMuzzleFire();
+  ShowMuzzleFire(HeldFlash());
 }
 
 }  // namespace ZOVEngine

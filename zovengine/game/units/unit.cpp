@@ -34,6 +34,8 @@ constexpr float kDeathScale = 3.0f;     ///< the death sheet is painted three ti
 constexpr float kKeepScale = 0.33f;     ///< undoes it for what must keep its size
 constexpr const char* kLabelName = "WeaponText";
 constexpr const char* kBarName = "ui_hp_frame_filled";
+constexpr const char* kFireName = "unit_fire";
+constexpr const char* kCommonFire = "Sheet_Unit_Fire_";  ///< then the side's colour
 
 void ScaleBy(GameObj* object, float factor) {
   if (auto* transform = FindComponent<Transform>(object)) transform->m_local_scale *= factor;
@@ -277,8 +279,12 @@ GameObj* Unit::FirstBarrel() const {
   return nullptr;
 }
 
-void Unit::ShowMuzzleFire() {
-  PlayOnce("unit_fire");
+void Unit::ShowMuzzleFire(const char* flash) {
+  ForEachChildWith<Animation>(m_owner, kFireName, [flash](Animation* sprite) {
+    const bool common = sprite->m_once.starts_with(kCommonFire);
+    sprite->m_once_instead = common ? flash : nullptr;
+  });
+  PlayOnce(kFireName);
   PlaySound(m_owner, "unit_fire.ogg");
 }
 
@@ -305,6 +311,12 @@ const Shot* FindNamingShot(GameObj* held) {
 }
 
 }  // namespace
+
+const char* Unit::HeldFlash() const {
+  GameObj* held = HeldShot();
+  const Shot* shot = held != nullptr ? FindNamingShot(held) : nullptr;
+  return shot != nullptr ? shot->Look().flash : nullptr;
+}
 
 void Unit::ShowWeaponLabel() {
   m_show_weapon_label = true;

@@ -40,6 +40,8 @@ class Unit : public LogicComponent {
 
   /// The child that holds the shot of the weapon in hand, or null.
   GameObj* HeldShot() const;
+  /// The muzzle flash of the weapon in hand, or null without a shot.
+  const char* HeldFlash() const;
 
   float m_dt = 0.0f;  ///< of the last step (unit: seconds)
   int m_health = 1;
@@ -80,8 +82,9 @@ class Unit : public LogicComponent {
 
   /// Fires the weapon in hand from `muzzle` along `direction`.
   void FireHeldWeapon(const Vector3D& muzzle, const Vector3D& direction);
-  /// Starts the fire sprites of the unit and its sound.
-  void ShowMuzzleFire();
+  /// Starts the fire sprites of the unit and its sound. Those with a side's common fire show the
+  /// sheet `flash` in its place, unless it is null; any other sheet is shown as it is.
+  void ShowMuzzleFire(const char* flash);
   /// The first barrel among the children, or null.
   GameObj* FirstBarrel() const;
 

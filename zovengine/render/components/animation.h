@@ -30,6 +30,9 @@ class Animation final : public GameComponentBase {
   std::string m_death;
   std::string m_once;
   std::string m_loop;
+  /// Unless null, the texture key of a sheet shown in place of `m_once`, with as many frames. It is
+  /// not kept in files.
+  const char* m_once_instead = nullptr;
   float m_time_per_frame = 0.05f;  ///< (unit: seconds)
 };
 

@@ -1,5 +1,7 @@
 #include "render/passes/animationstep.h"
 
+#include <string>
+
 #include "game/units/enemy.h"
 #include "game/units/player.h"
 #include "objects/componentmanager.h"
@@ -59,6 +61,10 @@ void FinishOverPlainTexture(const Step& step) {
   Rewind(step, "default");
 }
 
+std::string OnceSheet(const Animation& animation) {
+  return animation.m_once_instead != nullptr ? animation.m_once_instead : animation.m_once;
+}
+
 // Each of the four plays one frame of its state and returns true when that was the end.
 
 bool Spawn(const Step& step) {
@@ -91,7 +97,7 @@ bool Once(const Step& step) {
   if (!Tick(step, frames)) {
     step.render.m_colour = kWhite;
     step.render.m_visible = true;
-    step.painter.BindTexture(step.animation.m_once);
+    step.painter.BindTexture(OnceSheet(step.animation));
     return false;
   }
   const bool stays = step.IsUnit();
