@@ -91,6 +91,19 @@ class Effects(unittest.TestCase):
                      lambda own: tuple(child(own, "bullet_trail")["ParticleSystemC"]["m_start_color_min"])):
             self.assertEqual(len({look(own) for own in shots().values()}), len(KINDS))
 
+    def test_the_strips_of_a_boss_lie_on_the_lines_of_its_shots(self):
+        """All three shots leave from one place, a gun's length before the middle, a quarter of a radian apart."""
+        muzzle, angles = child(MADE["boss"], "Weapon0Barrel")["Transform"]["m_world_scale"][1], []
+        for own in MADE["boss"]["Childs"]:
+            if own.get("Render", {}).get("m_tex") == "UI_Sight":
+                strip = own["Transform"]
+                angle, half = math.radians(strip["m_world_rotate"]), strip["m_world_scale"][1] / 2
+                angles.append(angle)
+                self.assertAlmostEqual(strip["m_world_pos"][0] + math.sin(angle) * half, 0)
+                self.assertAlmostEqual(strip["m_world_pos"][1] - math.cos(angle) * half, muzzle)
+        for angle, expected in zip(angles, (-0.25, 0, 0.25), strict=True):
+            self.assertAlmostEqual(angle, expected, places=3)
+
     def test_a_blast_is_drawn_as_far_as_it_reaches(self):
         for name in ("EXPLOSION", "VACUUM"):
             size = child(shots()[name], "bullet_hit")["Transform"]["m_world_scale"][0]

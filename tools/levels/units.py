@@ -72,11 +72,11 @@ def gun(own, index, texture, size):
 
 
 def sight(own, name, start, angle=0):
-    """A faint strip that shows where a shot will fly. It has the name of a piece that the game hides when the unit dies, and must
+    """A faint strip that shows where a shot will fly: from `start` before the middle, where all shots of a unit leave. It has the name of a piece that the game hides when the unit dies, and must
     stand after that piece, which the game takes by its name.
     """
-    middle, turn = start + SIGHT_LENGTH / 2, math.radians(angle)
-    at = (-math.sin(turn) * middle, math.cos(turn) * middle)
+    middle, turn = SIGHT_LENGTH / 2, math.radians(angle)
+    at = (-math.sin(turn) * middle, start + math.cos(turn) * middle)
     return record(name, {
         "Transform": attached(own, at, (SIGHT_WIDTH, SIGHT_LENGTH), angle, follow=True),
         **sprite("UI_Sight"),
