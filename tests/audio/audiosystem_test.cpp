@@ -78,16 +78,25 @@ TEST_F(AudioSystemStart, TheMixerIsStartedWithTheGamesSettings) {
 }
 
 TEST_F(AudioSystemStart, TheListenerIsPlacedAtTheStart) {
-  EXPECT_THAT(world.mixer.calls, ElementsAre("Start", "SetListener"));
+  EXPECT_THAT(world.mixer.calls, ElementsAre("Start", "FinishStart", "SetListener"));
+}
+
+TEST(AudioSystemStarting, TheOutputOpensWhileTheOtherSystemsAreInitialised) {
+  World world;
+  world.mixer.calls.clear();
+  AudioSystem audio;
+  EXPECT_THAT(world.mixer.calls, ElementsAre("Start"));
+  audio.Init();
+  EXPECT_THAT(world.mixer.calls, ElementsAre("Start", "FinishStart", "SetListener"));
 }
 
 TEST(AudioSystemFailure, AMixerThatCannotStartEndsTheProgramWithItsLine) {
-  FakeMixer mixer;
-  mixer.failure = MixerFailure{40964, "No Such Device"};
+  World world;
+  world.mixer.failure = MixerFailure{40964, "No Such Device"};
   EXPECT_EXIT(
       {
         std::cout.rdbuf(std::cerr.rdbuf());  // what a death test looks at
-        const AudioSystem audio;
+        AudioSystem().Init();
       },
       ::testing::ExitedWithCode(255), "^FMOD error! \\(40964\\) No Such Device\n$");
 }

@@ -33,9 +33,13 @@ void FakeMixer::Log(const std::string& call) {
   calls.push_back(call);
 }
 
-std::optional<ZOVEngine::MixerFailure> FakeMixer::Start(const ZOVEngine::MixerSettings& settings_) {
+void FakeMixer::Start(const ZOVEngine::MixerSettings& settings_) {
   Log("Start");
   settings = settings_;
+}
+
+std::optional<ZOVEngine::MixerFailure> FakeMixer::FinishStart() {
+  Log("FinishStart");
   return failure;
 }
 

@@ -39,7 +39,8 @@ class FakeMixer final : public ZOVEngine::Mixer {
   /// How many streams of this path were played so far.
   int CountPlays(const std::string& path) const;
 
-  std::optional<ZOVEngine::MixerFailure> Start(const ZOVEngine::MixerSettings& settings) override;
+  void Start(const ZOVEngine::MixerSettings& settings) override;
+  std::optional<ZOVEngine::MixerFailure> FinishStart() override;
   ZOVEngine::StreamHandle Play(const ZOVEngine::StreamRequest& request) override;
   void Stop(ZOVEngine::StreamHandle stream) override;
   void SetVolume(ZOVEngine::StreamHandle stream, float volume) override;
@@ -54,7 +55,7 @@ class FakeMixer final : public ZOVEngine::Mixer {
   std::map<ZOVEngine::StreamHandle, Stream> streams;  ///< all that were ever played
   std::map<ZOVEngine::SoundGroup, Group> groups;      ///< that were set
   std::optional<ZOVEngine::MixerSettings> settings;   ///< of Start
-  std::optional<ZOVEngine::MixerFailure> failure;     ///< what Start returns
+  std::optional<ZOVEngine::MixerFailure> failure;     ///< what FinishStart returns
   std::set<std::string> missing;                      ///< paths that cannot be played
   /// "Verb", or "Verb handle", in order, since the last Update but one; without IsPlaying.
   std::vector<std::string> calls;

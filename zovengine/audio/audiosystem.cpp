@@ -57,13 +57,14 @@ Vector3D Velocity(GameObj* object) {
 }  // namespace
 
 AudioSystem::AudioSystem() {
-  if (g_mixer == nullptr) return;
-  if (const auto failure = g_mixer->Start(kSettings)) EndProgram(*failure);
-  g_mixer->SetListener(Vector3D());
+  if (g_mixer != nullptr) g_mixer->Start(kSettings);
 }
 
 void AudioSystem::Init() {
   m_sources = FetchTable<AudioSource>();
+  if (g_mixer == nullptr) return;
+  if (const auto failure = g_mixer->FinishStart()) EndProgram(*failure);
+  g_mixer->SetListener(Vector3D());
 }
 
 void AudioSystem::Update(float) {

@@ -20,10 +20,11 @@ class AudioSystem final : public UnpausedSystem {
   RTTR_ENABLE(UnpausedSystem)
 
  public:
-  /// Starts the mixer. A failure prints its line and ends the process with exit code -1.
+  /// Starts the mixer, whose output opens while the systems before this one are initialised.
   AudioSystem();
 
-  /// Fetches the table of sources.
+  /// Fetches the table of sources, and waits for the output. A failure prints its line and ends the
+  /// process with exit code -1.
   void Init() override;
   void Update(float dt) override;
   /// Takes Mute and Volume; a channel that is none of the groups is ignored.

@@ -44,18 +44,20 @@ struct MixerFailure {
 ///
 /// Plays sound files as streams; knows nothing of objects and components. The real one is made by
 /// MakeOpenALMixer; SilentMixer is not heard, and tests use a recording one. Everything is called
-/// on the main thread: Start once, before all else, then anything, and Update once a step, which
-/// keeps the streams fed. A handle whose stream has ended may be used; nothing happens then. Places
-/// are in the world's frame, x to the right, y upwards, z away from the listener, which faces along
-/// it (unit: world units). Volumes are factors, 0 to 1; a stream's, its group's and the master's
-/// are multiplied.
+/// on the main thread: Start and FinishStart once, groups between them or at any time after, then
+/// anything, and Update once a step, which keeps the streams fed. A handle whose stream has ended
+/// may be used; nothing happens then. Places are in the world's frame, x to the right, y upwards, z
+/// away from the listener, which faces along it (unit: world units). Volumes are factors, 0 to 1; a
+/// stream's, its group's and the master's are multiplied.
 class Mixer {
  public:
   virtual ~Mixer() = default;
 
-  /// Opens the output. A machine without a sound device gets one that is not heard, so a failure
-  /// means that the library cannot work at all. Returns nothing when all is well.
-  virtual std::optional<MixerFailure> Start(const MixerSettings& settings) = 0;
+  /// Begins to open the output, which may go on behind the caller.
+  virtual void Start(const MixerSettings& settings) = 0;
+  /// Waits until the output is open. A machine without a sound device gets one that is not heard,
+  /// so a failure means that the library cannot work at all. Returns nothing when all is well.
+  virtual std::optional<MixerFailure> FinishStart() = 0;
 
   /// Opens the file and plays it from its beginning, at full volume and at the place (0, 0, 0).
   /// Returns kNoStream, and says nothing, when the file is absent or no sound, or when

@@ -12,7 +12,8 @@ namespace ZOVEngine {
 /// sounds then depends on nothing but the game. Groups, volumes and places mean nothing here.
 class SilentMixer final : public Mixer {
  public:
-  std::optional<MixerFailure> Start(const MixerSettings&) override { return std::nullopt; }
+  void Start(const MixerSettings&) override {}
+  std::optional<MixerFailure> FinishStart() override { return std::nullopt; }
   StreamHandle Play(const StreamRequest& request) override;
   void Stop(StreamHandle stream) override;
   void SetVolume(StreamHandle, float) override {}

@@ -20,7 +20,8 @@ inline constexpr ZOVEngine::MixerSettings kGame = {
 class Ears {
  public:
   explicit Ears(const ZOVEngine::MixerSettings& settings = kGame) : Ears(NotStarted()) {
-    EXPECT_FALSE(mixer.Start(settings).has_value());
+    mixer.Start(settings);
+    EXPECT_FALSE(mixer.FinishStart().has_value());
     mixer.SetListener(ZOVEngine::Vector3D());
   }
   /// For an AudioSystem, which starts its mixer.

@@ -26,7 +26,8 @@ class OpenALStreamTest : public ::testing::Test {
  protected:
   OpenALStreamTest() {
     EXPECT_TRUE(WriteSound("tone.wav", Tone(2 * kTestRate, 2), 2));
-    EXPECT_FALSE(device.Open(16, true).has_value());
+    device.BeginOpen(16, true);
+    EXPECT_FALSE(device.FinishOpen().has_value());
   }
 
   static std::unique_ptr<OpenALStream> Make(const SoundFileOptions& options = {}) {

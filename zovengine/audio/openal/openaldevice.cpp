@@ -2,10 +2,11 @@
 #include "audio/openal/openaldevice.h"
 
 #include <AL/alext.h>
-#include <fcntl.h>
-#include <unistd.h>
+#include <dlfcn.h>
 
 #include <array>
+#include <cstdlib>
+#include <thread>
 
 #include "core/base/noncopyable.h"
 
@@ -13,24 +14,41 @@ namespace ZOVEngine {
 
 namespace {
 
-/// Discards standard error while it lives: a machine without a sound device is no fault, and the
-/// system's sound libraries write a page about it.
-class QuietStandardError : private NonCopyable {
+/// Keeps ALSA quiet while it lives: a machine without a sound device is no fault, and ALSA writes a
+/// page about it. Standard error itself stays as it is, since other threads may write to it.
+class QuietAlsa : private NonCopyable {
  public:
-  QuietStandardError() : m_saved(dup(STDERR_FILENO)) {
-    const int nothing = open("/dev/null", O_WRONLY | O_CLOEXEC);
-    if (m_saved >= 0 && nothing >= 0) dup2(nothing, STDERR_FILENO);
-    if (nothing >= 0) close(nothing);
-  }
-  ~QuietStandardError() {
-    if (m_saved < 0) return;
-    dup2(m_saved, STDERR_FILENO);
-    close(m_saved);
-  }
+  QuietAlsa() { SetHandler(Ignore); }
+  ~QuietAlsa() { SetHandler(nullptr); }  // its own again
 
  private:
-  int m_saved;
+  using Handler = void (*)(const char* file, int line, const char* function, int code,
+                           const char* format, ...);
+
+  static void Ignore(const char*, int, const char*, int, const char*, ...) {}
+
+  /// Does nothing on a system without ALSA. The library stays loaded, as OpenAL leaves it.
+  static void SetHandler(Handler handler) {
+    void* alsa = dlopen("libasound.so.2", RTLD_NOW | RTLD_LOCAL);
+    if (alsa == nullptr) return;
+    using SetErrorHandler = int (*)(Handler);
+    const auto set = reinterpret_cast<SetErrorHandler>(dlsym(alsa, "snd_lib_error_set_handler"));
+    if (set != nullptr) set(handler);
+  }
 };
+
+/// OpenAL reads its environment when it is called for the first time. What is set stays.
+void QuietOpenAL() {
+  constexpr int kKeepWhatIsSet = 0;
+  setenv("ALSOFT_LOGLEVEL", "0", kKeepWhatIsSet);
+}
+
+/// The thread that opens the device. A process that ends early, for instance without a display,
+/// joins it here, before OpenAL is unloaded under it.
+std::jthread& OpeningThread() {
+  static std::jthread thread;
+  return thread;
+}
 
 MixerFailure LastFailure(ALCdevice* device) {
   const ALCenum code = alcGetError(device);
@@ -41,7 +59,19 @@ MixerFailure LastFailure(ALCdevice* device) {
 }  // namespace
 
 OpenALDevice::~OpenALDevice() {
+  FinishOpen();
   Close();
+}
+
+void OpenALDevice::BeginOpen(int max_sources, bool silent) {
+  QuietOpenAL();
+  OpeningThread() =
+      std::jthread([this, max_sources, silent] { m_failure = Open(max_sources, silent); });
+}
+
+std::optional<MixerFailure> OpenALDevice::FinishOpen() {
+  if (OpeningThread().joinable()) OpeningThread().join();
+  return m_failure;
 }
 
 std::optional<MixerFailure> OpenALDevice::Open(int max_sources, bool silent) {
@@ -50,7 +80,7 @@ std::optional<MixerFailure> OpenALDevice::Open(int max_sources, bool silent) {
 }
 
 bool OpenALDevice::OpenReal(int max_sources) {
-  const QuietStandardError quiet;
+  const QuietAlsa quiet;
   m_device = alcOpenDevice(nullptr);
   if (m_device == nullptr) return false;
   const std::array<ALCint, 5> attributes = {ALC_MONO_SOURCES, max_sources, ALC_STEREO_SOURCES, 0,

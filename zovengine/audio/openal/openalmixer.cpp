@@ -23,12 +23,16 @@ Vector3D Mirrored(const Vector3D& v) {
 OpenALMixer::OpenALMixer(bool silent, SampleListener listener)
     : m_silent(silent), m_listener(std::move(listener)) {}
 
-std::optional<MixerFailure> OpenALMixer::Start(const MixerSettings& settings) {
+void OpenALMixer::Start(const MixerSettings& settings) {
   m_settings = settings;
-  if (auto failure = m_device.Open(settings.max_streams, m_silent)) return failure;
+  m_device.BeginOpen(settings.max_streams, m_silent);
+}
+
+std::optional<MixerFailure> OpenALMixer::FinishStart() {
+  if (auto failure = m_device.FinishOpen()) return failure;
   alDistanceModel(AL_INVERSE_DISTANCE_CLAMPED);
-  alDopplerFactor(settings.doppler);
-  alSpeedOfSound(kSpeedOfSound * settings.units_per_metre);
+  alDopplerFactor(m_settings.doppler);
+  alSpeedOfSound(kSpeedOfSound * m_settings.units_per_metre);
   return std::nullopt;
 }
 

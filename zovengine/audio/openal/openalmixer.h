@@ -20,7 +20,8 @@ class OpenALMixer final : public Mixer {
   /// `silent` never opens a real device; `listener` then hears each step's samples.
   explicit OpenALMixer(bool silent = false, SampleListener listener = {});
 
-  std::optional<MixerFailure> Start(const MixerSettings& settings) override;
+  void Start(const MixerSettings& settings) override;
+  std::optional<MixerFailure> FinishStart() override;
   StreamHandle Play(const StreamRequest& request) override;
   void Stop(StreamHandle stream) override;
   void SetVolume(StreamHandle stream, float volume) override;
