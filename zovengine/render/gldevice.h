@@ -60,13 +60,13 @@ class GLDevice {
   /// test.
   virtual void CreateResources(const Matrix4x4& projection) = 0;
 
-  /// Makes `image` the texture of number `position`, with mipmaps, repeating. A position that was
-  /// never uploaded samples as opaque black.
+  /// Makes `image` the texture of number `position`, with its mipmaps, repeating; makes those of an
+  /// image without any. A position that was never uploaded samples as opaque black.
   virtual void UploadTexture(std::uint32_t position, const Image& image) = 0;
 
   /// Makes an uploaded texture whole, so that others than frames can draw it by its number, which
-  /// is its name in OpenGL. Until then, or until a frame shows it, a device may leave its mipmaps
-  /// out.
+  /// is its name in OpenGL. Until then, or until a frame shows it, a device may leave out mipmaps
+  /// that the image did not bring.
   virtual void FinishTexture(std::uint32_t position) = 0;
 
   /// Uploads the coverage bitmap of a glyph (one byte a pixel, `width` times `height`, rows from

@@ -274,7 +274,7 @@ TEST_F(ImageTest, ABmpOfTheLowestHeightThereIsIsRefused) {
 
 }  // namespace
 TEST(Image, IsOpaqueWithoutAnySoftPixel) {
-  ZOVEngine::Image image{2, 1, {1, 2, 3, 255, 4, 5, 6, 255}};
+  ZOVEngine::Image image{2, 1, {1, 2, 3, 255, 4, 5, 6, 255}, {}};
   EXPECT_TRUE(ZOVEngine::IsOpaque(image));
   image.pixels[7] = 254;
   EXPECT_FALSE(ZOVEngine::IsOpaque(image));

@@ -9,6 +9,8 @@
 #include <thread>
 #include <vector>
 
+#include "render/images/mipmaps.h"
+
 namespace carapace_test {
 namespace {
 
@@ -44,6 +46,14 @@ TEST(ImageQueue, TheWorkerBeginsWithTheFirstAndGoesOnInTheOrderOfTheList) {
     EXPECT_TRUE(queue.Take(position));
   }
   EXPECT_FALSE(queue.FindDecoded());
+}
+
+TEST(ImageQueue, AnImageComesWithItsMipmaps) {
+  std::optional<Image> expected = LoadImage(kGlow);
+  MakeMipmaps(&*expected);
+  ImageQueue queue({kGlow});
+  EXPECT_EQ(queue.Take(0)->mipmaps, expected->mipmaps);
+  EXPECT_FALSE(expected->mipmaps.empty());
 }
 
 TEST(ImageQueue, AnEmptyPathIsNeverDecoded) {

@@ -16,6 +16,7 @@
 #include "render/gl/glprogram.h"
 #include "render/gl/glstate.h"
 #include "render/gl/gltextures.h"
+#include "render/images/mipmaps.h"
 
 namespace ZOVEngine {
 
@@ -99,6 +100,7 @@ class RealGLDevice final : public GLDevice {
   void PointAtVertices(GLuint buffer);
   void PointAtInstances(std::uint32_t first);
   void Upload(GLuint buffer, std::size_t bytes, const void* data);
+  static bool UploadMipmaps(const Image& image);
   void MakeMipmaps(GLuint texture);
   void UploadPlan();
   void DrawGround(const Frame& frame);
@@ -215,12 +217,23 @@ void RealGLDevice::UploadTexture(std::uint32_t position, const Image& image) {
   m_units.NoteOpaque(position, IsOpaque(image));
   // A texture that is replaced may be on a unit already, as texture 0 is on every unit at first.
   const bool known = position == 0 || !m_uploaded.insert(position).second;
+  m_without_mipmaps.erase(position);
+  if (UploadMipmaps(image)) return;
   if (known) glGenerateMipmap(GL_TEXTURE_2D);
   if (!known) m_without_mipmaps.insert(position);
 }
 
-/// Mipmaps are made when a texture is bound for the first time: the first frame needs few of the
-/// textures that a start uploads.
+/// False for an image that brings none.
+bool RealGLDevice::UploadMipmaps(const Image& image) {
+  GLint level = 0;
+  for (const MipmapLevel& map : ListMipmaps(image)) {
+    glTexImage2D(GL_TEXTURE_2D, ++level, GL_RGBA, map.width, map.height, 0, GL_RGBA,
+                 GL_UNSIGNED_BYTE, map.pixels);
+  }
+  return level > 0;
+}
+
+/// Mipmaps that an image does not bring are made when its texture is bound for the first time.
 void RealGLDevice::MakeMipmaps(GLuint texture) {
   if (m_without_mipmaps.erase(texture) == 0) return;
   m_state.EditTexture(texture);

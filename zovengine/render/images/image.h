@@ -14,7 +14,8 @@ inline constexpr int kMaxImageSide = 4096;
 struct Image {
   int width = 0;
   int height = 0;
-  std::vector<std::uint8_t> pixels;  ///< 4 * width * height bytes
+  std::vector<std::uint8_t> pixels;   ///< 4 * width * height bytes
+  std::vector<std::uint8_t> mipmaps;  ///< behind one another, by MakeMipmaps; may be empty
 };
 
 /// Decodes the image file at `path`. Empty when the file is absent, is no image, is larger than

@@ -3,6 +3,8 @@
 #include <cstddef>
 #include <utility>
 
+#include "render/images/mipmaps.h"
+
 namespace ZOVEngine {
 
 ImageQueue::ImageQueue(std::vector<std::string> paths, const std::vector<std::size_t>& first) {
@@ -71,6 +73,7 @@ ImageQueue::Slot* ImageQueue::ClaimNext(const std::stop_token& stop) {
 void ImageQueue::Decode(Slot* slot) {
   try {
     slot->image = LoadImage(slot->path);
+    if (slot->image) MakeMipmaps(&*slot->image);
   } catch (...) {
     slot->failure = std::current_exception();
   }

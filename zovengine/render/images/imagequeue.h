@@ -15,12 +15,13 @@
 
 namespace ZOVEngine {
 
-/// Decodes the images of a list on a worker thread, ahead of the consumer.
+/// Decodes the images of a list on a worker thread, ahead of the consumer, and makes their mipmaps.
 ///
 /// The consumer takes each image by its position in the list, in any order, once. An empty path is
-/// a position without an image, which nobody takes. The worker only calls LoadImage. It holds at
-/// most kMostAhead images that are decoded and not taken, which bounds the memory. The destructor
-/// skips the images that are not begun yet and waits for the one that is being decoded.
+/// a position without an image, which nobody takes. The worker only calls LoadImage and
+/// MakeMipmaps. It holds at most kMostAhead images that are decoded and not taken, which bounds the
+/// memory. The destructor skips the images that are not begun yet and waits for the one that is
+/// being decoded.
 class ImageQueue : private NonCopyable {
  public:
   static constexpr std::size_t kMostAhead = 32;

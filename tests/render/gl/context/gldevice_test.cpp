@@ -5,8 +5,10 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 
 #include "render/gl/context/glscene.h"
+#include "render/images/mipmaps.h"
 #include "support/picture.h"
 
 namespace carapace_test {
@@ -67,6 +69,18 @@ GLint LevelWidth(std::uint32_t position, GLint level) {
   glBindTexture(GL_TEXTURE_2D, position);
   glGetTexLevelParameteriv(GL_TEXTURE_2D, level, GL_TEXTURE_WIDTH, &width);
   return width;
+}
+
+std::vector<std::uint8_t> LevelTexels(std::uint32_t position, GLint level) {
+  GLint width = 0;
+  GLint height = 0;
+  glBindTexture(GL_TEXTURE_2D, position);
+  glGetTexLevelParameteriv(GL_TEXTURE_2D, level, GL_TEXTURE_WIDTH, &width);
+  glGetTexLevelParameteriv(GL_TEXTURE_2D, level, GL_TEXTURE_HEIGHT, &height);
+  std::vector<std::uint8_t> texels(4 * static_cast<std::size_t>(width * height));
+  glPixelStorei(GL_PACK_ALIGNMENT, 1);
+  glGetTexImage(GL_TEXTURE_2D, level, GL_RGBA, GL_UNSIGNED_BYTE, texels.data());
+  return texels;
 }
 
 // Only what the interface names: attributes 0 and 1, the matrices and the colour.
@@ -189,6 +203,46 @@ TEST(GLDevice, AFinishedTextureHasItsMipmapsThoughNoFrameShowsIt) {
   device->FinishTexture(4);
   device->FinishTexture(4000);
   EXPECT_EQ(LevelWidth(5, 1), 0) << "another one waits";
+}
+
+TEST(GLDevice, MipmapsThatAnImageBringsAreUploadedAtOnce) {
+  const GLContext context(kSceneWidth, kSceneHeight);
+  const auto device = SceneDevice();
+  ZOVEngine::Image image = SceneImage(4);
+  ZOVEngine::MakeMipmaps(&image);
+  image.mipmaps[0] = image.mipmaps[0] < 128 ? 255 : 0;  // none that a driver would make
+  device->UploadTexture(4, image);
+  for (int again = 0; again < 2; ++again) {
+    const std::vector<ZOVEngine::MipmapLevel> levels = ZOVEngine::ListMipmaps(image);
+    ASSERT_EQ(levels.size(), 7u);
+    for (std::size_t i = 0; i < levels.size(); ++i) {
+      const std::vector<std::uint8_t> texels = LevelTexels(4, static_cast<GLint>(i) + 1);
+      ASSERT_EQ(LevelWidth(4, static_cast<GLint>(i) + 1), levels[i].width);
+      EXPECT_EQ(std::memcmp(texels.data(), levels[i].pixels, texels.size()), 0) << i;
+    }
+    Frame frame = OneQuad(Program::kDefault);
+    frame.commands[0].texture = 4;
+    device->Execute(frame);  // leaves them as they are
+    device->FinishTexture(4);
+  }
+}
+
+TEST(GLDevice, MipmapsAreThoseThatADriverMakes) {
+  const GLContext context(kSceneWidth, kSceneHeight);
+  const auto device = SceneDevice();
+  for (std::uint32_t number = 0; number < kSceneTextures; ++number) {
+    device->FinishTexture(number);
+    ZOVEngine::Image image = SceneImage(number);
+    ZOVEngine::MakeMipmaps(&image);
+    GLint level = 0;
+    for (const ZOVEngine::MipmapLevel& map : ZOVEngine::ListMipmaps(image)) {
+      const std::vector<std::uint8_t> texels = LevelTexels(number, ++level);
+      ASSERT_EQ(LevelWidth(number, level), map.width);
+      for (std::size_t i = 0; i < texels.size(); ++i) {
+        ASSERT_NEAR(texels[i], map.pixels[i], 4) << number << " level " << level;
+      }
+    }
+  }
 }
 
 TEST(GLDevice, ATextureThatIsReplacedGetsItsMipmapsAtOnce) {
