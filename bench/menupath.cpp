@@ -105,7 +105,7 @@ int main() {
   g_mixer = mixer.get();
   CreateEngine();
   InitSystems();
-  MainLoop(*g_engine, NowNanoseconds, SleepNanoseconds, [] {
+  MainLoop(*g_engine, NowNanoseconds, RestStep, [] {
     BeginStep();
     Go();
   });

@@ -74,6 +74,9 @@ class RenderSystem final : public UnpausedSystem {
   /// that is still to come is loaded before those that nobody has asked for; a panel asks in each
   /// frame for what it shows.
   bool RequestTexture(std::uint32_t number);
+  /// Takes this time, which is left until the next step, for textures that are still to come (unit:
+  /// nanoseconds).
+  void Rest(std::int64_t duration) { m_loader.Rest(duration); }
   /// Writes "Resources/Textures/graphics.json". False when that failed; the old file then stands.
   bool SaveGraphicsConfig() const;
 

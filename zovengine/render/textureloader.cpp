@@ -1,5 +1,6 @@
 #include "render/textureloader.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <iostream>
 #include <optional>
@@ -15,6 +16,9 @@ namespace {
 // A path of the texture list is "Resources/Textures/", the key, and an ending such as ".png".
 constexpr std::size_t kKeyStart = 19;
 constexpr std::size_t kKeyTail = 4;
+
+/// How often a rest looks for images that the worker has decoded (unit: nanoseconds).
+constexpr std::int64_t kLookAgain = 1'000'000;
 
 void ReportFailure() {
   std::cout << "ERROR: Failed to load texture." << '\n';
@@ -101,6 +105,16 @@ void TextureLoader::Advance(std::int64_t duration) {
     const std::optional<std::size_t> position = m_images->FindDecoded();
     if (!position) return;
     Upload(*position);
+  }
+}
+
+void TextureLoader::Rest(std::int64_t duration) {
+  const std::int64_t end = NowNanoseconds() + duration;
+  for (std::int64_t left = duration; left > 0; left = end - NowNanoseconds()) {
+    Advance(left);
+    // The worker does not wake this thread; it is asked again.
+    const std::int64_t sleep = std::min(m_images ? kLookAgain : left, end - NowNanoseconds());
+    SleepNanoseconds(sleep);
   }
 }
 

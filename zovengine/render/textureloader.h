@@ -41,6 +41,9 @@ class TextureLoader : private NonCopyable {
   void Complete(Frame* frame);
   /// Uploads images that are decoded already, for about this time at most (unit: nanoseconds).
   void Advance(std::int64_t duration);
+  /// Takes this time, in which the caller has nothing else to do, and uploads in it the images that
+  /// are decoded by then (unit: nanoseconds); does nothing if it is not above 0.
+  void Rest(std::int64_t duration);
   /// True if the texture of this number is in the device. One that still can be is decoded and
   /// uploaded before those that nobody has asked for.
   bool Request(std::uint32_t number);

@@ -3,19 +3,25 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cstdint>
+#include <functional>
 #include <string>
 #include <typeinfo>
+#include <utility>
 #include <vector>
 
 #include "audio/audiosystem.h"
 #include "core/app/builtintables.h"
 #include "core/app/logicsystem.h"
 #include "core/app/logictables.h"
+#include "core/base/clock.h"
 #include "objects/componentclasses.h"
 #include "physics/collidersystem.h"
 #include "physicssystem.h"
 #include "platform/inputsystem.h"
 #include "platform/windowsystem.h"
+#include "render/graphicsfiles.h"
+#include "render/picturefiles.h"
 #include "render/rendersystem.h"
 #include "support/reports.h"
 #include "support/world.h"
@@ -25,6 +31,7 @@ namespace {
 
 using carapace_test::ComponentClassNames;
 using carapace_test::Files;
+using carapace_test::OnePixel;
 using carapace_test::OutputOf;
 using carapace_test::Record;
 using carapace_test::TransformAt;
@@ -76,11 +83,21 @@ TEST(WinMain, TheEngineStartsRunningAndUnpaused) {
   EXPECT_FALSE(g_engine->paused);
 }
 
+/// `images`, and settings whose textures they are.
+Files WithImages(const Files& images) {
+  std::vector<std::string> paths;
+  for (const auto& [path, content] : images) paths.push_back(path);
+  Files files = carapace_test::WithShaders(carapace_test::Config(paths));
+  files.insert(images.begin(), images.end());
+  return files;
+}
+
 /// The engine after its systems were made and before any Init.
 class CreatedEngine {
  public:
-  CreatedEngine() {
+  explicit CreatedEngine(const Files& files = {}) {
     for (const auto& [path, text] : World::BaseFiles()) m_directory.Write(path, text);
+    for (const auto& [path, text] : files) m_directory.Write(path, text);
     g_native = &m_native;
     g_gl_device = &m_device;
     CreateEngine();
@@ -125,6 +142,53 @@ TEST(WinMain, TheFactorysInitRegistersItsOwnTables) {
   g_game_obj_factory->Init();
   BuiltInTables::ForEach([]<class T>() { EXPECT_TRUE(IsRegistered<T>()) << ClassName<T>(); });
   EXPECT_EQ(g_component_tables->size(), ComponentClassNames().size());
+}
+
+/// A system that calls a function in its Init.
+class Probe final : public UnpausedSystem {
+ public:
+  explicit Probe(std::function<void()> look) : m_look(std::move(look)) {}
+  void Init() override { m_look(); }
+  void Update(float) override {}
+  void SendMessage(Message*) override {}
+
+ private:
+  std::function<void()> m_look;
+};
+
+TEST(WinMain, TheTexturesAreBegunBeforeTheWindowOpens) {
+  const CreatedEngine engine(WithImages({{"Resources/Textures/early.tga", OnePixel(1, 2, 3)}}));
+  bool begun = false;
+  Probe probe([&] {
+    EXPECT_EQ(g_window_system->m_window, nullptr);
+    begun = g_render_system->m_textures.count("early") == 1;
+  });
+  std::vector<System*>& systems = g_engine->systems;
+  systems.insert(systems.begin() + 1, &probe);
+  InitSystems();
+  std::erase(systems, &probe);
+  EXPECT_TRUE(begun);
+}
+
+/// How long a rest of 20 milliseconds takes (unit: nanoseconds).
+std::int64_t RestTwentyMilliseconds() {
+  const std::int64_t start = NowNanoseconds();
+  RestStep(20'000'000);
+  return NowNanoseconds() - start;
+}
+
+TEST(WinMain, TexturesComeBetweenTheStepsAndTheTimeOfTheStepIsKept) {
+  Files images;
+  for (int i = 0; i < 40; ++i) {
+    images["Resources/Textures/" + std::to_string(i) + ".tga"] = OnePixel(1, 2, 3);
+  }
+  const World world(WithImages(images));
+  EXPECT_GE(RestTwentyMilliseconds(), 20'000'000);
+  for (int i = 0; i < 5000 && world.device.textures.size() < 40; ++i) RestStep(1'000'000);
+  EXPECT_EQ(world.device.textures.size(), 40u) << "without a frame";
+  EXPECT_GE(RestTwentyMilliseconds(), 20'000'000) << "with nothing left to come";
+  RestStep(0);
+  RestStep(-5);
 }
 
 TEST(WinMain, TheStartClearsTheLevelPath) {

@@ -72,6 +72,10 @@ void BeginStep() {
   g_physics_system->UpdateWorldTransforms();
 }
 
+void RestStep(std::int64_t nanoseconds) {
+  g_render_system->Rest(nanoseconds);
+}
+
 int WinMain() {
   // Each line at once: the lines before an end by an exception or a signal must not be lost.
   std::cout << std::unitbuf;
@@ -87,7 +91,7 @@ int WinMain() {
   if (g_window_system->m_imguiActive) g_engine->systems.push_back(new EditorSystem);
   // A level keeps the background of the screen before it; at the start there is none.
   if (g_start_state == kDefaultState) ShowBackground(g_current_level_path);
-  MainLoop(*g_engine, NowNanoseconds, SleepNanoseconds, BeginStep);
+  MainLoop(*g_engine, NowNanoseconds, RestStep, BeginStep);
   DestroyEngine();
   g_mixer = nullptr;
   mixer.reset();

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+
 #include "core/engine.h"
 
 namespace ZOVEngine {
@@ -18,6 +20,9 @@ void DestroyEngine();
 
 /// The head of every fixed step: derives the world transforms.
 void BeginStep();
+
+/// The rest between two steps (unit: nanoseconds): textures come in it, and the thread sleeps.
+void RestStep(std::int64_t nanoseconds);
 
 /// The whole run of the program on the real window, GL context and clock. Returns the exit code
 /// when the teardown is done.
