@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 namespace carapace_test {
 
 using ZOVEngine::TextureUnits;
@@ -66,9 +68,39 @@ TEST(TextureUnitsTest, ATextureOfTheSameShapeGivesWayFirst) {
     units.NoteSize(texture, texture == 6 || texture == 9 ? 100 : 64, 64);
   }
   units.StartRun();
-  for (GLuint texture = 1; texture <= 8; ++texture) units.Take(texture);
+  int unit_of_six = -1;
+  for (GLuint texture = 1; texture <= 8; ++texture) {
+    const int unit = units.Take(texture);
+    if (texture == 6) unit_of_six = unit;
+  }
   units.StartRun();
-  EXPECT_EQ(units.Take(9), 5);
+  EXPECT_EQ(units.Take(9), unit_of_six);
+}
+
+/// The units that hold a texture of odd sides after one run of these textures; odd numbers have
+/// such sides.
+unsigned OddUnits(const std::vector<GLuint>& textures) {
+  TextureUnits units;
+  for (GLuint texture = 0; texture < 20; ++texture) {
+    const int side = texture % 2 != 0 ? 100 : 64;
+    units.NoteSize(texture, side, side);
+  }
+  units.StartRun();
+  unsigned odd = 0;
+  for (const GLuint texture : textures) {
+    const int unit = units.Take(texture);
+    if (texture % 2 != 0) odd |= 1u << unit;
+  }
+  return odd;
+}
+
+TEST(TextureUnitsTest, InWhateverOrderTexturesComeTheirShapesStandInTheSame) {
+  for (const std::vector<GLuint>& textures :
+       {std::vector<GLuint>{1, 3, 5, 2, 4}, {2, 1, 4, 3, 5}, {4, 5, 2, 1, 3}}) {
+    EXPECT_EQ(OddUnits(textures), 0b111u);
+  }
+  EXPECT_EQ(OddUnits({2, 4, 6, 8, 10, 12, 14, 1}), 1u);
+  EXPECT_EQ(OddUnits({1, 3, 5, 7, 9, 11, 13, 2}), 0b1111111u);
 }
 
 TEST(TextureUnitsTest, AUnitCanBeTakenByNumber) {

@@ -7,6 +7,8 @@ namespace ZOVEngine {
 namespace {
 
 constexpr GLuint kMostNoted = 1u << 16;
+/// The shape class of a texture of which no side is a power of two.
+constexpr std::uint8_t kOddSides = 0;
 
 bool IsPowerOfTwo(int side) {
   return std::has_single_bit(static_cast<unsigned>(side));
@@ -62,13 +64,15 @@ int TextureUnits::FindUnit(GLuint texture) const {
 }
 
 int TextureUnits::ChooseFreeUnit(GLuint texture) const {
+  const std::uint8_t shape = Shape(texture);
   int best = -1;
   bool best_fits = false;
-  for (int unit = 0; unit < kSpriteUnits; ++unit) {
+  for (int i = 0; i < kSpriteUnits; ++i) {
+    const int unit = shape == kOddSides ? i : kSpriteUnits - 1 - i;
     if (m_used >> unit & 1u) continue;
-    const bool fits = Shape(m_textures[At(unit)]) == Shape(texture);
-    const bool older = best < 0 || m_last_use[At(unit)] < m_last_use[At(best)];
-    if (best < 0 || fits > best_fits || (fits == best_fits && older)) {
+    const bool fits = Shape(m_textures[At(unit)]) == shape;
+    const bool older = best >= 0 && m_last_use[At(unit)] < m_last_use[At(best)];
+    if (best < 0 || fits > best_fits || (fits && older)) {
       best = unit;
       best_fits = fits;
     }

@@ -19,10 +19,12 @@ struct TextureBind {
 /// Plans which sprite texture sits on which of the units 0 to 7.
 ///
 /// A draw can choose among the textures on all eight units, so a run of sprites goes on until a
-/// ninth texture turns up. The textures of a run stay on their units for the next one. When a unit
-/// must be freed, one whose texture has the same shape class is preferred: some drivers build a
-/// shader anew for every combination of classes on the units. The plan remembers the binds of
-/// earlier frames, so no other code may bind to these units.
+/// ninth texture turns up. The textures of a run stay on their units for the next one. Some drivers
+/// build a shader anew for every sequence of shape classes on the units. So when a unit must be
+/// freed, one whose texture has the same class is preferred; failing that, textures without a side
+/// that is a power of two come from the first unit on and all others from the last one back. What
+/// was drawn before then leaves few sequences. The plan remembers the binds of earlier frames, so
+/// no other code may bind to these units.
 class TextureUnits {
  public:
   /// Starts a new frame: the list of binds is empty, the units keep their textures.
