@@ -5,6 +5,7 @@ only its frames need a display.
 """
 import os
 import pathlib
+import re
 import subprocess
 import sys
 import tomllib
@@ -17,6 +18,8 @@ PROGRAM = ROOT / "build/release/carapace_film"
 SIZE = (1280, 720)
 EVERY = 5  # steps from one frame of a film to the next
 STEPS_A_SECOND = 60
+SEEDS = range(1, 61)  # that are tried for a scene which does no more what it was chosen for
+AIM_STEP = 2  # between the angles that are tried (unit: degrees)
 
 
 class Scene(typing.NamedTuple):
@@ -53,6 +56,37 @@ def rehearse(scene):
     return done.stdout.strip()
 
 
+def does_its_part(scene):
+    """Whether the scene's last shot does what it was chosen for; and what it does."""
+    done = rehearse(scene)
+    return bool(re.search(scene.does, done)), done
+
+
+def aims(scene):
+    """The scene with each other angle of its last shot, the nearest ones first; none if it does not end in one."""
+    *turns, last = scene.turns
+    fired = re.search(r"fire=(-?\d+)", last)
+    for off in range(AIM_STEP, 180 + AIM_STEP, AIM_STEP) if fired else ():
+        for angle in (int(fired[1]) - off, int(fired[1]) + off):
+            angle = (angle + 180) % 360 - 180
+            yield scene._replace(turns=[*turns, last.replace(fired[0], f"fire={angle}")])
+
+
+def settle(scene):
+    """The scene as it does what it was chosen for: as it is described, or else with another angle of its last shot, or with another seed,
+    which is then said. Ends the program if none does.
+    """
+    good, done = does_its_part(scene)
+    if good:
+        return scene
+    print(f"{scene.name}: {done}", flush=True)
+    for tried in (*aims(scene), *(scene._replace(seed=seed) for seed in SEEDS)):
+        if does_its_part(tried)[0]:
+            print(f"{scene.name}: taken with seed = {tried.seed}, turns = {tried.turns} instead: look at it, and write that into {SCENES.name}", flush=True)
+            return tried
+    sys.exit(f"{scene.name}: no angle and none of {len(SEEDS)} seeds does \"{scene.does}\"")
+
+
 def film(scene, steps, every=EVERY):
     """The frames of a scene, each SIZE pixels of r, g, b."""
     command = scene.command("--before", str(scene.before), "--frames", str(steps), "--every", str(every))
@@ -63,7 +97,7 @@ def film(scene, steps, every=EVERY):
 
 
 def still(scene):
-    """The frame of the scene's screenshot."""
+    """The frame of a settled scene's screenshot."""
     return film(scene, scene.still + 1, scene.still)[-1]
 
 
