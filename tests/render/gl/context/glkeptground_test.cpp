@@ -127,6 +127,14 @@ TEST(KeptGround, FollowsTheViewport) {
   });
 }
 
+TEST(KeptGround, ReachesBeyondTheWindowWithTheViewport) {
+  std::vector<Frame> frames(5, LevelFrame(3));
+  frames[4].lights[0].position.x += 60.0f;
+  ExpectSamePictures(frames, [](std::size_t frame, GLDevice* device) {
+    if (frame == 1) device->SetViewport(-70, -30, kSceneWidth + 20, kSceneHeight + 90);
+  });
+}
+
 TEST(KeptGround, IsDrawnAnewWithNewResourcesAndPrograms) {
   ExpectSamePictures(std::vector<Frame>(8, LevelFrame(3)), [](std::size_t frame, GLDevice* device) {
     ZOVEngine::Matrix4x4 wider = SceneProjection();
