@@ -9,6 +9,6 @@ namespace carapace_test {
 /// change that was not meant to touch either must leave it. tools/check_hashes compares it in many
 /// builds.
 inline constexpr int kLevel00HashSteps = 3600;
-inline constexpr std::uint64_t kLevel00Hash = 0xe4e969fc78335330ull;
+inline constexpr std::uint64_t kLevel00Hash = 0x58256cd2ad61600cull;
 
 }  // namespace carapace_test

@@ -24,6 +24,7 @@ HALF_WIDTH, HALF_HEIGHT = 720, 540  # of a screen of 4 by 3
 STRIP_PIECES = ("ui_strip", "ui_energy", "ui_cycle", "ui_undo", "ui_skip", "ui_weapon", "ui_turn_line")  # how their names begin
 LABEL = 121  # to the right of a unit that leans on the right wall of an arena there is no more room for its label
 LABEL_HEIGHT, STRIPS = 100, 480  # of the image; from here on the strip lies over the arena
+HALF_UNIT, DIGIT = 45, 24  # world units; a digit beside the bar of health is so high
 SHOTS = "zovengine/game/shots"
 TARGET = 0.8  # of a button's height
 
@@ -265,7 +266,8 @@ class Screens(unittest.TestCase):
                 left, right = (own["Transform"]["m_scale"][0] * float(width) * (aside + side - 0.5) + 120 for side in drawn_part(texture))
                 self.assertLess(abs(left + right) / 2, 4, texture)
                 self.assertLess(right, LABEL, texture)
-            self.assertAlmostEqual(abs(up), 0.95, 4)
+            bar = next(child for child in own["Childs"] if child["name"] == "hp_font")["Transform"]["m_pos"][1]
+            self.assertTrue((up - 0.25) * LABEL_HEIGHT > bar + DIGIT or (up + 0.25) * LABEL_HEIGHT < -HALF_UNIT, own["name"])
             self.assertLess(own["Transform"]["m_pos"][1] + (up + 0.25) * LABEL_HEIGHT, STRIPS, f"{own['name']} at the strip")
 
     def test_nothing_touches_the_examples_of_the_glossary(self):

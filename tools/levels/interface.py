@@ -6,7 +6,7 @@ it the screens.
 """
 import copy
 
-from pieces import SWITCH, WIDE, button, column, element, glossary, image, looks, page, question, sample, text
+from pieces import OFF_SCREEN, SWITCH, WIDE, button, column, element, glossary, image, looks, page, question, sample, text
 
 NEVER = "ui_key_hint"  # no screen has this state, so the hints of keys are always shown and never clicked
 # The strips lie on the walls above and below the arena. Their bays lie towards the screen's edge; towards the arena runs a line.
@@ -105,6 +105,13 @@ def end():
     ]
 
 
+def closing():
+    """Unseen, but drawn in every frame, after all else. Tiles show what the last sprite of the frame before left of the square that
+    all share; after an animated one, say a loose crystal or an example of the glossary, that is the width of one of its frames.
+    """
+    return [image("ui_closing", "UI_FadeLevel", OFF_SCREEN, (1, 1), alpha=0)]
+
+
 def lower_layer():
     """For the root of the level, after all that the level consists of."""
     return in_play()
@@ -123,4 +130,5 @@ def upper_layer():
         *question("ui_quit", "ui_quit_confirm", "Panel_Quit", "ui_quit_yes", "ui_quit_no"),
         *question("ui_quit_menu", "ui_quit_mainmenu_confirm", "Panel_QuitLevel", "ui_pause_quittomenu_yes", "ui_pause_quittomenu_no"),
         *end(),
+        *closing(),
     ]

@@ -122,10 +122,10 @@ def marks(own, size, kind, health):
             "Font": {"m_text": "", "m_colour": list(colour)},
             "UIElement": {"m_ui_element_name": "ui_font"},
         })
-    # The game places the label to the right of the unit, where the edge of the screen may be near: the image lies above the unit, or
-    # below one that starts near the upper strip. A boss's has another size; it lies on the side where there is room.
+    # The game places the label to the right of the unit, where the edge of the screen may be near: the image lies above the unit and
+    # its bar, or below one that starts near the upper strip. A boss's has another size; it lies on the side where there is room.
     x, y = own["m_world_pos"][:2]
-    aside, up = (-0.5, -0.95 if y > 300 else 0.95) if kind != "boss" else (-1.2 if x > 0 else 0, 0)
+    aside, up = (-0.5, -0.95 if y > 300 else 1.12) if kind != "boss" else (-1.2 if x > 0 else 0, 0)
     yield record("WeaponText", {
         "Transform": attached(own, (120, 0), (size * 2.32, size * 1.104)),
         **sprite("WeaponFloat_Basic", alpha=0, model=functools.partial(own_square, aside, up)),
