@@ -162,6 +162,7 @@ void FramePlanner::Reset(const Frame& frame, const Reaches& reaches) {
   m_run_open = m_streamed_run_open = false;
 }
 
+/// The ground may be kept for longer than the frame, so that nothing else hides its background.
 void FramePlanner::FindBackground(const Matrix4x4& projection) {
   m_screen = ScreenMap(projection, m_frame->view);
   m_background = nullptr;
@@ -173,13 +174,13 @@ void FramePlanner::FindBackground(const Matrix4x4& projection) {
     if (!m_screen.Find(Bounds(at), at.translate.z, &box)) continue;
     if (!(AreaOnScreen(box) >= kLargeOnScreen)) continue;
     m_background = &commands[i];
-    GatherOccluders(i + 1);
+    GatherOccluders(i + 1, i < m_frame->ground ? m_frame->ground : commands.size());
   }
 }
 
-void FramePlanner::GatherOccluders(std::size_t first) {
+void FramePlanner::GatherOccluders(std::size_t first, std::size_t end) {
   m_occluders.Clear();
-  for (std::size_t i = first; i < m_frame->commands.size(); ++i) {
+  for (std::size_t i = first; i < std::min(end, m_frame->commands.size()); ++i) {
     const DrawCommand& command = m_frame->commands[i];
     ScreenBox box;
     if (IsOpaque(command) &&

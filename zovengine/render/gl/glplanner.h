@@ -57,7 +57,7 @@ class FramePlanner {
   void FinishGround();
   void Reset(const Frame& frame, const Reaches& reaches);
   void FindBackground(const Matrix4x4& projection);
-  void GatherOccluders(std::size_t first);
+  void GatherOccluders(std::size_t first, std::size_t end);
   void Add(const DrawCommand& command);
 
   void AddQuad(const DrawCommand& command);

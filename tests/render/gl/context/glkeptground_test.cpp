@@ -187,6 +187,17 @@ TEST(KeptGround, ASmallChangeDrawsTheRunsThatItTouches) {
   EXPECT_LT(draws[3], draws[0]);
 }
 
+TEST(KeptGround, HasItsBackgroundUnderASpriteThatLeaves) {
+  std::vector<Frame> frames(6, LevelFrame(3));
+  for (std::size_t i = 0; i < frames.size(); ++i) {
+    frames[i].commands.erase(frames[i].commands.begin() + 40, frames[i].commands.begin() + 60);
+    frames[i].ground -= 20;
+    if (i > 2) continue;
+    frames[i].commands.push_back(QuadCommand(0, 0, 9600, 5400, 0));  // covers all
+  }
+  ExpectSamePictures(frames, DoNothing);
+}
+
 TEST(KeptGround, AViewThatMovesIsDrawnOnceAFrame) {
   std::vector<Frame> frames(4, LevelFrame(3));
   for (std::size_t i = 1; i < frames.size(); ++i) frames[i].view.m[3] = static_cast<float>(i);
