@@ -117,9 +117,9 @@ class LevelDraft {
     KeepWalls();
     KeepChildren(Find("level"), {"player1", "player2", "enemy1", "ui_turn", "ui_skip", "ui_undo",
                                  "ui_cycle_left", "ui_cycle_right", "camera"});
-    KeepChildren(Find("camera"),
-                 {"ui_pause_resume", "ui_pause_glossary_img", "ui_pause_glossary_weapons",
-                  "ui_pause_glossary_enviro", "EnvDestructible", "EnvDamage", "EnvBlackhole"});
+    KeepChildren(Find("camera"), {"ui_pause_resume", "ui_pause_glossary_img",
+                                  "ui_pause_glossary_weapons", "ui_pause_glossary_enviro",
+                                  "EnvDestructible", "EnvDamage", "EnvBlackhole", "ui_closing"});
     Json root = Copy(Find("level"));
     Json light = Copy(Find("lamp"));
     for (const char* look : {"Render", "iModel"}) DropComponent(light, look);

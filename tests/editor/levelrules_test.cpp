@@ -251,6 +251,7 @@ std::vector<Example> LevelExamples() {
       {"interface-missing", "no element ui_turn", WithoutChild("level", "ui_turn")},
       {"interface-missing", "no hint ui_skip", WithoutChild("level", "ui_skip")},
       {"interface-missing", "no button ui_pause_resume", WithoutChild("camera", "ui_pause_resume")},
+      {"interface-missing", "no closing sprite ui_closing", WithoutChild("camera", "ui_closing")},
       {"interface-missing", "piece of the glossary below its root or beside its tabs EnvDamage",
        [](LevelDraft& draft) {
          draft.DropChild("camera", "EnvDamage"), draft.DropChild("camera", "EnvDamage");

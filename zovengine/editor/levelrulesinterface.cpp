@@ -19,6 +19,10 @@ constexpr const char* kGlossary[] = {
     "ui_pause_glossary_img", kGlossaryTab, "ui_pause_glossary_enviro",
     "EnvDestructible",       "EnvDamage",  "EnvBlackhole"};
 
+/// The sprite that is drawn last, below the camera with the glossary. Without it tiles show parts
+/// of their textures whenever an animation is drawn last.
+constexpr const char* kClosing = "ui_closing";
+
 bool IsOfMenu(const std::string& name) {
   return name.starts_with("menu_");
 }
@@ -69,6 +73,7 @@ void CheckInterface(const LevelView& level, const KnownAssets& known, LevelRepor
   RequireAll("hint", Missing(kKeyHints, buttons), report);
   RequireAll("piece of the glossary below its root or beside its tabs",
              Missing({std::begin(kGlossary), std::end(kGlossary)}, pieces), report);
+  RequireAll("closing sprite", Missing({kClosing}, pieces), report);
 }
 
 }  // namespace ZOVEngine
