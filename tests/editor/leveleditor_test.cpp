@@ -7,8 +7,11 @@
 
 #include "editor/editordata.h"
 #include "editor/editortest.h"
+#include "editor/editorview.h"
+#include "editor/palette.h"
 #include "game/levels/levelsave.h"
 #include "physics/components/transform.h"
+#include "render/rendersystem.h"
 
 namespace ZOVEngine {
 namespace {
@@ -97,6 +100,31 @@ TEST_F(LevelEditorTest, ALevelThatCannotBeReadLeavesTheOpenOne) {
   EXPECT_FALSE(editor->Open("Nowhere"));
   EXPECT_EQ(g_editor.m_level_name, "Level01");
   EXPECT_TRUE(editor->log.Lines().back().fault);
+}
+
+constexpr const char* kPaletteHazard = "Resources/Archetypes/Palette/hazard_destructible.json";
+
+/// No tile of the frame shows less than its whole texture.
+void ExpectWholeTiles(const Frame& shown) {
+  ASSERT_GT(shown.ground, 100u);
+  for (std::size_t i = 1; i < shown.ground; ++i) {  // the first is the background
+    ASSERT_EQ(shown.commands[i].window.u_left, 0.0f) << "tile " << i;
+    ASSERT_EQ(shown.commands[i].window.u_right, 1.0f) << "tile " << i;
+  }
+}
+
+TEST_F(LevelEditorTest, TilesAreWholeWhateverIsDrawnLast) {
+  ASSERT_TRUE(editor->Open("Level01"));
+  g_render_system->m_hides = IsGameInterface;
+  rapidjson::Document hazard;
+  hazard.Parse(carapace_test::ShippedFile(kPaletteHazard).c_str());
+  const ObjectPath root = FindLevelRoot(editor->document);
+  editor->Do(editor->scene.Insert(root, {ToText(hazard["Objects"][1])}, "Insert",
+                                  editor->document.Children(root)->Size()));
+  for (int i = 0; i < 20; ++i) {
+    world.Step();
+    ExpectWholeTiles(world.device.frame);
+  }
 }
 
 }  // namespace

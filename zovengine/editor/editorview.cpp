@@ -48,6 +48,7 @@ bool MouseInViewport() {
 }
 
 bool IsGameInterface(const GameObj& object) {
+  if (object.name == kClosingSprite) return false;
   bool found = false;
   for (const GameObj* at = &object; at != nullptr; at = at->parent) {
     if (at->HasComponent<Player>() || at->HasComponent<Enemy>()) return false;

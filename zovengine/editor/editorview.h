@@ -10,6 +10,10 @@ class GameObj;
 inline constexpr int kPictureWidth = 1280;
 inline constexpr int kPictureHeight = 720;
 
+/// The unseen sprite that is drawn last, below the level's camera. Without it tiles show parts of
+/// their textures whenever an animation is drawn last.
+inline constexpr const char* kClosingSprite = "ui_closing";
+
 /// The world position under the mouse in the picture that the editor shows inset: 1280 by 720
 /// pixels that stand for 1920 by 1080 world units, at a place that the layout of the panels gives.
 ///
@@ -21,7 +25,7 @@ Vector3D EditorMousePosition();
 bool MouseInViewport();
 
 /// True for a part of what the game shows above its levels: a button or an element of the
-/// interface, or a child of one, unless it belongs to a unit.
+/// interface, or a child of one, unless it belongs to a unit; not for the closing sprite.
 bool IsGameInterface(const GameObj& object);
 
 /// The local position of the editor's camera; the origin while there is none.

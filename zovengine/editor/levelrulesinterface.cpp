@@ -1,5 +1,6 @@
 #include <iterator>
 
+#include "editor/editorview.h"
 #include "editor/levelrulesreport.h"
 
 namespace ZOVEngine {
@@ -18,10 +19,6 @@ constexpr const char* kGlossaryTab = "ui_pause_glossary_weapons";
 constexpr const char* kGlossary[] = {
     "ui_pause_glossary_img", kGlossaryTab, "ui_pause_glossary_enviro",
     "EnvDestructible",       "EnvDamage",  "EnvBlackhole"};
-
-/// The sprite that is drawn last, below the camera with the glossary. Without it tiles show parts
-/// of their textures whenever an animation is drawn last.
-constexpr const char* kClosing = "ui_closing";
 
 bool IsOfMenu(const std::string& name) {
   return name.starts_with("menu_");
@@ -73,7 +70,7 @@ void CheckInterface(const LevelView& level, const KnownAssets& known, LevelRepor
   RequireAll("hint", Missing(kKeyHints, buttons), report);
   RequireAll("piece of the glossary below its root or beside its tabs",
              Missing({std::begin(kGlossary), std::end(kGlossary)}, pieces), report);
-  RequireAll("closing sprite", Missing({kClosing}, pieces), report);
+  RequireAll("closing sprite", Missing({kClosingSprite}, pieces), report);
 }
 
 }  // namespace ZOVEngine
