@@ -1,8 +1,10 @@
-// What the tiles of the shipped levels look like from frame to frame.
+// What tiles and particles of the shipped levels look like from frame to frame.
 #include <gtest/gtest.h>
 
 #include <string>
 
+#include "autoplay/autoplayer.h"
+#include "core/base/random.h"
 #include "support/levelgame.h"
 
 namespace carapace_test {
@@ -22,15 +24,21 @@ const char* const kCrystal = R"({"name": "late crystal", "active": true,
 
 class LevelFrames : public ::testing::TestWithParam<const char*> {
  protected:
-  /// Every tile shows the whole of its texture, in so many frames from the current one on.
-  void ExpectWholeTiles(int frames) {
-    for (int frame = 1; frame <= frames; ++frame, m_game.world.Step()) {
-      const ZOVEngine::Frame& shown = m_game.world.device.frame;
-      ASSERT_GT(shown.ground, 100u) << "frame " << frame;
-      for (std::size_t i = 1; i < shown.ground; ++i) {  // the first is the background
-        ASSERT_EQ(shown.commands[i].window.u_left, 0.0f) << "frame " << frame << ", tile " << i;
-        ASSERT_EQ(shown.commands[i].window.u_right, 1.0f) << "frame " << frame << ", tile " << i;
-      }
+  /// Every tile shows the whole of its texture.
+  void ExpectWholeTiles() {
+    const ZOVEngine::Frame& shown = m_game.world.device.frame;
+    ASSERT_GT(shown.ground, 100u);
+    for (std::size_t i = 1; i < shown.ground; ++i) {  // the first is the background
+      ASSERT_EQ(shown.commands[i].window.u_left, 0.0f) << "tile " << i;
+      ASSERT_EQ(shown.commands[i].window.u_right, 1.0f) << "tile " << i;
+    }
+  }
+
+  /// As above, in so many frames from the current one on.
+  void ExpectWholeTilesFor(int frames) {
+    for (int frame = 1; frame <= frames && !HasFatalFailure(); ++frame, m_game.world.Step()) {
+      SCOPED_TRACE("frame " + std::to_string(frame));
+      ExpectWholeTiles();
     }
   }
 
@@ -38,13 +46,32 @@ class LevelFrames : public ::testing::TestWithParam<const char*> {
 };
 
 TEST_P(LevelFrames, TilesAreWholeFromTheFirstFrameOn) {
-  ExpectWholeTiles(60);
+  ExpectWholeTilesFor(60);
 }
 
 TEST_P(LevelFrames, TilesStayWholeBesideAnAnimationAboveAllElse) {
   m_game.world.LoadObjects(kCrystal);
   m_game.world.Step(3);
-  ExpectWholeTiles(30);
+  ExpectWholeTilesFor(30);
+}
+
+TEST_P(LevelFrames, TilesAndParticlesAreWholeWhateverFlies) {
+  ZOVEngine::SeedRand(5);
+  ZOVEngine::AutoPlayer player;
+  std::size_t particles = 0;
+  for (int step = 0; step < 1200; ++step) {
+    player.Step();
+    ExpectWholeTiles();
+    const ZOVEngine::Frame& shown = m_game.world.device.frame;
+    for (const ZOVEngine::DrawCommand& command : shown.commands) {
+      if (command.kind != ZOVEngine::DrawCommand::Kind::kInstances) continue;
+      particles += command.count;
+      ASSERT_EQ(command.window.u_left, 0.0f) << "step " << step;
+      ASSERT_EQ(command.window.u_right, 1.0f) << "step " << step;
+    }
+    if (HasFatalFailure()) return;
+  }
+  EXPECT_GT(particles, 1000u);
 }
 
 INSTANTIATE_TEST_SUITE_P(Shipped, LevelFrames,
