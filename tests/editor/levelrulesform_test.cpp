@@ -22,7 +22,7 @@ namespace {
 using namespace ZOVEngine;
 using ::testing::IsEmpty;
 
-const KnownAssets& Known() {
+const KnownAssets& FormAssets() {
   static const KnownAssets known = DraftAssets();
   return known;
 }
@@ -30,7 +30,7 @@ const KnownAssets& Known() {
 /// The broken rules that know the components and their fields.
 std::set<std::string> FormFaults(const LevelDraft& draft) {
   std::set<std::string> faults;
-  for (const LevelProblem& problem : CheckLevel(draft.Text(), Known())) {
+  for (const LevelProblem& problem : CheckLevel(draft.Text(), FormAssets())) {
     const std::string rule = problem.rule;
     for (const char* kind : {"component-unknown", "field-absent", "field-f", "field-whole"}) {
       if (rule.starts_with(kind)) faults.insert(rule + ": " + problem.text);
@@ -211,7 +211,7 @@ TEST(LevelRulesForm, ALevelWithoutErrorsLoadsAndRunsWhateverWasDoneToIt) {
     LevelDraft draft;
     Vandal(seed).Damage(&draft);
     const LevelText text = draft.Text();
-    if (HasError(CheckLevel(text, Known()))) {
+    if (HasError(CheckLevel(text, FormAssets()))) {
       ++ended;
       continue;
     }

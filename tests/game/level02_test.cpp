@@ -16,7 +16,7 @@ namespace {
 using namespace ZOVEngine;
 using ::testing::SizeIs;
 
-constexpr std::uint32_t kSeed = 3;
+constexpr std::uint32_t kLevel02Seed = 3;
 
 class Level02 : public LevelPlayTest {
  protected:
@@ -69,7 +69,7 @@ TEST(Level02Games, AreWonByPlayingAndLostBySkipping) {
     won += player.HasWon() ? 1 : 0;
   }
   EXPECT_GT(won, 0);
-  LevelGame game("Level02", kSeed);
+  LevelGame game("Level02", kLevel02Seed);
   AutoPlayer player(AutoPlayer::Style::kSkip);
   player.Play(60);
   EXPECT_TRUE(player.HasLost());

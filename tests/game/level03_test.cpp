@@ -16,7 +16,7 @@ namespace {
 using namespace ZOVEngine;
 using ::testing::SizeIs;
 
-constexpr std::uint32_t kSeed = 3;
+constexpr std::uint32_t kLevel03Seed = 3;
 
 class Level03 : public LevelPlayTest {
  protected:
@@ -76,7 +76,7 @@ TEST(Level03Games, AreWonByPlayingAndLostBySkipping) {
     won += player.HasWon() ? 1 : 0;
   }
   EXPECT_GT(won, 0);
-  LevelGame game("Level03", kSeed);
+  LevelGame game("Level03", kLevel03Seed);
   AutoPlayer player(AutoPlayer::Style::kSkip);
   player.Play(60);
   EXPECT_TRUE(player.HasLost());

@@ -27,7 +27,7 @@ using ::testing::HasSubstr;
 using ::testing::Not;
 using ::testing::SizeIs;
 
-constexpr std::uint32_t kSeed = 4;
+constexpr std::uint32_t kLevel04Seed = 4;
 constexpr int kFadeSteps = 30;    ///< of shield and field, at two a second
 constexpr int kDeathSteps = 300;  ///< of a boss
 constexpr int kMostSteps = 3000;  ///< that anything here may take
@@ -79,14 +79,14 @@ class Level04 : public ::testing::Test {
     EXPECT_NE(Controller().m_state, TURN_LEVEL_END);
   }
 
-  LevelGame m_game{"Level04", kSeed};
+  LevelGame m_game{"Level04", kLevel04Seed};
   World& m_world = m_game.world;
   GameObj* m_boss = nullptr;
 };
 
 TEST(Level04Files, LoadingThemComplainsOfNothing) {
   const std::string output = OutputOf([] {
-    LevelGame game("Level04", kSeed);
+    LevelGame game("Level04", kLevel04Seed);
     game.world.Step(2);
   });
   EXPECT_THAT(output, Not(HasSubstr("Cant find Key: m_")));

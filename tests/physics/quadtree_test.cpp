@@ -16,7 +16,7 @@ namespace {
 constexpr float kNaN = std::numeric_limits<float>::quiet_NaN();
 constexpr float kInfinity = std::numeric_limits<float>::infinity();
 
-Bounds Square(float x, float y, float half) {
+Bounds QuadSquare(float x, float y, float half) {
   return {x - half, y - half, x + half, y + half};
 }
 
@@ -100,14 +100,14 @@ void ExpectGrown(const std::vector<Bounds>& bounds) {
 
 TEST(QuadTree, TenObjectsDoNotSplitANode) {
   QuadTree tree;
-  tree.Build(std::vector<Bounds>(10, Square(100, 100, 5)));
+  tree.Build(std::vector<Bounds>(10, QuadSquare(100, 100, 5)));
   EXPECT_FALSE(tree.HasChildren(0));
   EXPECT_EQ(tree.Node(9), 0);
 }
 
 TEST(QuadTree, ElevenObjectsSplitANode) {
-  std::vector<Bounds> bounds(10, Square(-100, 100, 5));
-  bounds.push_back(Square(100, 100, 5));
+  std::vector<Bounds> bounds(10, QuadSquare(-100, 100, 5));
+  bounds.push_back(QuadSquare(100, 100, 5));
   QuadTree tree;
   tree.Build(bounds);
   EXPECT_TRUE(tree.HasChildren(0));
@@ -117,9 +117,9 @@ TEST(QuadTree, ElevenObjectsSplitANode) {
 }
 
 TEST(QuadTree, TheLowerChildrenFollowFromTheRight) {
-  std::vector<Bounds> bounds(9, Square(0, 0, 5));
-  bounds.push_back(Square(100, -100, 5));
-  bounds.push_back(Square(-100, -100, 5));
+  std::vector<Bounds> bounds(9, QuadSquare(0, 0, 5));
+  bounds.push_back(QuadSquare(100, -100, 5));
+  bounds.push_back(QuadSquare(-100, -100, 5));
   QuadTree tree;
   tree.Build(bounds);
   EXPECT_EQ(tree.Node(9), 3) << "high x, low y";
@@ -128,14 +128,14 @@ TEST(QuadTree, TheLowerChildrenFollowFromTheRight) {
 
 TEST(QuadTree, StraddlersSplitANodeAndStayInIt) {
   QuadTree tree;
-  tree.Build(std::vector<Bounds>(11, Square(0, 100, 5)));
+  tree.Build(std::vector<Bounds>(11, QuadSquare(0, 100, 5)));
   EXPECT_TRUE(tree.HasChildren(0));
   EXPECT_EQ(tree.Node(10), 0);
 }
 
 TEST(QuadTree, NodesOfLevelFiveNeverSplit) {
   QuadTree tree;
-  tree.Build(std::vector<Bounds>(500, Square(-950, 530, 1)));
+  tree.Build(std::vector<Bounds>(500, QuadSquare(-950, 530, 1)));
   EXPECT_EQ(QuadTree::Level(tree.Node(0)), 5);
   EXPECT_FALSE(tree.HasChildren(tree.Node(0)));
 }
@@ -149,7 +149,7 @@ TEST(QuadTree, IrregularBoundsThatTouchAMidlineStayAboveToo) {
 }
 
 TEST(QuadTree, AnObjectThatTouchesAMidlineStaysAbove) {
-  std::vector<Bounds> bounds(11, Square(300, 300, 5));
+  std::vector<Bounds> bounds(11, QuadSquare(300, 300, 5));
   bounds.push_back({-10, 10, 0, 20});  // ends on the vertical midline
   bounds.push_back({0, 10, 10, 20});   // begins on it
   bounds.push_back({10, 0, 20, 10});   // begins on the horizontal one
@@ -182,7 +182,7 @@ TEST(QuadTree, OneGrownObjectByObjectIsTheSame) {
 }
 
 TEST(QuadTree, BoundsThatAreNoneGoThroughTheSameComparisons) {
-  std::vector<Bounds> bounds(12, Square(500, -200, 3));
+  std::vector<Bounds> bounds(12, QuadSquare(500, -200, 3));
   bounds.push_back({kNaN, 0, 1, 1});
   bounds.push_back({10, 10, kNaN, 20});
   bounds.push_back({20, 20, 10, 10});
@@ -204,7 +204,7 @@ TEST(QuadTree, PathsLeadFromANodeToTheRoot) {
 
 TEST(QuadTree, VisitsParentsBeforeTheirChildren) {
   QuadTree tree;
-  tree.Build(std::vector<Bounds>(11, Square(0, 0, 5)));
+  tree.Build(std::vector<Bounds>(11, QuadSquare(0, 0, 5)));
   std::vector<Vector3D> corners;
   tree.ForEachNode([&](const Vector3D& min, const Vector3D& max) {
     corners.push_back(min);

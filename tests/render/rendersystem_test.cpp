@@ -411,18 +411,18 @@ TEST(RenderUpdate, StacksTilesInstancesHazardsWorldLinesInterfaceTimedLinesAndTe
   scene.System().m_timed_lines.push_back({{}, {1.0f, 0.0f, 1.0f}, 2.0f, 1.0f, {}, 0.0f});
   scene.world.Send(DrawLine({}, {1.0f, 0.0f, 1.0f}, 3.0f, 1.0f, 1.0f, 1.0f, 1.0f));
 
-  using Kind = DrawCommand::Kind;
+  using DrawKind = DrawCommand::Kind;
   const std::vector<DrawCommand> draws = scene.Draw();
   ASSERT_EQ(draws.size(), 9u);
   EXPECT_EQ(draws[0].texture, 2u);
-  EXPECT_EQ(draws[1].kind, Kind::kInstances);
+  EXPECT_EQ(draws[1].kind, DrawKind::kInstances);
   EXPECT_EQ(draws[2].texture, 3u);
   EXPECT_EQ(draws[3].texture, 5u);
   EXPECT_EQ(draws[4].texture, 4u);
   EXPECT_EQ(draws[5].placement.scale.x, 3.0f);
   EXPECT_EQ(draws[6].texture, 6u);
   EXPECT_EQ(draws[7].placement.scale.x, 2.0f);
-  EXPECT_EQ(draws[8].kind, Kind::kText);
+  EXPECT_EQ(draws[8].kind, DrawKind::kText);
 }
 
 TEST(RenderUpdate, TheGroundIsTheBackgroundAndTheTiles) {

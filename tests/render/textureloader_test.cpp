@@ -22,7 +22,7 @@ namespace {
 
 using namespace ZOVEngine;
 
-constexpr const char* kTextureError = "ERROR: Failed to load texture.\n";
+constexpr const char* kLoadError = "ERROR: Failed to load texture.\n";
 
 /// Settings with these images, and a screen with a sprite of the texture "shown".
 class LoadingScene {
@@ -124,7 +124,7 @@ TEST(TextureLoader, AFileThatIsNoImageShowsTextureZeroAndIsReportedOnce) {
     EXPECT_EQ(scene.world.device.textures.count(1), 0u);
   });
   EXPECT_EQ(shown, 0u);
-  EXPECT_EQ(CountOf(output, kTextureError), 1u);
+  EXPECT_EQ(CountOf(output, kLoadError), 1u);
 }
 
 TEST(TextureLoader, AKeyWhoseLastFileFailsShowsTheOneBefore) {
@@ -151,7 +151,7 @@ TEST(TextureLoader, AFileThatDoesNotOpenIsReportedOnceAndTheLastImageComesAllThe
     EXPECT_TRUE(has(1) && has(2) && has(3));
     EXPECT_FALSE(has(0));
   });
-  EXPECT_EQ(CountOf(output, kTextureError), 1u);
+  EXPECT_EQ(CountOf(output, kLoadError), 1u);
 }
 
 TEST(TextureLoader, WhatWasBegunBeforeTheStartIsNotReadAgain) {

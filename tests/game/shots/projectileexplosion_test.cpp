@@ -21,7 +21,7 @@ using carapace_test::TransformAt;
 using carapace_test::UnitKind;
 
 /// An exploding shot at (0, 0) beside a wall, with what else a test brings.
-ShotStage StageWith(const std::vector<std::string>& more, const ShotParts& parts = {}) {
+ShotStage WallStageWith(const std::vector<std::string>& more, const ShotParts& parts = {}) {
   ShotParts whole = parts;
   whole.kind = "ProjectileExplosion";
   whole.more = more;
@@ -29,7 +29,7 @@ ShotStage StageWith(const std::vector<std::string>& more, const ShotParts& parts
   return ShotStage(whole);
 }
 
-ProjectileExplosion& Awake(ShotStage& stage) {
+ProjectileExplosion& AwakeExplosion(ShotStage& stage) {
   auto& shot = stage.Of<ProjectileExplosion>("shot");
   shot.Fire(Vector3D(0, 0, 1), Vector3D(1, 0, 0));
   stage.Douse();
@@ -37,7 +37,7 @@ ProjectileExplosion& Awake(ShotStage& stage) {
 }
 
 void Burst(ShotStage& stage) {
-  EXPECT_FALSE(stage.Enter(Awake(stage), "shot", "wall").ignored);
+  EXPECT_FALSE(stage.Enter(AwakeExplosion(stage), "shot", "wall").ignored);
 }
 
 std::string CrateAt(const std::string& name, float x, float y,
@@ -55,14 +55,14 @@ TEST(ProjectileExplosion, HasItsDefaults) {
 }
 
 TEST(ProjectileExplosion, FetchesItsTablesInTheFirstStep) {
-  ShotStage stage = StageWith({});
+  ShotStage stage = WallStageWith({});
   EXPECT_EQ(stage.Of<ProjectileExplosion>("shot").m_bodies, FetchTable<RigidBody>());
   EXPECT_EQ(stage.Of<ProjectileExplosion>("shot").m_destructibles,
             FetchTable<EnvironmentDestructible>());
 }
 
 TEST(ProjectileExplosion, BurstsAtAWallWithABigShake) {
-  ShotStage stage = StageWith({}, {.with_controller = true});
+  ShotStage stage = WallStageWith({}, {.with_controller = true});
   Burst(stage);
   EXPECT_EQ(stage.Shake(), 6.0f);
   EXPECT_TRUE(stage.AsksFor("shot", "push_hit.ogg"));
@@ -73,9 +73,10 @@ TEST(ProjectileExplosion, BurstsAtAWallWithABigShake) {
 }
 
 TEST(ProjectileExplosion, DestructibleThingsInReachAreWorn) {
-  ShotStage stage = StageWith({ThingAt("near", 0, 150, 20, {{"EnvironmentDestructible", "{}"}}),
-                               ThingAt("rim", 0, -200, 20, {{"EnvironmentDestructible", "{}"}}),
-                               ThingAt("far", 0, 201, 20, {{"EnvironmentDestructible", "{}"}})});
+  ShotStage stage =
+      WallStageWith({ThingAt("near", 0, 150, 20, {{"EnvironmentDestructible", "{}"}}),
+                     ThingAt("rim", 0, -200, 20, {{"EnvironmentDestructible", "{}"}}),
+                     ThingAt("far", 0, 201, 20, {{"EnvironmentDestructible", "{}"}})});
   stage.Of<ProjectileExplosion>("shot").m_damage = 2;
   Burst(stage);
   EXPECT_EQ(stage.Of<EnvironmentDestructible>("near").m_health, 1);
@@ -84,7 +85,7 @@ TEST(ProjectileExplosion, DestructibleThingsInReachAreWorn) {
 }
 
 TEST(ProjectileExplosion, DepthCountsInTheDistance) {
-  ShotStage stage = StageWith({CrateAt("deep", 0, 150), CrateAt("flat", 0, -150)});
+  ShotStage stage = WallStageWith({CrateAt("deep", 0, 150), CrateAt("flat", 0, -150)});
   stage.Of<Transform>("deep").m_world_pos.z = 151.0f;
   Burst(stage);
   EXPECT_EQ(stage.ForcesOn("deep"), 0u);
@@ -92,23 +93,24 @@ TEST(ProjectileExplosion, DepthCountsInTheDistance) {
 }
 
 TEST(ProjectileExplosion, DepthCountsForDestructibleThingsToo) {
-  ShotStage stage = StageWith({ThingAt("deep", 0, 150, 20, {{"EnvironmentDestructible", "{}"}})});
+  ShotStage stage =
+      WallStageWith({ThingAt("deep", 0, 150, 20, {{"EnvironmentDestructible", "{}"}})});
   stage.Of<Transform>("deep").m_world_pos.z = 151.0f;
   Burst(stage);
   EXPECT_EQ(stage.Of<EnvironmentDestructible>("deep").m_health, 3);
 }
 
 TEST(ProjectileExplosion, WhatHasNoPlaceIsOutOfItsReach) {
-  ShotStage stage = StageWith({Record("idea", {{"EnvironmentDestructible", "{}"}}),
-                               Record("force", {{"RigidBody", kLively}})});
+  ShotStage stage = WallStageWith({Record("idea", {{"EnvironmentDestructible", "{}"}}),
+                                   Record("force", {{"RigidBody", kLively}})});
   Burst(stage);
   EXPECT_EQ(stage.Of<EnvironmentDestructible>("idea").m_health, 3);
   EXPECT_EQ(stage.ForcesOn("force"), 0u);
 }
 
 TEST(ProjectileExplosion, TheBlastIsTheSameAtAllDistancesUpToItsReach) {
-  ShotStage stage =
-      StageWith({CrateAt("near", 0, 20), CrateAt("rim", -120, 160), CrateAt("far", 0, -200.1f)});
+  ShotStage stage = WallStageWith(
+      {CrateAt("near", 0, 20), CrateAt("rim", -120, 160), CrateAt("far", 0, -200.1f)});
   Burst(stage);
   stage.ExpectForce("near", 0, 1000);
   stage.ExpectForce("rim", -600, 800);  // exactly at the reach
@@ -116,15 +118,16 @@ TEST(ProjectileExplosion, TheBlastIsTheSameAtAllDistancesUpToItsReach) {
 }
 
 TEST(ProjectileExplosion, TheBlastGrowsWithItsKnockback) {
-  ShotStage stage = StageWith({CrateAt("near", 0, 20)});
+  ShotStage stage = WallStageWith({CrateAt("near", 0, 20)});
   stage.Of<ProjectileExplosion>("shot").m_knockback = 25.0f;
   Burst(stage);
   stage.ExpectForce("near", 0, 2500);
 }
 
 TEST(ProjectileExplosion, ItsReachHoldsForThingsAndBodiesAlike) {
-  ShotStage stage = StageWith({ThingAt("thing", 0, 150, 20, {{"EnvironmentDestructible", "{}"}}),
-                               CrateAt("crate", 0, -150)});
+  ShotStage stage =
+      WallStageWith({ThingAt("thing", 0, 150, 20, {{"EnvironmentDestructible", "{}"}}),
+                     CrateAt("crate", 0, -150)});
   stage.Of<ProjectileExplosion>("shot").m_aoe = 100.0f;
   Burst(stage);
   EXPECT_EQ(stage.Of<EnvironmentDestructible>("thing").m_health, 3);
@@ -132,9 +135,9 @@ TEST(ProjectileExplosion, ItsReachHoldsForThingsAndBodiesAlike) {
 }
 
 TEST(ProjectileExplosion, UnitsInReachAreWoundedWhiteAndBlownAway) {
-  ShotStage stage = StageWith({SolidUnitAt(UnitKind::kPlayer, "friend", 0, 100),
-                               SolidUnitAt(UnitKind::kEnemy, "foe", 0, -100),
-                               SolidUnitAt(UnitKind::kEnemy, "watcher", 0, 300)});
+  ShotStage stage = WallStageWith({SolidUnitAt(UnitKind::kPlayer, "friend", 0, 100),
+                                   SolidUnitAt(UnitKind::kEnemy, "foe", 0, -100),
+                                   SolidUnitAt(UnitKind::kEnemy, "watcher", 0, 300)});
   stage.Of<ProjectileExplosion>("shot").m_damage = 3;
   Burst(stage);
   EXPECT_EQ(stage.Of<Player>("friend").m_health, 2);
@@ -148,18 +151,18 @@ TEST(ProjectileExplosion, UnitsInReachAreWoundedWhiteAndBlownAway) {
 
 TEST(ProjectileExplosion, AUnitThatIsHitIsWoundedByTheBlastAlone) {
   {
-    ShotStage stage = StageWith({SolidUnitAt(UnitKind::kEnemy, "unit", 28, 0)});
-    stage.Enter(Awake(stage), "unit", "shot");
+    ShotStage stage = WallStageWith({SolidUnitAt(UnitKind::kEnemy, "unit", 28, 0)});
+    stage.Enter(AwakeExplosion(stage), "unit", "shot");
     EXPECT_EQ(stage.Of<Enemy>("unit").m_health, 4);
   }
-  ShotStage large = StageWith({SolidUnitAt(UnitKind::kEnemy, "unit", 28, 0)});
+  ShotStage large = WallStageWith({SolidUnitAt(UnitKind::kEnemy, "unit", 28, 0)});
   large.Of<ProjectileExplosion>("shot").m_aoe = 27.0f;
-  large.Enter(Awake(large), "unit", "shot");
+  large.Enter(AwakeExplosion(large), "unit", "shot");
   EXPECT_EQ(large.Of<Enemy>("unit").m_health, 5) << "its middle is out of reach";
 }
 
 TEST(ProjectileExplosion, AtTheShootersFeetItWoundsAndPushesTheShooter) {
-  ShotStage stage = StageWith({ThingAt("post", -200, 0, 40)});
+  ShotStage stage = WallStageWith({ThingAt("post", -200, 0, 40)});
   auto& shot = stage.Of<ProjectileExplosion>("shot");
   shot.Fire(Vector3D(-260, 0, 1), Vector3D(1, 0, 0));
   ASSERT_TRUE(stage.StepUntil([&] { return !stage.shot->active; }));
@@ -169,7 +172,7 @@ TEST(ProjectileExplosion, AtTheShootersFeetItWoundsAndPushesTheShooter) {
 }
 
 TEST(ProjectileExplosion, ABossIsSparedByItsShellAtAnyRangeButNotByTheBlast) {
-  ShotStage stage = StageWith({ThingAt("post", -200, 0, 40)}, {.shooter = UnitKind::kBoss});
+  ShotStage stage = WallStageWith({ThingAt("post", -200, 0, 40)}, {.shooter = UnitKind::kBoss});
   auto& shot = stage.Of<ProjectileExplosion>("shot");
   shot.Fire(Vector3D(-260, 0, 1), Vector3D(1, 0, 0));
   shot.m_curr_range = 1000.0f;
@@ -181,10 +184,10 @@ TEST(ProjectileExplosion, ABossIsSparedByItsShellAtAnyRangeButNotByTheBlast) {
 }
 
 TEST(ProjectileExplosion, PicturesTheCameraAndBasicOrExplodingShotsAreNotBlown) {
-  ShotStage stage =
-      StageWith({CrateAt("spark", 0, 50, {{"Particle", "{}"}}),
-                 CrateAt("eye", 0, 60, {{"Camera", "{}"}}), ShotOf("basic", "ProjectileDefault"),
-                 ShotOf("shell", "ProjectileExplosion"), ShotOf("sucker", "ProjectileVacuum")});
+  ShotStage stage = WallStageWith(
+      {CrateAt("spark", 0, 50, {{"Particle", "{}"}}), CrateAt("eye", 0, 60, {{"Camera", "{}"}}),
+       ShotOf("basic", "ProjectileDefault"), ShotOf("shell", "ProjectileExplosion"),
+       ShotOf("sucker", "ProjectileVacuum")});
   stage.Of<Transform>("sucker").SetWorldPosition(Vector3D(0, 70, 1));
   for (const char* name : {"basic", "shell"}) {
     stage.Of<Transform>(name).SetWorldPosition(Vector3D(0, 70, 1));
@@ -199,7 +202,7 @@ TEST(ProjectileExplosion, PicturesTheCameraAndBasicOrExplodingShotsAreNotBlown) 
 
 TEST(ProjectileExplosion, BodiesThatAreOffGatherNoForces) {
   ShotStage stage =
-      StageWith({CrateAt("off", 0, 50), SolidUnitAt(UnitKind::kEnemy, "gone", 0, -50)});
+      WallStageWith({CrateAt("off", 0, 50), SolidUnitAt(UnitKind::kEnemy, "gone", 0, -50)});
   stage.Find("off")->SetActive(false);
   stage.Find("gone")->SetActive(false);
   Burst(stage);
@@ -209,23 +212,23 @@ TEST(ProjectileExplosion, BodiesThatAreOffGatherNoForces) {
 }
 
 TEST(ProjectileExplosion, ABodyInTheVeryPlaceOfTheShotIsNotBlownToNowhere) {
-  ShotStage stage = StageWith({SolidUnitAt(UnitKind::kEnemy, "unit", 0, 0)});
+  ShotStage stage = WallStageWith({SolidUnitAt(UnitKind::kEnemy, "unit", 0, 0)});
   Burst(stage);
   EXPECT_EQ(stage.ForcesOn("unit"), 0u);
   EXPECT_EQ(stage.Of<Enemy>("unit").m_health, 4);
 }
 
 TEST(ProjectileExplosion, PassesThroughBasicShotsInBothOrders) {
-  ShotStage stage = StageWith({ShotOf("basic", "ProjectileDefault")});
-  ProjectileExplosion& shot = Awake(stage);
+  ShotStage stage = WallStageWith({ShotOf("basic", "ProjectileDefault")});
+  ProjectileExplosion& shot = AwakeExplosion(stage);
   EXPECT_TRUE(stage.Enter(shot, "shot", "basic").ignored);
   EXPECT_TRUE(stage.Enter(shot, "basic", "shot").ignored);
   EXPECT_TRUE(stage.shot->active);
 }
 
 TEST(ProjectileExplosion, DragsItsTrailBehind) {
-  ShotStage stage = StageWith({});
-  ProjectileExplosion& shot = Awake(stage);
+  ShotStage stage = WallStageWith({});
+  ProjectileExplosion& shot = AwakeExplosion(stage);
   stage.Of<RigidBody>("shot").m_vel = Vector3D(0, 50, 0);
   shot.Update(0.1f);
   const auto& trail = stage.PartOf<Transform>("bullet_trail");
@@ -240,7 +243,7 @@ TEST(ProjectileExplosion, DragsItsTrailBehind) {
 }
 
 TEST(ProjectileExplosion, HasNoFlashOfItsLight) {
-  ShotStage stage = StageWith({});
+  ShotStage stage = WallStageWith({});
   Burst(stage);
   EXPECT_EQ(stage.Of<Light>("shot").m_diffuseStr, 100.0f);
 }

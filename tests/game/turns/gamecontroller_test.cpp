@@ -55,7 +55,7 @@ std::string Root(const std::vector<std::string>& children = {}) {
                 children);
 }
 
-std::string Unit(const std::string& name, const std::string& component) {
+std::string UnitNamed(const std::string& name, const std::string& component) {
   return Record(name, {{"Transform", PlacedAt(0, 0)},
                        {"RigidBody", "{}"},
                        {"Render", "{}"},
@@ -243,8 +243,9 @@ TEST(GameController, InitSetsEverythingButTheTwoKeysAnew) {
 }
 
 TEST(GameController, UnitsAreGatheredInTheOrderOfTheChildren) {
-  RunningLevel level({Unit("e1", "Enemy"), Unit("p1", "Player"), Unit("e2", "Enemy"),
-                      Unit("p2", "Player"), Record("group", {}, {Unit("grandchild", "Player")})});
+  RunningLevel level({UnitNamed("e1", "Enemy"), UnitNamed("p1", "Player"), UnitNamed("e2", "Enemy"),
+                      UnitNamed("p2", "Player"),
+                      Record("group", {}, {UnitNamed("grandchild", "Player")})});
   level.world.Step();
   const auto find = [&](const char* name) { return level.world.Find(name); };
   EXPECT_THAT(level.Controller().m_enemies, ElementsAre(find("e1"), find("e2")));
@@ -253,7 +254,7 @@ TEST(GameController, UnitsAreGatheredInTheOrderOfTheChildren) {
 
 TEST(GameController, UnitsSpawnAndAUnitWithoutAStateIsNoFault) {
   RunningLevel level(
-      {Unit("e", "Enemy"), Unit("p", "Player"), Unit("bystander", "Waypoint"),
+      {UnitNamed("e", "Enemy"), UnitNamed("p", "Player"), UnitNamed("bystander", "Waypoint"),
        Record(
            "stateless",
            {{"Transform", PlacedAt(0, 0)}, {"Render", "{}"}, {"iModel", "{}"}, {"Player", "{}"}})});
@@ -265,7 +266,7 @@ TEST(GameController, UnitsSpawnAndAUnitWithoutAStateIsNoFault) {
 }
 
 TEST(GameController, UnitsSpawnWithTheLevelBeforeTheyHaveStepped) {
-  RunningLevel level({Unit("e", "Enemy"), Unit("p", "Player")});
+  RunningLevel level({UnitNamed("e", "Enemy"), UnitNamed("p", "Player")});
   g_engine->paused = true;  // the level starts, its units do not step
   level.world.Step();
   EXPECT_EQ(level.StateOf("e"), "spawn");
@@ -296,7 +297,7 @@ TEST(GameController, ALevelWithoutACameraRuns) {
 
 TEST(GameController, ALevelWithUnitsOfOneSideOnlyEndsInItsVeryFirstStep) {
   for (const bool won : {false, true}) {
-    RunningLevel level({Unit("unit", won ? "Player" : "Enemy")});
+    RunningLevel level({UnitNamed("unit", won ? "Player" : "Enemy")});
     level.world.Step();
     EXPECT_EQ(level.Controller().m_state, TURN_LEVEL_END) << won;
     EXPECT_EQ(level.Controller().m_ui_state, "ui_level_end") << won;

@@ -47,7 +47,7 @@ using carapace_test::UnitRecord;
 using carapace_test::UnitStage;
 using ::testing::ElementsAre;
 
-constexpr float kWhite = 100000.0f;
+constexpr float kFlashWhite = 100000.0f;
 
 template <class T>
 constexpr UnitKind kKind = std::is_same_v<T, Player> ? UnitKind::kPlayer : UnitKind::kEnemy;
@@ -205,8 +205,8 @@ TYPED_TEST(BothUnits, AHitBurnsWhiteUntilTheTimerIsAboveTheFlashTime) {
   this->Unit().TakeHit(0);
   for (int i = 1; i <= 3; ++i) {
     this->Step(0.04f);
-    EXPECT_EQ(this->Body().m_colour[0], kWhite) << i;
-    EXPECT_EQ(this->Picture("Weapon1Barrel").m_colour[2], kWhite) << i;
+    EXPECT_EQ(this->Body().m_colour[0], kFlashWhite) << i;
+    EXPECT_EQ(this->Picture("Weapon1Barrel").m_colour[2], kFlashWhite) << i;
     EXPECT_FLOAT_EQ(this->Unit().m_flash_timer, 0.04f * static_cast<float>(i));
   }
   this->Step(0.04f);
@@ -222,7 +222,7 @@ TYPED_TEST(BothUnits, TheFlashTimeItselfStillBurns) {
   this->Unit().TakeHit(0);
   this->Unit().m_flash_timer = 0.09f;
   this->Step(0.01f);
-  EXPECT_EQ(this->Body().m_colour[0], kWhite);
+  EXPECT_EQ(this->Body().m_colour[0], kFlashWhite);
   this->Step(0.01f);
   EXPECT_EQ(this->Body().m_colour[0], 1.0f);
 }
@@ -230,7 +230,7 @@ TYPED_TEST(BothUnits, TheFlashTimeItselfStillBurns) {
 TYPED_TEST(BothUnits, WithoutAFlashBodyAndBarrelsKeepTheirOwnLookAndTheirAlpha) {
   this->MakeSpawned();
   this->Body().m_colour = {0.5f, 7.0f, 3.0f, 0.25f};
-  this->Picture("Weapon0Barrel").m_colour = {kWhite, kWhite, kWhite, 0.75f};
+  this->Picture("Weapon0Barrel").m_colour = {kFlashWhite, kFlashWhite, kFlashWhite, 0.75f};
   this->Unit().m_flash_timer = 0.05f;
   this->Step();
   EXPECT_THAT(this->Body().m_colour, ElementsAre(1.0f, 1.0f, 1.0f, 0.25f));
@@ -650,7 +650,7 @@ TYPED_TEST(BothUnits, HitsSparksAndLabelKeepTheirSizeInDeath) {
 TYPED_TEST(BothUnits, ADyingUnitLosesItsMarks) {
   this->MakeSpawned();
   this->Step();
-  this->Picture("Weapon0Barrel").m_colour[0] = kWhite;
+  this->Picture("Weapon0Barrel").m_colour[0] = kFlashWhite;
   this->Die();
   for (const char* name : {"Weapon0Barrel", "Weapon1Barrel", "ui_selected"}) {
     EXPECT_FALSE(this->Picture(name).m_visible) << name;
@@ -772,9 +772,9 @@ TYPED_TEST(BothUnits, AHitTakesHealthAndBurnsWhiteALossOnlyTakesHealth) {
   EXPECT_EQ(this->Body().m_colour[0], 1.0f);
   this->Unit().TakeHit(7);
   EXPECT_EQ(this->Unit().m_health, -2) << "below zero";
-  EXPECT_EQ(this->Body().m_colour[0], kWhite);
-  EXPECT_EQ(this->Picture("Weapon0Barrel").m_colour[1], kWhite);
-  EXPECT_EQ(this->Picture("Weapon1Barrel").m_colour[2], kWhite);
+  EXPECT_EQ(this->Body().m_colour[0], kFlashWhite);
+  EXPECT_EQ(this->Picture("Weapon0Barrel").m_colour[1], kFlashWhite);
+  EXPECT_EQ(this->Picture("Weapon1Barrel").m_colour[2], kFlashWhite);
 }
 
 TEST(UnitQueries, DamageStopsAtTheEndsOfWhatHealthCanBe) {

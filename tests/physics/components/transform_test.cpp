@@ -20,9 +20,9 @@ using carapace_test::TransformAt;
 using carapace_test::World;
 using ::testing::ElementsAre;
 
-constexpr float kTolerance = 1e-4f;
+constexpr float kSlack = 1e-4f;
 
-void ExpectNear(const Vector3D& a, const Vector3D& b, float tolerance = kTolerance) {
+void ExpectClose(const Vector3D& a, const Vector3D& b, float tolerance = kSlack) {
   EXPECT_NEAR(a.x, b.x, tolerance);
   EXPECT_NEAR(a.y, b.y, tolerance);
   EXPECT_NEAR(a.z, b.z, tolerance);
@@ -94,14 +94,14 @@ TEST_F(TransformTest, AChildThatDoesNotTurnIsForcedToDepth1) {
 
 TEST_F(TransformTest, AChildThatTurnsKeepsItsDepth) {
   LoadPair(TransformAt(10, 20, 5, 1, 90), TransformAt(1, 2, 7));
-  ExpectNear(Of("child").m_world_pos, Vector3D(8, 21, 7));
-  EXPECT_NEAR(Of("child").m_world_rotate, 90.0f, kTolerance);
+  ExpectClose(Of("child").m_world_pos, Vector3D(8, 21, 7));
+  EXPECT_NEAR(Of("child").m_world_rotate, 90.0f, kSlack);
   EXPECT_EQ(Of("child").m_world_pos.z, 7.0f);
 }
 
 TEST_F(TransformTest, TheAnglesOfAChainAddUpWithin180Degrees) {
   LoadPair(TransformAt(0, 0, 1, 1, 170), TransformAt(0, 0, 1, 1, 30));
-  EXPECT_NEAR(Of("child").m_world_rotate, -160.0f, kTolerance);
+  EXPECT_NEAR(Of("child").m_world_rotate, -160.0f, kSlack);
   LoadPair(TransformAt(0, 0, 1, 1, 0), TransformAt(0, 0, 1, 1, 730));
   EXPECT_NEAR(g_game_obj_factory->m_objects.back()->GetComponent<Transform>()->m_world_rotate,
               10.0f, 1e-3f);
@@ -131,8 +131,8 @@ TEST_F(TransformTest, GrandchildrenAreComposedFromLocalValues) {
   };
   load();
   // c at (1, 0) is turned by b to (0, 1), moved to (10, 1), turned by a to (-1, 10), moved.
-  ExpectNear(Of("c").m_world_pos, Vector3D(99, 10, 1));
-  EXPECT_NEAR(std::abs(Of("c").m_world_rotate), 180.0f, kTolerance);
+  ExpectClose(Of("c").m_world_pos, Vector3D(99, 10, 1));
+  EXPECT_NEAR(std::abs(Of("c").m_world_rotate), 180.0f, kSlack);
 }
 
 TEST_F(TransformTest, TheOrderOfTheTableDoesNotMatter) {
@@ -210,7 +210,7 @@ TEST_F(TransformTest, SetWorldPositionUndoesOneParentExactly) {
     LoadPair(TransformAt(10, 20, 1, 3, 75), TransformAt(1, 2, 1, 1, 0, turns));
     Of("child").SetWorldPosition(Vector3D(-40, 55, 1));
     g_physics_system->UpdateWorldTransforms();
-    ExpectNear(Of("child").m_world_pos, Vector3D(-40, 55, 1), 1e-3f);
+    ExpectClose(Of("child").m_world_pos, Vector3D(-40, 55, 1), 1e-3f);
   }
 }
 
@@ -221,13 +221,13 @@ TEST_F(TransformTest, SetWorldPositionUndoesTheNearestAncestorFirst) {
   Of("c").SetWorldPosition(Vector3D(0, 0, 1));
   // Undoing b gives (-10, 0); undoing a gives (-110, 0) turned by -90 degrees. The other way round
   // would have given (-10, 100).
-  ExpectNear(Of("c").m_local_pos, Vector3D(0, 110, 1), 1e-3f);
+  ExpectClose(Of("c").m_local_pos, Vector3D(0, 110, 1), 1e-3f);
 }
 
 TEST_F(TransformTest, RotateAroundTurnsAboutThePivot) {
   Load(Record("a", {{"Transform", TransformAt(3, 4, 9, 1, 350)}}));
   Of("a").RotateAround(Vector3D(1, 4, 2), 90.0f);
-  ExpectNear(Of("a").m_local_pos, Vector3D(1, 6, 3));
+  ExpectClose(Of("a").m_local_pos, Vector3D(1, 6, 3));
   EXPECT_EQ(Of("a").m_local_pos.z, 3.0f) << "one above the pivot's depth, whatever it was";
   EXPECT_EQ(Of("a").m_local_rotate, 440.0f) << "not wrapped";
 }

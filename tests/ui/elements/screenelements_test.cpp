@@ -21,7 +21,7 @@ using carapace_test::Record;
 using ::testing::TestWithParam;
 using ::testing::ValuesIn;
 
-constexpr const char* kText = R"({"m_text": "text", "m_colour": [1, 1, 1, 1]})";
+constexpr const char* kWhiteText = R"({"m_text": "text", "m_colour": [1, 1, 1, 1]})";
 
 /// An element and the states in which it is shown.
 struct Screen {
@@ -84,7 +84,7 @@ std::string NameOf(const ::testing::TestParamInfo<Screen>& row) {
 class LevelElement : public TestWithParam<Screen> {};
 
 TEST_P(LevelElement, IsShownInItsStates) {
-  const LevelScreen level({ElementRecord("piece", GetParam().element, {{"Font", kText}})});
+  const LevelScreen level({ElementRecord("piece", GetParam().element, {{"Font", kWhiteText}})});
   for (const std::string& state : kLevelStates) {
     level.Show(state);
     level.Sprite("piece").m_active = false;
@@ -99,7 +99,7 @@ TEST_P(LevelElement, IsShownInItsStates) {
 TEST_P(LevelElement, MayBeATextAlone) {
   const LevelScreen level({Record(
       "piece",
-      {{"Font", kText},
+      {{"Font", kWhiteText},
        {"UIElement", R"({"m_ui_element_name": ")" + std::string(GetParam().element) + "\"}"}})});
   for (const std::string& state : kLevelStates) {
     level.Show(state);
@@ -121,7 +121,7 @@ INSTANTIATE_TEST_SUITE_P(Screens, LevelElement, ValuesIn(kScreens), NameOf);
 class MenuElement : public TestWithParam<Screen> {};
 
 TEST_P(MenuElement, IsShownInItsStates) {
-  const MenuScreen menu({ElementRecord("piece", GetParam().element, {{"Font", kText}})});
+  const MenuScreen menu({ElementRecord("piece", GetParam().element, {{"Font", kWhiteText}})});
   for (const std::string& state : kMenuStates) {
     menu.Show(state);
     menu.Sprite("piece").m_active = false;
