@@ -12,6 +12,7 @@
 #include "game/levels/levelsave.h"
 #include "physics/components/transform.h"
 #include "render/rendersystem.h"
+#include "support/wholetiles.h"
 
 namespace ZOVEngine {
 namespace {
@@ -104,15 +105,6 @@ TEST_F(LevelEditorTest, ALevelThatCannotBeReadLeavesTheOpenOne) {
 
 constexpr const char* kPaletteHazard = "Resources/Archetypes/Palette/hazard_destructible.json";
 
-/// No tile of the frame shows less than its whole texture.
-void ExpectWholeTiles(const Frame& shown) {
-  ASSERT_GT(shown.ground, 100u);
-  for (std::size_t i = 1; i < shown.ground; ++i) {  // the first is the background
-    ASSERT_EQ(shown.commands[i].window.u_left, 0.0f) << "tile " << i;
-    ASSERT_EQ(shown.commands[i].window.u_right, 1.0f) << "tile " << i;
-  }
-}
-
 TEST_F(LevelEditorTest, TilesAreWholeWhateverIsDrawnLast) {
   ASSERT_TRUE(editor->Open("Level01"));
   g_render_system->m_hides = IsGameInterface;
@@ -123,7 +115,7 @@ TEST_F(LevelEditorTest, TilesAreWholeWhateverIsDrawnLast) {
                                   editor->document.Children(root)->Size()));
   for (int i = 0; i < 20; ++i) {
     world.Step();
-    ExpectWholeTiles(world.device.frame);
+    carapace_test::ExpectWholeTiles(world.device.frame);
   }
 }
 

@@ -43,7 +43,7 @@ Picture DrawnByDevice(const Frame& frame, const GLOptions& options) {
   return picture;
 }
 
-bool IsBlackPixel(const Picture& picture) {
+bool IsBlackPicture(const Picture& picture) {
   return std::all_of(picture.bytes.begin(), picture.bytes.end(), [](auto v) { return v == 0; });
 }
 
@@ -150,15 +150,15 @@ Frame LitFrame(int lights) {
 
 TEST(GLPictures, EmptyFrameIsBlack) {
   const Frame frame = EmptyFrame();
-  EXPECT_TRUE(IsBlackPixel(DrawnByDevice(frame, {})));
+  EXPECT_TRUE(IsBlackPicture(DrawnByDevice(frame, {})));
 }
 
 TEST(GLPictures, AlphaZeroShowsNothing) {
   Frame frame = EmptyFrame();
   SetColour(&frame.commands.emplace_back(QuadCommand(0, 0, 800, 800, 0)), 1, 1, 1, 0);
-  EXPECT_TRUE(IsBlackPixel(DrawnByDevice(frame, {})));
+  EXPECT_TRUE(IsBlackPicture(DrawnByDevice(frame, {})));
   frame.commands[0].program = Program::kLight;
-  EXPECT_TRUE(IsBlackPixel(DrawnByDevice(frame, {})));
+  EXPECT_TRUE(IsBlackPicture(DrawnByDevice(frame, {})));
 }
 
 TEST(GLPictures, QuadsOfTwelveTexturesInOrder) {
@@ -377,7 +377,7 @@ TEST(GLPictures, TextureNeverUploadedIsBlackAndOpaque) {
   Frame frame = EmptyFrame();
   frame.commands.push_back(QuadCommand(0, 0, 1900, 1000, 0));
   frame.commands.push_back(QuadCommand(0, 0, 4000, 3000, kSceneTextures + 3));
-  EXPECT_TRUE(IsBlackPixel(DrawnByDevice(frame, {})));
+  EXPECT_TRUE(IsBlackPicture(DrawnByDevice(frame, {})));
 }
 
 }  // namespace carapace_test
