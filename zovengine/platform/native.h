@@ -126,8 +126,8 @@ class Native {
   virtual bool IsMinimised() const = 0;
   /// True while the window has the keyboard focus.
   virtual bool HasFocus() const = 0;
-  /// True if the key, or mouse button 1 (left) or 2 (right), is down as of the last PumpEvent, or
-  /// was pressed by the event that it took.
+  /// True if the key, or mouse button 1 (left) or 2 (right), is down as of the last PumpEvent. Also
+  /// true of a button whose press that call took, if the press was over before any call saw it.
   virtual bool IsKeyDown(std::uint32_t virtual_key) const = 0;
   /// The cursor as of the last PumpEvent; outside the window it may be negative or beyond the size.
   virtual NativePoint CursorPosition() const = 0;

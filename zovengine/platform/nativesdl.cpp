@@ -10,6 +10,7 @@
 
 #include "platform/gldriver.h"
 #include "platform/native.h"
+#include "platform/quickpress.h"
 #include "platform/virtualkeys.h"
 #include "platform/xpointer.h"
 
@@ -132,6 +133,7 @@ class SdlNative final : public Native {
   void* ContextHandle() const override { return m_context; }
 
  private:
+  bool TakeEvent(NativeEvent* event);
   bool TakePlatformEvent(SDL_Event* raw);
   bool Translate(NativeEvent* event);
   bool TranslateWindow(const SDL_WindowEvent& raw, NativeEvent* event);
@@ -144,7 +146,8 @@ class SdlNative final : public Native {
   void MoveToCorner();
   bool HasFlag(std::uint32_t flag) const { return (SDL_GetWindowFlags(m_window) & flag) != 0; }
   std::uint64_t ButtonState() const;
-  static std::uint64_t StruckKey(const NativeEvent& event);
+  bool IsLeftDown() const { return IsButtonDown(SDL_BUTTON_LMASK, &XPointer::left); }
+  bool IsRightDown() const { return IsButtonDown(SDL_BUTTON_RMASK, &XPointer::right); }
   bool IsButtonDown(std::uint32_t mask, bool XPointer::*held) const;
   const std::optional<XPointer>& Pointer() const;
 
@@ -157,9 +160,7 @@ class SdlNative final : public Native {
   std::uint16_t m_modifiers = 0;  ///< SDL's bits, as far as events were taken
   bool m_drop_open = false;       ///< between the begin and the end of a drop
   std::vector<std::string> m_dropped;
-  /// The key or button whose press was taken last. It counts as held until the next pump, so that
-  /// a press that is over by then is seen.
-  std::uint64_t m_struck = 0;
+  QuickPress m_left, m_right;
   mutable bool m_pointer_asked = false;       ///< since the last pump
   mutable std::optional<XPointer> m_pointer;  ///< as of then
 };
@@ -247,9 +248,8 @@ bool SdlNative::HasFocus() const {
 }
 
 bool SdlNative::IsKeyDown(std::uint32_t virtual_key) const {
-  if (virtual_key == m_struck) return true;
-  if (virtual_key == kVkLeftButton) return IsButtonDown(SDL_BUTTON_LMASK, &XPointer::left);
-  if (virtual_key == kVkRightButton) return IsButtonDown(SDL_BUTTON_RMASK, &XPointer::right);
+  if (virtual_key == kVkLeftButton) return m_left.IsStruck() || IsLeftDown();
+  if (virtual_key == kVkRightButton) return m_right.IsStruck() || IsRightDown();
   int count = 0;
   const std::uint8_t* held = SDL_GetKeyboardState(&count);
   for (int place = 0; place < count; ++place) {
@@ -258,14 +258,6 @@ bool SdlNative::IsKeyDown(std::uint32_t virtual_key) const {
     if (VirtualKeyFromSdl(code, place) == virtual_key) return true;
   }
   return false;
-}
-
-/// The virtual-key code of what this event presses, 0 if it presses nothing.
-std::uint64_t SdlNative::StruckKey(const NativeEvent& event) {
-  if (event.kind == NativeEventKind::kKeyDown) return event.wparam;
-  if (event.kind == NativeEventKind::kLeftButtonDown) return kVkLeftButton;
-  if (event.kind == NativeEventKind::kRightButtonDown) return kVkRightButton;
-  return 0;
 }
 
 /// SDL never hears of a button that is let go while the window is minimised, so what it says is
@@ -294,12 +286,27 @@ NativePoint SdlNative::CursorPosition() const {
 bool SdlNative::PumpEvent(NativeEvent* event) {
   SDL_PumpEvents();
   m_pointer_asked = false;
-  m_struck = 0;
+  m_left.BeginPump();
+  m_right.BeginPump();
+  const bool taken = TakeEvent(event);
+  if (!taken) {
+    m_left.SetEmpty();
+    m_right.SetEmpty();
+  } else if (event->kind == NativeEventKind::kLeftButtonDown) {
+    m_left.TakePress();
+  } else if (event->kind == NativeEventKind::kRightButtonDown) {
+    m_right.TakePress();
+  }
+  m_left.See(IsLeftDown());
+  m_right.See(IsRightDown());
+  return taken;
+}
+
+bool SdlNative::TakeEvent(NativeEvent* event) {
   while (TakePlatformEvent(&m_raw)) {
     *event = NativeEvent();
     if (!IsMadeByLossOfFocus(m_raw) && Translate(event)) {
       event->platform_event = &m_raw;
-      m_struck = StruckKey(*event);
       return true;
     }
     if (m_skipped_listener) m_skipped_listener(&m_raw);
