@@ -275,5 +275,24 @@ TEST_F(ContactStepsTest, CirclesOfOneCentreTouchWithoutPushingEachOther) {
   }
 }
 
+TEST(PhysicsSystemOrder, AFactoryThatOutlivesItLeavesItAlone) {
+  auto factory = std::make_unique<GameObjFactory>();
+  auto physics = std::make_unique<PhysicsSystem>();
+  physics->current.push_back({});
+  physics.reset();
+  // Of memory that was given back the sanitizer tells.
+  factory.reset();
+  EXPECT_EQ(g_physics_system, nullptr);
+}
+
+TEST(PhysicsSystemOrder, TheFactorysObjectsTakeTheirContactsWithThem) {
+  GameObjFactory factory;
+  PhysicsSystem physics;
+  physics.current.push_back({});
+  physics.previous.push_back({});
+  factory.ClearObjects();
+  EXPECT_EQ(physics.current.size() + physics.previous.size(), 0u);
+}
+
 }  // namespace
 }  // namespace ZOVEngine

@@ -22,9 +22,11 @@ PhysicsSystem* g_physics_system = nullptr;
 PhysicsSystem::PhysicsSystem() {
   g_physics_system = this;
   g_game_obj_factory->RegisterComponents(TypeList<Transform, RigidBody>());
-  g_game_obj_factory->OnClear([this] {
-    current.clear();
-    previous.clear();
+  // The factory may outlive this system.
+  g_game_obj_factory->OnClear([] {
+    if (g_physics_system == nullptr) return;
+    g_physics_system->current.clear();
+    g_physics_system->previous.clear();
   });
 }
 

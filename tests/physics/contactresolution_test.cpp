@@ -5,6 +5,7 @@
 
 #include <cmath>
 #include <limits>
+#include <stdexcept>
 #include <utility>
 
 #include "core/messages.h"
@@ -36,6 +37,15 @@ class ContactResolutionTest : public PhysicsFixture {
     }
   }
   void MakeMovers() { Make(Mover(10, 0), Mover(-6, 0)); }
+
+  /// An object without a collider, and without a body if `body` is empty.
+  GameObj* AddBare(const std::string& name, const std::string& body) {
+    std::vector<std::pair<std::string, std::string>> parts = {
+        {"Transform", carapace_test::TransformAt(0, 0)}};
+    if (!body.empty()) parts.emplace_back("RigidBody", body);
+    world.LoadObjects(carapace_test::Record(name, parts));
+    return world.Find(name);
+  }
 
   /// Between the centres, so that nothing is turned.
   static ContactInfo Contact(float penetration = 0.0f,
@@ -433,6 +443,29 @@ TEST_F(ContactResolutionTest, WithoutABodyNothingHappens) {
   EXPECT_THAT(Calls(), IsEmpty());
   EXPECT_EQ(g_physics_system->current.size(), 0u);
   EXPECT_EQ(LocalPosition(a), Vector3D(-1, 0, 1));
+}
+
+TEST_F(ContactResolutionTest, ASideWithoutABodyNeedsNoCollider) {
+  a = Add({.name = "a", .at = Vector3D(-1, 0, 1), .body = Mover(10, 0), .shape = "Circle"});
+  b = AddBare("b", "");
+  g_physics_system->UpdateWorldTransforms();
+  Of<ColliderHolder>(a).m_collider->UpdateCollider(Of<Transform>(a));
+  Resolve(Contact(5));
+  EXPECT_EQ(GetBody(a).m_vel.x, 0.0f);
+  EXPECT_EQ(LocalPosition(a), Vector3D(-6, 0, 1));
+}
+
+TEST_F(ContactResolutionTest, WithoutBodiesNobodyNeedsACollider) {
+  a = AddBare("a", "");
+  b = AddBare("b", "");
+  Resolve(Contact(5));
+  EXPECT_EQ(g_physics_system->current.size(), 0u);
+}
+
+TEST_F(ContactResolutionTest, ABodyWithoutAColliderFailsAsItsTableDoes) {
+  a = AddBare("a", Mover(10, 0));
+  b = Add({.name = "b", .shape = "Circle"});
+  EXPECT_THROW(Resolve(Contact(5)), std::out_of_range);
 }
 
 }  // namespace

@@ -10,13 +10,14 @@
 namespace ZOVEngine {
 namespace {
 
-/// One side of a contact. Transform and body are null for an object that has none.
+/// One side of a contact. Transform and body are null for an object that has none, and the collider
+/// of one without a body, which needs none.
 struct Side {
   Side(const BodyTables& tables, std::uint32_t id)
       : object(g_game_obj_factory->m_objects.at(id)),
         transform(tables.transforms.Find(id)),
         body(tables.bodies.Find(id)),
-        collider(tables.holders.Get(id)->m_collider.get()) {}
+        collider(body != nullptr ? tables.holders.Get(id)->m_collider.get() : nullptr) {}
 
   /// Moves the object in its parent's space (unit: world units).
   void Move(const Vector3D& by) const {
