@@ -90,7 +90,8 @@ void Toggle(Button* button) {
   game->*flag = !(game->*flag);
 }
 
-/// The level after the last one is the first; after an unknown one it is that one again.
+/// The level after the last one is the first; after an unknown one it is that one again. The end of
+/// a level may have been left for another window, which pauses.
 void GoToNextLevel(Button* button) {
   static const std::unordered_map<std::string, std::string> next = {
       {"Level Editor/Levels/Level00/Level00.json", "Level Editor/Levels/Level01/Level01.json"},
@@ -105,6 +106,7 @@ void GoToNextLevel(Button* button) {
     g_current_level_path = game->m_level_map = found->second;
   }
   game->RequestRestart();
+  g_engine->paused = false;
 }
 
 /// Opens a page of the glossary whose pieces are children of the screen's root, or lie beside the
