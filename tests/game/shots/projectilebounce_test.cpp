@@ -174,5 +174,22 @@ TEST(ProjectileBounce, ADestructibleThingLosesOneLessThanTheShotHasAfterTheBounc
   }
 }
 
+// In a pause the contact of a rebound is told to begin in each step.
+TEST(ProjectileBounce, APauseInTheStepOfAReboundNeitherArmsNorRepeatsTheSound) {
+  ShotStage stage({.kind = "ProjectileBounce", .more = {ThingAt("wall", 0, 0, 40)}});
+  auto& shot = stage.Of<ProjectileBounce>("shot");
+  auto& sounds = stage.Of<AudioSource>("shot").sounds;
+  shot.Fire(Vector3D(-100, 0, 1), Vector3D(1, 0, 0));
+  ASSERT_TRUE(stage.StepUntil([&] { return shot.m_curr_damage == 1; }));
+  sounds.clear();
+  g_engine->paused = true;
+  stage.world.Step(10);
+  EXPECT_EQ(shot.m_curr_damage, 1);
+  EXPECT_TRUE(sounds.empty()) << "no rebound is heard in a pause";
+  g_engine->paused = false;
+  stage.world.Step(10);
+  EXPECT_EQ(shot.m_curr_damage, 1);
+}
+
 }  // namespace
 }  // namespace ZOVEngine

@@ -90,5 +90,20 @@ TEST(ShotEffects, WithoutACameraNothingShakes) {
   EXPECT_EQ(stage.Shake(), 0.0f);
 }
 
+TEST(ShotEffects, InAPauseNeitherABounceNorAHitIsHeard) {
+  ShotStage stage({.kind = "ProjectileDefault"});
+  GameObj* shot = stage.shot;
+  auto& sounds = stage.Of<AudioSource>("shot").sounds;
+  g_engine->step_paused = true;
+  PlayBounceSound(shot, "bullet_bounce.ogg");
+  PlayHitSound(shot);
+  EXPECT_TRUE(sounds.empty());
+  g_engine->step_paused = false;
+  PlayBounceSound(shot, "bullet_bounce.ogg");
+  EXPECT_EQ(sounds.count("bullet_bounce.ogg"), 1u);
+  PlayHitSound(shot);
+  EXPECT_EQ(sounds.count("default_hit.ogg"), 1u);
+}
+
 }  // namespace
 }  // namespace ZOVEngine

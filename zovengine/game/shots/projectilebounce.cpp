@@ -1,5 +1,6 @@
 #include "game/shots/projectilebounce.h"
 
+#include "core/engine.h"
 #include "game/shots/shoteffects.h"
 #include "objects/fields.h"
 
@@ -49,7 +50,8 @@ void ProjectileBounce::Hit(const ContactSides& sides, ContactInfo*) {
     SetLight(m_owner, m_base_light);
     return;
   }
-  if (m_curr_damage < m_max_damage) ++m_curr_damage;
+  // In a pause the same rebound comes in each step.
+  if (!g_engine->step_paused && m_curr_damage < m_max_damage) ++m_curr_damage;
   PlayBounceSound(m_owner, BounceSound(m_curr_damage));
   ShowBurst(m_owner);
 }

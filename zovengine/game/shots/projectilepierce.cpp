@@ -31,7 +31,7 @@ ZOV_COMPONENT_INSPECTED(ProjectilePierce)
 void ProjectilePierce::Update(float dt) {
   if (!m_init) Init();
   if (IsShooterDead(m_owner)) {
-    End();
+    EndShot();
     return;
   }
   FadeLight(m_owner, m_base_light);

@@ -20,11 +20,15 @@ constexpr float kLaunchForcePerSpeed = 10.0f;
 constexpr float kLaunchTime = 0.1f;    ///< of a launch (unit: seconds)
 constexpr float kSpinPerStep = 10.0f;  ///< (unit: degrees)
 
-void StopMotion(RigidBody* body) {
+/// Of a shot that has a body; without one it keeps its turn as well.
+void ResetMotion(GameObj* shot) {
+  auto* body = FindComponent<RigidBody>(shot);
+  if (body == nullptr) return;
   body->m_prev_vel = body->m_vel = body->m_accel = Vector3D();
   body->m_rot_vel = 0.0f;
   body->m_forces.clear();
   body->m_torques.clear();
+  TurnTo(shot, 0.0f);
 }
 
 }  // namespace
@@ -40,15 +44,11 @@ void Shot::Init() {
 
 void Shot::Fire(const Vector3D& position, const Vector3D& direction) {
   m_owner->SetActive(true);
-  auto* body = FindComponent<RigidBody>(m_owner);
-  if (body != nullptr) {
-    StopMotion(body);
-    TurnTo(m_owner, 0.0f);
-  }
+  ResetMotion(m_owner);
   m_curr_range = 0.0f;
   m_owner->GetComponent<Transform>()->SetWorldPosition(position);
   AddForceToObject launch(m_owner->id, direction, m_speed * kLaunchForcePerSpeed, kLaunchTime);
-  if (body != nullptr) g_engine->Broadcast(&launch);
+  if (m_owner->HasComponent<RigidBody>()) g_engine->Broadcast(&launch);
 }
 
 void Shot::OnCollisionEnter(ContactInfo* contact) {
@@ -76,7 +76,7 @@ bool Shot::FlyOn(float dt) {
     m_curr_range += Speed() * dt;
     return true;
   }
-  End();
+  EndShot();
   return false;
 }
 
@@ -86,10 +86,10 @@ bool Shot::IsLevelOver() const {
 }
 
 void Shot::FlyUntilLevelEnd(float dt) {
-  if (FlyOn(dt) && IsLevelOver()) End();
+  if (FlyOn(dt) && IsLevelOver()) EndShot();
 }
 
-void Shot::End() {
+void Shot::EndShot() {
   m_owner->SetActive(false);
   m_owner->GetComponent<Transform>()->SetLocalPosition(Vector3D());
   m_curr_range = 0.0f;

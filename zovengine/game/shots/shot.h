@@ -71,7 +71,7 @@ class Shot : public QuietComponent {
   /// FlyOn for the kinds that also end with the level.
   void FlyUntilLevelEnd(float dt);
   /// Ends the flight and puts the shot to sleep where its unit is.
-  void End();
+  void EndShot();
   /// Ends the flight at a unit that takes `damage`.
   void EndAtUnit(Unit* unit, int damage);
   /// Ends the flight of the kinds that go off at whatever they hit.

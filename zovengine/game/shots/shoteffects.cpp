@@ -1,6 +1,7 @@
 #include "game/shots/shoteffects.h"
 
 #include "audio/audiosource.h"
+#include "core/engine.h"
 #include "game/camera.h"
 #include "game/objectquery.h"
 #include "game/turns/gamecontroller.h"
@@ -85,6 +86,7 @@ void ShakeCamera(GameObj* shot, float magnitude) {
 }
 
 void PlayBounceSound(GameObj* shot, const char* name) {
+  if (g_engine->step_paused) return;
   auto* source = FindComponent<AudioSource>(shot);
   if (source == nullptr) return;
   if (source->IsPlaying(kHitSound) && source->sounds[kHitSound].start_play) return;
@@ -92,6 +94,7 @@ void PlayBounceSound(GameObj* shot, const char* name) {
 }
 
 void PlayHitSound(GameObj* shot) {
+  if (g_engine->step_paused) return;
   PlaySound(shot, kHitSound);
 }
 

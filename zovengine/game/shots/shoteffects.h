@@ -31,7 +31,9 @@ inline constexpr float kBigShake = 6.0f;
 void ShakeCamera(GameObj* shot, float magnitude);
 
 /// Plays the sound of a bounce, unless that of a hit has been asked for again while it plays.
+/// Silent in a pause, in which the same contact comes in each step.
 void PlayBounceSound(GameObj* shot, const char* name);
+/// Silent in a pause, too.
 void PlayHitSound(GameObj* shot);
 /// True while the sound of a hit is heard.
 bool IsHitHeard(GameObj* shot);
