@@ -20,10 +20,10 @@ inline constexpr float kCatchUpLimit = 0.2f;
 /// Reached through g_engine. It owns the systems, which are created, initialised, stepped and
 /// deleted in the order of `systems`. One thread uses it; there are no locks.
 struct Engine {
-  bool running = true;       ///< the loop ends at its next look at the clock once this is false
-  bool paused = false;       ///< selects PausedUpdate instead of Update, from the next step on
-  bool step_paused = false;  ///< how the current step runs: `paused` as it was at its beginning
+  bool running = true;  ///< the loop ends at its next look at the clock once this is false
+  bool paused = false;  ///< selects PausedUpdate instead of Update, from the next step on
   std::vector<System*> systems;
+  bool step_paused = false;  ///< how the current step runs: `paused` as it was at its beginning
 
   /// Delivers `message` to every system in order. A message with id 0 is delivered to nobody: it
   /// clears `running`, and the current step goes on to its end.

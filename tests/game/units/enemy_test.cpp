@@ -279,6 +279,20 @@ TEST(Enemy, ASpawningEnemyDoesNotTurn) {
 
 // Death
 
+TEST(Enemy, OneThatIsDeadFromTheStartDoesNothing) {
+  UnitStage stage({UnitRecord(UnitKind::kEnemy, "unit"), UnitRecord(UnitKind::kPlayer, "target")});
+  auto& enemy = stage.Of<Enemy>("unit");
+  enemy.m_alive = false;
+  stage.Of<StateC>("unit").m_state = "none";
+  enemy.Update(kStep);
+  EXPECT_FALSE(enemy.m_init);
+  EXPECT_EQ(stage.Of<StateC>("unit").m_state, "none");
+  enemy.m_alive = true;
+  enemy.Update(kStep);
+  EXPECT_TRUE(enemy.m_init);
+  EXPECT_EQ(stage.Of<StateC>("unit").m_state, "spawn");
+}
+
 TEST(Enemy, ItsDeathPutsOutEveryDeathFieldOfTheLevel) {
   Driver enemy;
   enemy.Unit().m_health = 0;

@@ -121,8 +121,8 @@ void Enemy::Destroy() {
 
 void Enemy::Update(float dt) {
   m_dt = dt;
-  if (!m_init) Init();
   if (!m_alive) return;
+  if (!m_init) Init();
   GameController* controller = FindController(m_owner);
   if (!RunUpkeep(controller)) return;
   BeginPhaseTwo(controller);
