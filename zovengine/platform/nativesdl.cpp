@@ -92,6 +92,34 @@ bool IsMadeByLossOfFocus(const SDL_Event& raw) {
   return other != end && IsLossOfFocus(*other);
 }
 
+bool IsMove(const SDL_Event& raw) {
+  return raw.type == SDL_MOUSEMOTION;
+}
+
+bool IsRepeat(const SDL_Event& raw) {
+  return raw.type == SDL_KEYDOWN && raw.key.repeat != 0;
+}
+
+bool IsSameRepeat(const SDL_Event& a, const SDL_Event& b) {
+  return IsRepeat(a) && IsRepeat(b) && a.key.keysym.scancode == b.key.keysym.scancode;
+}
+
+/// True for a move, or a repeat of a held key, that is followed by a newer one with no press and no
+/// release between them. Together they can come faster than steps take them, and what the user does
+/// next would wait behind them. The text of a repeat stands between them and does not count.
+bool IsSuperseded(const SDL_Event& raw) {
+  if (!IsMove(raw) && !IsRepeat(raw)) return false;
+  std::array<SDL_Event, 64> next;
+  const int count = SDL_PeepEvents(next.data(), static_cast<int>(next.size()), SDL_PEEKEVENT,
+                                   SDL_FIRSTEVENT, SDL_LASTEVENT);
+  for (int i = 0; i < count; ++i) {
+    const SDL_Event& later = next[static_cast<std::size_t>(i)];
+    if ((IsMove(raw) && IsMove(later)) || IsSameRepeat(raw, later)) return true;
+    if (!IsMove(later) && !IsRepeat(later) && later.type != SDL_TEXTINPUT) return false;
+  }
+  return false;
+}
+
 /// The desktop on SDL 2.
 ///
 /// Owns the window, the context and SDL's video subsystem. Key state, button state and cursor are
@@ -314,17 +342,11 @@ bool SdlNative::TakeEvent(NativeEvent* event) {
   return false;
 }
 
-/// Takes the event at the head of SDL's queue; of mouse moves in a row, the last.
+/// Takes the event at the head of SDL's queue, except for those that a later one supersedes.
 bool SdlNative::TakePlatformEvent(SDL_Event* raw) {
-  const auto peep = [](SDL_Event* out, SDL_eventaction action) {
-    return SDL_PeepEvents(out, 1, action, SDL_FIRSTEVENT, SDL_LASTEVENT) == 1;
-  };
-  if (!peep(raw, SDL_GETEVENT)) return false;
-  SDL_Event next;
-  while (raw->type == SDL_MOUSEMOTION && peep(&next, SDL_PEEKEVENT) &&
-         next.type == SDL_MOUSEMOTION) {
-    peep(raw, SDL_GETEVENT);
-  }
+  do {
+    if (SDL_PeepEvents(raw, 1, SDL_GETEVENT, SDL_FIRSTEVENT, SDL_LASTEVENT) != 1) return false;
+  } while (IsSuperseded(*raw));
   return true;
 }
 

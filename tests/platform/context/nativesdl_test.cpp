@@ -39,6 +39,15 @@ class SdlNativeTest : public ::testing::Test {
 
   SDL_Window* Window() const { return static_cast<SDL_Window*>(native->WindowHandle()); }
 
+  static void PushRepeat(SDL_Scancode scancode) {
+    SDL_Event raw{};
+    raw.type = SDL_KEYDOWN;
+    raw.key.keysym.scancode = scancode;
+    raw.key.keysym.sym = SDL_GetKeyFromScancode(scancode);
+    raw.key.repeat = 1;
+    SDL_PushEvent(&raw);
+  }
+
   static void PushMotion(int x, int y) {
     SDL_Event raw{};
     raw.type = SDL_MOUSEMOTION;
@@ -120,6 +129,26 @@ TEST_F(SdlNativeTest, MouseMovesWithAnEventBetweenThemKeepTheirPlaces) {
   PushMotion(3, 3);
   PushMotion(4, 4);
   EXPECT_THAT(PumpAll(), ElementsAre(Kind::kMouseMove, Kind::kLeftButtonDown, Kind::kMouseMove));
+}
+
+TEST_F(SdlNativeTest, AHeldKeyBesideAMovingMouseFillsNoQueue) {
+  PushKey(SDL_KEYDOWN, SDL_SCANCODE_W);
+  for (int i = 0; i < 30; ++i) {
+    PushMotion(i, i);
+    PushRepeat(SDL_SCANCODE_W);
+    PushText();
+  }
+  PushButton(SDL_MOUSEBUTTONDOWN, SDL_BUTTON_LEFT);
+  EXPECT_THAT(PumpAll(),
+              ElementsAre(Kind::kKeyDown, Kind::kMouseMove, Kind::kKeyDown, Kind::kLeftButtonDown));
+}
+
+TEST_F(SdlNativeTest, TheRepeatsOfTwoKeysAndThoseAroundAReleaseStay) {
+  PushRepeat(SDL_SCANCODE_W);
+  PushRepeat(SDL_SCANCODE_D);
+  PushKey(SDL_KEYUP, SDL_SCANCODE_D);
+  PushRepeat(SDL_SCANCODE_W);
+  EXPECT_THAT(PumpAll(), ElementsAre(Kind::kKeyDown, Kind::kKeyDown, Kind::kKeyUp, Kind::kKeyDown));
 }
 
 TEST_F(SdlNativeTest, OtherEventsAreNeverFolded) {
