@@ -65,6 +65,30 @@ TEST_F(TestPlayTest, ErasedTilesAreNotThere) {
   EXPECT_EQ(world.Find("tile_collider"), nullptr);
 }
 
+/// The text with the path of a level in place of another one.
+std::string Renamed(std::string text, const std::string& from, const std::string& to) {
+  for (std::size_t at = 0; (at = text.find(from, at)) != std::string::npos; at += to.size()) {
+    text.replace(at, from.size(), to);
+  }
+  return text;
+}
+
+TEST_F(TestPlayTest, WhatIsPlayedIsWhatASaveWouldLeave) {
+  const std::string unit = ToText(*editor->document.Find(PathTo(world.Find("player1"))));
+  const ObjectPath level = PathTo(world.Find("level"));
+  editor->Do(editor->scene.Insert(level, {unit}, "Insert"));
+  world.Step();
+  Move(editor->Primary(), 60.0f, 90.0f);
+  world.Step();
+  const std::string folder = (world.Directory().Path() / "copy").string();
+  ASSERT_NE(WriteLevelCopy(*editor, folder), "");
+  ASSERT_TRUE(editor->Save());
+  const LevelPaths paths("Level01");
+  EXPECT_EQ(Renamed(world.Directory().Read("copy/Units.json"), folder + "/level.json", paths.level),
+            world.Directory().Read(paths.objects));
+  EXPECT_EQ(world.Directory().Read("copy/tiles.json"), world.Directory().Read(paths.tiles));
+}
+
 TEST_F(TestPlayTest, WithoutALevelThereIsNothingToPlay) {
   editor->Close();
   EXPECT_FALSE(m_play.Start(*editor));

@@ -13,6 +13,7 @@
 #include "editor/leveltext.h"
 #include "editor/scene.h"
 #include "editor/twins.h"
+#include "game/levels/levelobjects.h"
 #include "jsonunserializer.h"
 #include "objects/gameobjfactory.h"
 #include "objects/safefile.h"
@@ -40,9 +41,22 @@ void NameLevel(Value& records, const std::string& path, rapidjson::Document& doc
   }
 }
 
+/// What a save would write, places in the world included: before a level's first step has derived
+/// them, shots give off sparks there. Builds the scene anew.
+std::string SavedUnits(const LevelDocument& document) {
+  const std::string tiles = TilesText();
+  LevelDocument file;
+  file.SetText(TextWithTwins(document));
+  BuildScene(file, tiles, SceneUse::kSave);
+  JsonWriter writer;
+  WriteLevelObjects(writer.Out());
+  BuildScene(document, tiles);
+  return writer.Text();
+}
+
 std::string UnitsFor(const LevelEditor& editor, const std::string& path) {
   rapidjson::Document document;
-  ParseExactly(&document, TextWithTwins(editor.document));
+  ParseExactly(&document, SavedUnits(editor.document));
   NameLevel(document[kRoots], path, document);
   return ToText(document);
 }

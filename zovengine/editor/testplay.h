@@ -36,7 +36,8 @@ class TestPlay : private NonCopyable {
 
 /// Writes the open level to the folder `folder` as a level that can be played from there: each path
 /// and the controller's level name its new place. Returns the path of its level file, or an empty
-/// text if a file cannot be written. The live scene is not touched.
+/// text if a file cannot be written. The scene is built anew, so pointers and ids of before are
+/// void.
 std::string WriteLevelCopy(const LevelEditor& editor, const std::string& folder);
 
 }  // namespace ZOVEngine
